@@ -1,0 +1,54 @@
+# How every target of the project is compiled, and the two functions that make one.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+
+find_program(HALORIC_CCACHE ccache)
+if(HALORIC_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    # Precompiled headers and ccache agree only when timestamps and defines are left out of the hash.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+        "${HALORIC_CCACHE}")
+endif()
+
+add_library(haloric_options INTERFACE)
+target_include_directories(haloric_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
+target_compile_options(haloric_options INTERFACE -Wall -Wextra -Wconversion -Werror)
+if(HALORIC_SANITIZERS)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        # The instrumentation hides from g++ 12 what std::optional and std::variant have initialised.
+        target_compile_options(haloric_options INTERFACE -Wno-maybe-uninitialized)
+    endif()
+    target_compile_options(haloric_options INTERFACE "-fsanitize=${HALORIC_SANITIZERS}" -fno-omit-frame-pointer)
+    target_compile_options(haloric_options INTERFACE -fno-sanitize-recover=all)
+    target_link_options(haloric_options INTERFACE "-fsanitize=${HALORIC_SANITIZERS}")
+endif()
+
+# haloric_library(NAME SOURCES… [DEPENDS targets…]): a static library of one folder.
+function(haloric_library name)
+    cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})
+    add_library(${name} STATIC ${arg_UNPARSED_ARGUMENTS})
+    target_link_libraries(${name} PUBLIC haloric_options ${arg_DEPENDS})
+endfunction()
+
+# What the thread sanitizer is worth building for.
+add_custom_target(haloric_thread_tests)
+
+# haloric_test(NAME SOURCES… [DEPENDS targets…] [LABELS labels…]): a GoogleTest program whose tests run under ctest.
+function(haloric_test name)
+    cmake_parse_arguments(arg "" "" "DEPENDS;LABELS" ${ARGN})
+    add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
+    target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+    target_link_libraries(${name} PRIVATE haloric_options ${arg_DEPENDS} GTest::gmock_main)
+    target_precompile_headers(${name} REUSE_FROM haloric_test_pch)
+    # One label, because the discovery cannot pass a list on; `ctest -L threads` finds it inside "unit-threads".
+    list(JOIN arg_LABELS "-" label)
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 TEST_PREFIX "${name}."
+        PROPERTIES LABELS "${label}" TIMEOUT 600)
+    if("threads" IN_LIST arg_LABELS)
+        add_dependencies(haloric_thread_tests ${name})
+    endif()
+endfunction()

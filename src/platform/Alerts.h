@@ -1,0 +1,32 @@
+// Modal alerts, described as data. Main thread.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace haloric {
+
+enum class AlertStyle : std::uint64_t { warning = 0, informational = 1, critical = 2 };
+enum class AlertIcon { application };
+
+struct AlertModel {
+    std::string messageText;
+    std::string informativeText;
+    AlertStyle style = AlertStyle::warning;
+    AlertIcon icon = AlertIcon::application;
+    std::vector<std::string> buttons; // the first is the default one
+};
+
+class Alerts {
+public:
+    // The answer when the button of that index was chosen is this number plus the index.
+    static constexpr std::int64_t kFirstButton = 1000;
+
+    virtual ~Alerts() = default;
+
+    // Shows the alert and blocks until it is answered, while the main loop goes on in its modal mode.
+    virtual std::int64_t runModal(const AlertModel& alert) = 0;
+};
+
+} // namespace haloric

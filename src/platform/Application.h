@@ -1,0 +1,52 @@
+// The running application object: policy, activation, event loop, delegate events, and its own windows. Main thread.
+#pragma once
+
+#include "foundation/Geometry.h"
+#include "foundation/Ids.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace haloric {
+
+enum class ActivationPolicy : std::int64_t { regular = 0, accessory = 1, prohibited = 2 };
+
+class ApplicationDelegate {
+public:
+    virtual ~ApplicationDelegate() = default;
+    virtual void applicationDidFinishLaunching() = 0;
+    virtual void applicationWillTerminate() = 0;
+};
+
+// One of this application's own windows.
+struct OwnWindow {
+    Rect frame;                     // screen space
+    double contentLayoutHeight = 0; // points; the frame's height without the title bar
+    std::int64_t number = 0;
+    bool visible = false;
+    bool overlay = false; // one of the highlight's or the dimming's windows
+};
+
+class Application {
+public:
+    virtual ~Application() = default;
+
+    // Held weakly: the caller keeps the delegate alive until `run` has returned.
+    virtual void setDelegate(ApplicationDelegate* delegate) = 0;
+    virtual void setActivationPolicy(ActivationPolicy policy) = 0;
+    virtual void activateIgnoringOtherApps() = 0;
+
+    // Delivers applicationDidFinishLaunching, then events until `terminate`. On the platform it never returns; other
+    // hosts return when the application has terminated (the simulated one at once: there, its owner turns the loop).
+    virtual void run() = 0;
+
+    // Delivers applicationWillTerminate, then ends the program (or its loop).
+    virtual void terminate() = 0;
+
+    virtual ProcessID processID() const = 0;
+
+    virtual std::optional<OwnWindow> keyWindow() const = 0;
+    virtual std::optional<OwnWindow> mainWindow() const = 0;
+};
+
+} // namespace haloric

@@ -1,0 +1,21 @@
+// Where the running program was installed, and the information dictionary that came with it. Any thread.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace haloric {
+
+class Bundle {
+public:
+    virtual ~Bundle() = default;
+
+    // The bundle folder's path; for a program outside a bundle, the folder of its executable. No trailing slash.
+    virtual std::string path() const = 0;
+
+    // A text value of the information dictionary; absent when it is missing or not text.
+    virtual std::optional<std::string> infoString(std::string_view key) const = 0;
+};
+
+} // namespace haloric

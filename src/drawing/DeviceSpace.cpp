@@ -1,0 +1,90 @@
+#include "drawing/DeviceSpace.h"
+
+#include <cmath>
+
+namespace haloric {
+
+namespace {
+
+constexpr double kMaxPixels = 1 << 20;
+
+int toUnits(double pixels)
+{
+    return static_cast<int>(std::lround(std::clamp(pixels, -kMaxPixels, kMaxPixels) * DeviceShape::kUnit));
+}
+
+int wholePixels(double pixels)
+{
+    // A size that is whole but for rounding must not gain a pixel.
+    return pixels > 0 ? static_cast<int>(std::ceil(std::min(pixels, kMaxPixels) - 1.0 / DeviceShape::kUnit)) : 0;
+}
+
+RoundedRect asRoundedRect(const Path::Shape& shape)
+{
+    if (const auto* rect = std::get_if<Rect>(&shape))
+        return {*rect, 0};
+    return std::get<RoundedRect>(shape);
+}
+
+bool isUsable(const Rect& rect)
+{
+    return !std::isnan(rect.minX()) && !std::isnan(rect.minY()) && !std::isnan(rect.maxX()) &&
+           !std::isnan(rect.maxY()) && rect.width > 0 && rect.height > 0;
+}
+
+// As every canvas does: at most half the width and height; less than nothing is none.
+double limitedRadius(const RoundedRect& shape)
+{
+    const double limit = std::min(shape.rect.width, shape.rect.height) / 2;
+    return shape.radius > 0 ? std::min(shape.radius, limit) : 0;
+}
+
+} // namespace
+
+DeviceSpace::DeviceSpace(double scale, Size viewSize)
+    : m_scale(scale > 0 && std::isfinite(scale) ? scale : 1),
+      m_viewSize(viewSize),
+      m_pixels{0, 0, wholePixels(viewSize.width * m_scale), wholePixels(viewSize.height * m_scale)}
+{
+}
+
+DeviceShape DeviceSpace::map(const Rect& rect, double radius) const
+{
+    if (!isUsable(rect))
+        return {};
+    DeviceShape shape{toUnits(rect.minX() * m_scale), toUnits((m_viewSize.height - rect.maxY()) * m_scale),
+                      toUnits(rect.maxX() * m_scale), toUnits((m_viewSize.height - rect.minY()) * m_scale), 0};
+    shape.radius = std::min(toUnits(radius * m_scale), std::min(shape.width(), shape.height()) / 2);
+    return shape;
+}
+
+DeviceShape DeviceSpace::shape(const Path::Shape& shape) const
+{
+    const RoundedRect rounded = asRoundedRect(shape);
+    DeviceShape mapped = map(rounded.rect, limitedRadius(rounded));
+    if (mapped.empty() || !std::holds_alternative<Rect>(shape))
+        return mapped;
+    if (rounded.rect.maxX() >= m_viewSize.width)
+        mapped.x1 = std::max(mapped.x1, m_pixels.maxX() * DeviceShape::kUnit);
+    if (rounded.rect.minY() <= 0)
+        mapped.y1 = std::max(mapped.y1, m_pixels.maxY() * DeviceShape::kUnit);
+    return mapped;
+}
+
+StrokeOutline DeviceSpace::stroke(const Path::Shape& shape, double lineWidth) const
+{
+    const RoundedRect rounded = asRoundedRect(shape);
+    if (!isUsable(rounded.rect) || !(lineWidth > 0) || !std::isfinite(lineWidth))
+        return {};
+    const double half = lineWidth / 2;
+    const double radius = limitedRadius(rounded);
+    return {map(rounded.rect.insetBy(-half), radius > 0 ? radius + half : 0),
+            map(rounded.rect.insetBy(half), std::max(radius - half, 0.0))};
+}
+
+double DeviceSpace::length(double points, double limit) const
+{
+    return points > 0 ? std::min(points * m_scale, limit) : 0;
+}
+
+} // namespace haloric

@@ -1,0 +1,72 @@
+// The glow around a rounded rectangle, as pixels that fit every size of it.
+//
+// Outside the rectangle a glow depends on the blur, the corners and the colours, but not on how long the sides are. So
+// it is computed once around the smallest rectangle whose corners do not yet see one another, with one column and one
+// row in the middle that repeat. A rectangle smaller than that is computed as it is, and nothing repeats.
+//
+// No blur takes place: a rounded rectangle is a stack of thin strips, a blurred strip is the product of one difference
+// of cumulative functions across and one down, and the glow is the sum over the strips.
+#pragma once
+
+#include "drawing/Color.h"
+#include "drawing/DeviceShape.h"
+#include "drawing/GlowKernel.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace haloric {
+
+// All that a patch depends on.
+struct GlowKey {
+    // The smallest rectangle, its upper left corner within pixel (0, 0).
+    DeviceShape shape;
+    double blurRadius = 0; // pixels
+    Color shadowColor;
+    Color fillColor; // of the rectangle; all of it is clipped away but what the smoothed edge lets through
+
+    // None when the patch would be larger than is sensible to keep.
+    static std::optional<GlowKey> of(const DeviceShape& shape, double blurRadius, const Color& shadowColor,
+                                     const Color& fillColor);
+
+    friend bool operator==(const GlowKey&, const GlowKey&) = default;
+};
+
+class GlowPatch {
+public:
+    // Pixels of one row that may be other than transparent: from 0 to leftEnd and from rightBegin to the width.
+    struct Extent {
+        int leftEnd = 0;
+        int rightBegin = 0;
+    };
+
+    explicit GlowPatch(const GlowKey& key);
+
+    // Where the patch's first pixel lies, from the pixel that holds the rectangle's upper left corner.
+    int offset() const { return -m_reach; }
+
+    int width() const { return m_width; }
+    int height() const { return m_height; }
+    std::size_t pixels() const { return m_pixels.size(); }
+
+    // What repeats; the middle when nothing does.
+    int middleColumn() const { return m_width / 2; }
+    int middleRow() const { return m_height / 2; }
+
+    const std::uint32_t* row(int y) const { return m_pixels.data() + index(y); }
+    Extent extent(int y) const { return m_extents[static_cast<std::size_t>(y)]; }
+
+private:
+    std::size_t index(int y) const { return static_cast<std::size_t>(y) * static_cast<std::size_t>(m_width); }
+    void compute(const GlowKey& key);
+    void findExtents();
+
+    int m_reach; // how many pixels beyond the rectangle's outermost ones the patch goes
+    int m_width;
+    int m_height;
+    std::vector<std::uint32_t> m_pixels;
+    std::vector<Extent> m_extents;
+};
+
+} // namespace haloric

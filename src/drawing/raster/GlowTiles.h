@@ -1,0 +1,40 @@
+// Draws glows from patches, of which it keeps the last few: a window that moves or changes its size needs no new one.
+// Main thread.
+#pragma once
+
+#include "drawing/PixelRect.h"
+#include "drawing/raster/CoveragePainter.h"
+#include "drawing/raster/GlowPatch.h"
+
+#include <list>
+
+namespace haloric {
+
+class GlowTiles {
+public:
+    // How many patches, and pixels of them all, are kept; the one that was not drawn for the longest time goes first.
+    static constexpr std::size_t kMaxPatches = 8;
+    static constexpr std::size_t kMaxPixels = std::size_t{4} << 20;
+
+    // A glow around `shape`, within `area` of the view. Mode is over or write. False, with nothing drawn, when the
+    // patch would be too large.
+    bool paint(const CoveragePainter& target, const PixelRect& area, const DeviceShape& shape, double blurRadius,
+               const Color& shadowColor, const Color& fillColor, PaintMode mode);
+
+    std::size_t patches() const { return m_patches.size(); }
+    std::size_t patchesBuilt() const { return m_built; }
+
+private:
+    struct Kept {
+        GlowKey key;
+        GlowPatch patch;
+    };
+
+    const GlowPatch& patchFor(const GlowKey& key);
+    void makeRoom();
+
+    std::list<Kept> m_patches; // the last drawn first
+    std::size_t m_built = 0;
+};
+
+} // namespace haloric

@@ -1,0 +1,20 @@
+// Pictures in PNG files. A picture that is written and read again has the same pixels. May block on the disk.
+#pragma once
+
+#include "drawing/raster/Picture.h"
+
+#include <optional>
+#include <string>
+
+namespace haloric {
+
+class Png {
+public:
+    // False when the file cannot be written; it may then be there in part.
+    static bool write(const PixelBuffer& pixels, const std::string& path);
+
+    // None when there is no such file or it is not a PNG.
+    static std::optional<Picture> read(const std::string& path);
+};
+
+} // namespace haloric

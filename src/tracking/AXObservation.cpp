@@ -1,0 +1,39 @@
+#include "tracking/AXObservation.h"
+
+#include <array>
+
+namespace haloric {
+
+namespace {
+
+constexpr std::array<std::string_view, 11> kNotifications = {
+    "AXFocusedWindowChanged", "AXMainWindowChanged",       "AXWindowMoved",
+    "AXWindowResized",        "AXWindowMiniaturized",      "AXWindowDeminiaturized",
+    "AXWindowCreated",        "AXUIElementDestroyed",      "AXApplicationHidden",
+    "AXApplicationShown",     "AXFocusedUIElementChanged",
+};
+
+} // namespace
+
+std::unique_ptr<AXObservation> AXObservation::make(Accessibility& accessibility, ProcessID pid, const AXElement& app)
+{
+    std::unique_ptr<AXObservation> observation(new AXObservation);
+    // The observer's reference is a plain one: it is taken off the run loop before the observation goes.
+    observation->m_observer = accessibility.createObserver(
+        pid, [self = observation.get()](std::string_view notification) { self->deliver(notification); });
+    if (!observation->m_observer)
+        return nullptr;
+    for (const std::string_view name : kNotifications)
+        observation->m_observer->addNotification(app, name);
+    return observation;
+}
+
+void AXObservation::deliver(std::string_view notification) const
+{
+    // A copy, and nothing touched after the call: the handler may have this object released on the queue meanwhile.
+    const auto handler = onNotification;
+    if (handler)
+        handler(notification);
+}
+
+} // namespace haloric

@@ -1,0 +1,81 @@
+#include "tracking/FocusDisplayDriver.h"
+
+#include <utility>
+
+namespace haloric {
+
+FocusDisplayDriver::FocusDisplayDriver(DisplayLinks& displayLinks, Task tick)
+    : m_displayLinks(displayLinks),
+      m_tick(std::make_shared<const Task>(std::move(tick)))
+{
+}
+
+FocusDisplayDriver::~FocusDisplayDriver() { stop(); }
+
+void FocusDisplayDriver::start(const Screen& screen, DisplayID displayID)
+{
+    stop();
+    if (m_displayLinks.screenLinksAvailable())
+        startModern(screen);
+    else
+        startLegacy(displayID);
+}
+
+void FocusDisplayDriver::startModern(const Screen& screen)
+{
+    m_modernLink = m_displayLinks.makeScreenLink(screen, weakTick());
+    if (!m_modernLink)
+        return;
+    const double rate = screen.maximumFramesPerSecond;
+    m_modernLink->setPreferredFrameRateRange({rate, rate, rate});
+    m_modernLink->addToMainRunLoop();
+}
+
+void FocusDisplayDriver::startLegacy(DisplayID displayID)
+{
+    auto link = m_displayLinks.makeVideoLink(displayID);
+    if (!link)
+        return;
+    const auto source = m_displayLinks.makeDataAddSource(weakTick());
+    source->resume();
+    const auto countFrame = [source]() -> std::int32_t {
+        source->add(1);
+        return 0;
+    };
+    if (!link->setOutputHandler(countFrame) || !link->start()) {
+        source->cancel();
+        return;
+    }
+    m_legacyLink = std::move(link);
+    m_legacySource = source;
+}
+
+void FocusDisplayDriver::stop()
+{
+    if (m_modernLink)
+        m_modernLink->invalidate();
+    m_modernLink.reset();
+    if (m_legacyLink)
+        m_legacyLink->stop();
+    m_legacyLink.reset();
+    if (m_legacySource)
+        m_legacySource->cancel();
+    m_legacySource.reset();
+}
+
+void FocusDisplayDriver::displayTick() const
+{
+    const auto tick = m_tick;
+    (*tick)();
+}
+
+// Nothing is touched after the tick, which may have destroyed the driver, and with it the link that calls.
+Task FocusDisplayDriver::weakTick() const
+{
+    return [driver = m_anchor.ref()] {
+        if (const FocusDisplayDriver* alive = driver.get())
+            alive->displayTick();
+    };
+}
+
+} // namespace haloric

@@ -1,0 +1,104 @@
+#include "overlay/ScreenshotHotkeyMonitor.h"
+
+namespace haloric {
+
+namespace {
+
+// Virtual key numbers of the ANSI layout.
+constexpr std::int64_t kKeycode4 = 21;
+constexpr std::int64_t kKeycode5 = 23;
+constexpr std::int64_t kKeycodeEscape = 53;
+
+constexpr std::uint64_t kShift = 0x20000;
+constexpr std::uint64_t kOption = 0x80000;
+constexpr std::uint64_t kCommand = 0x100000;
+
+bool opensScreenshotInterface(const TapEvent& key)
+{
+    // Control only chooses where the picture goes.
+    const bool modifiers = (key.flags & (kCommand | kOption | kShift)) == (kCommand | kShift);
+    return modifiers && (key.keyCode == kKeycode4 || key.keyCode == kKeycode5);
+}
+
+} // namespace
+
+ScreenshotHotkeyMonitor::ScreenshotHotkeyMonitor(RunLoop& runLoop, InputMonitors& input)
+    : m_runLoop(runLoop),
+      m_input(input)
+{
+}
+
+void ScreenshotHotkeyMonitor::start()
+{
+    if (m_tap)
+        return;
+    const EventTapDescription description{TapLocation::session, TapPlacement::headInsert, TapOptions::listenOnly,
+                                          maskOf(EventType::keyDown) | maskOf(EventType::leftMouseUp)};
+    m_tap = m_input.createEventTap(description, [weak = m_weakAnchor.ref()](const TapEvent& event) {
+        if (ScreenshotHotkeyMonitor* self = weak.get())
+            self->handle(event);
+    });
+    if (!m_tap)
+        return;
+    m_tap->addToMainRunLoop();
+    m_tap->enable();
+}
+
+void ScreenshotHotkeyMonitor::handle(const TapEvent& event)
+{
+    switch (event.type) {
+    case EventType::tapDisabledByTimeout:
+    case EventType::tapDisabledByUserInput:
+        if (m_tap)
+            m_tap->enable();
+        return;
+    case EventType::keyDown:
+        handleKeyDown(event);
+        return;
+    case EventType::leftMouseUp:
+        if (m_active) {
+            m_runLoop.postAfter(kEndAfterMouseUp, [weak = m_weakAnchor.ref()] {
+                if (ScreenshotHotkeyMonitor* self = weak.get())
+                    self->set(false);
+            });
+        }
+        return;
+    default:
+        return;
+    }
+}
+
+void ScreenshotHotkeyMonitor::handleKeyDown(const TapEvent& event)
+{
+    if (opensScreenshotInterface(event))
+        set(true);
+    else if (m_active && event.keyCode == kKeycodeEscape)
+        set(false);
+}
+
+void ScreenshotHotkeyMonitor::set(bool active)
+{
+    m_runLoop.post([weak = m_weakAnchor.ref(), active] {
+        if (ScreenshotHotkeyMonitor* self = weak.get())
+            self->apply(active);
+    });
+}
+
+void ScreenshotHotkeyMonitor::apply(bool active)
+{
+    // Also by a repeated shortcut, which then leaves the interface to be ended by Escape or the mouse alone.
+    m_timeoutTimer.reset();
+    if (active == m_active)
+        return;
+    m_active = active;
+    if (active) {
+        m_timeoutTimer = m_runLoop.scheduleOnce(kTimeout, [weak = m_weakAnchor.ref()] {
+            if (ScreenshotHotkeyMonitor* self = weak.get())
+                self->set(false);
+        });
+    }
+    if (onChange)
+        onChange(active);
+}
+
+} // namespace haloric

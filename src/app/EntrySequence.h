@@ -1,0 +1,42 @@
+// The program from its first line to its event loop, and the one place that makes the instances of which there is
+// one a process. The host's `main` owns it and keeps it until the program ends. Main thread.
+#pragma once
+
+#include "app/ApplicationPlatform.h"
+#include "settings/SettingsStore.h"
+#include "windowserver/WindowList.h"
+#include "windowserver/WindowServer.h"
+
+#include <memory>
+
+namespace haloric {
+
+class AppDelegate;
+
+class EntrySequence {
+public:
+    // Makes the shared instances and the delegate. Everything in `platform` outlives the sequence.
+    explicit EntrySequence(const ApplicationPlatform& platform);
+    ~EntrySequence();
+    EntrySequence(const EntrySequence&) = delete;
+    EntrySequence& operator=(const EntrySequence&) = delete;
+
+    // Makes the application a menu-bar accessory with this delegate and runs its event loop. Where the host's loop
+    // is turned by its owner it returns at once, and the program lives on until the sequence is destroyed.
+    void run();
+
+    AppDelegate& delegate() { return *m_delegate; }
+    SettingsStore& settingsStore() { return m_settingsStore; }
+    WindowServer& windowServer() { return m_windowServer; }
+
+private:
+    std::unique_ptr<AppDelegate> makeDelegate(const ApplicationPlatform& platform);
+
+    Application& m_application;
+    SettingsStore m_settingsStore;
+    WindowServer m_windowServer;
+    WindowList m_windowList;
+    std::unique_ptr<AppDelegate> m_delegate;
+};
+
+} // namespace haloric

@@ -1,0 +1,27 @@
+// The bundle that Haloric runs from on the simulated desktop.
+#pragma once
+
+#include "platform/Bundle.h"
+
+#include <map>
+
+namespace haloric {
+
+class SimBundle final : public Bundle {
+public:
+    std::string bundlePath = "/Applications/Haloric.app";
+    std::map<std::string, std::string, std::less<>> information{
+        {"CFBundleIdentifier", "com.kestrow.haloric"},
+        {"CFBundleName", "Haloric"},
+    };
+
+    std::string path() const override { return bundlePath; }
+
+    std::optional<std::string> infoString(std::string_view key) const override
+    {
+        const auto found = information.find(key);
+        return found == information.end() ? std::nullopt : std::optional(found->second);
+    }
+};
+
+} // namespace haloric

@@ -1,0 +1,78 @@
+// The main loop of the simulated desktop, and its virtual time: nothing happens, and no time passes, but in `runFor`
+// and its kin. Single-threaded; background queues take their turns on the same thread (SimSerialQueue).
+#pragma once
+
+#include "platform/RunLoop.h"
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace haloric {
+
+class SimRunLoop final : public RunLoop {
+public:
+    using Nanoseconds = std::chrono::nanoseconds;
+
+    // RunLoop
+    Seconds systemUptime() const override;
+    Seconds wallClock() const override;
+    void post(Task task) override;
+    void postAfter(Seconds delay, Task task) override;
+    Subscription scheduleOnce(Seconds delay, Task task) override;
+    Subscription scheduleRepeating(Seconds interval, Seconds tolerance, Task task) override;
+
+    // Runs everything that is due now, including what that work posts for now.
+    void runPosted() { runFor(Seconds(0)); }
+
+    // Lets virtual time pass, and runs everything that comes due on the way, in the order of deadlines; equal
+    // deadlines in the order in which they were asked for.
+    void runFor(Seconds duration);
+
+    // Runs the one event that is due next, and moves time to it. False when nothing is scheduled.
+    bool runNext();
+
+    // Forgets every event, for an owner that takes down what the events refer to.
+    void discardPending();
+
+    // When the next event is due; absent when nothing is scheduled.
+    std::optional<Nanoseconds> nextDue() const;
+
+    // For hosts: runs `task` at an absolute instant, not before now.
+    void postAt(Nanoseconds instant, Task task);
+
+    // For background work that takes virtual time: moves the clock for the rest of the current event only, so that
+    // what it posts arrives that much later while the main loop goes on meanwhile.
+    void spend(Seconds duration);
+
+    Nanoseconds now() const { return m_now + m_spent; }
+
+    // Timers (once and repeating) that are still armed, to find leaks.
+    std::size_t armedTimerCount() const { return m_armedTimers; }
+    std::size_t pendingEventCount() const { return m_events.size(); }
+
+    // What RunLoop::wallClock gives at virtual time zero; may be set forth and back.
+    void setWallClockOrigin(Seconds origin) { m_wallClockOrigin = origin; }
+
+private:
+    struct Timer;
+    using Key = std::pair<Nanoseconds, std::uint64_t>;
+
+    Key insert(Nanoseconds instant, Task task);
+    Subscription arm(Seconds delay, Seconds interval, Task task);
+    void fire(const std::shared_ptr<Timer>& timer);
+    void runFirst();
+
+    Nanoseconds m_now{0};
+    Nanoseconds m_spent{0};
+    Seconds m_wallClockOrigin{1'700'000'000};
+    std::uint64_t m_sequence = 0;
+    std::map<Key, Task> m_events;
+    std::size_t m_armedTimers = 0;
+};
+
+} // namespace haloric

@@ -1,0 +1,27 @@
+// The command line of haloric-sim.
+#pragma once
+
+#include "hosts/sim/scenario/SimRandomRun.h"
+
+#include <optional>
+#include <span>
+#include <string>
+
+namespace haloric {
+
+struct SimOptions {
+    enum class Action { help, version, schema, replay, random };
+
+    Action action = Action::help;
+    std::string scenario;  // a file
+    std::string frames;    // a folder for pictures; empty: none
+    std::string shortened; // where the short form of a failing random scenario is written
+    SimRandomRun::Options random;
+
+    static const char* helpText();
+
+    // Absent when the arguments make no sense; `problem` then says why.
+    static std::optional<SimOptions> parse(std::span<const char* const> arguments, std::string& problem);
+};
+
+} // namespace haloric

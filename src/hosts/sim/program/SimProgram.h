@@ -1,0 +1,26 @@
+// What haloric-sim does once its command line is known. Each returns the exit code.
+#pragma once
+
+#include "hosts/sim/program/SimOptions.h"
+
+namespace haloric {
+
+class SimProgram {
+public:
+    static constexpr int kSuccess = 0;
+    static constexpr int kFailure = 1;
+    static constexpr int kWrongUse = 2;
+
+    explicit SimProgram(const SimOptions& options) : m_options(options) {}
+
+    int run();
+
+private:
+    int replay();
+    int playRandomly();
+    int printSchema();
+
+    const SimOptions& m_options;
+};
+
+} // namespace haloric

@@ -1,0 +1,69 @@
+// Plays the steps of a scenario on a session of its own, with the checkers at work after every event and every step.
+#pragma once
+
+#include "hosts/sim/scenario/SimCheckers.h"
+#include "hosts/sim/scenario/SimSession.h"
+#include "hosts/sim/scenario/SimStep.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace haloric {
+
+class SimPlayer {
+public:
+    enum class UnknownNames { fail, skip };
+
+    // How often something has happened; expectations count from the last mark.
+    struct Counts {
+        std::uint64_t pulses = 0;
+        std::uint64_t moved = 0;   // overlay moves through the toolkit
+        std::uint64_t carried = 0; // through transactions
+        std::uint64_t drawn = 0;
+        std::uint64_t saves = 0;
+        std::uint64_t queries = 0;
+    };
+
+    // Time without input after which everything has come to rest.
+    static constexpr Seconds kRest{3.0};
+
+    // Starts the program.
+    SimPlayer(const SimSetup& setup, UnknownNames unknownNames);
+
+    // Throws SimFailure when the program did something wrong, SimScenarioError when the step cannot be played.
+    void play(const SimStep& step);
+
+    // Lets virtual time pass.
+    void advance(Seconds duration);
+
+    // Ends all input, lets time pass, and checks what must have come about.
+    void rest(Seconds duration = kRest);
+
+    // Virtual time since the start.
+    Seconds now() const { return m_session.desktop().runLoop.now(); }
+
+    SimSession& session() { return m_session; }
+    SimDesktop& desktop() { return m_session.desktop(); }
+
+    // What the argument of that name stands for. Throw SimUnknownName.
+    SimApp& app(const SimJson& arguments, const char* key = "app");
+    SimWindow& window(const SimJson& arguments, const char* key = "window");
+    SimScreen& screen(const SimJson& arguments, const char* key = "screen");
+
+    Counts counts() const;
+    Counts countsSinceMark() const;
+    void mark() { m_mark = counts(); }
+
+private:
+    void watchPulse();
+
+    SimSession m_session;
+    SimCheckers m_checkers;
+    UnknownNames m_unknownNames;
+    std::uint64_t m_pulses = 0;
+    bool m_pulseRan = false;
+    double m_pulseProgress = 0;
+    Counts m_mark;
+};
+
+} // namespace haloric

@@ -1,0 +1,155 @@
+#include "hosts/sim/scenario/SimScenario.h"
+
+#include "hosts/sim/scenario/SimFailure.h"
+#include "hosts/sim/scenario/SimSetup.h"
+
+namespace haloric {
+
+namespace {
+
+const std::vector<SimParameter>& members()
+{
+    static const std::vector<SimParameter> list{
+        {"$schema", SimType::text, SimPresence::optional, "the schema file, for editors"},
+        {"title", SimType::text, SimPresence::required, "the scenario in a few words"},
+        {"story", SimType::text, SimPresence::optional, "what the user does and sees"},
+        {"setup", SimType::object, SimPresence::optional, "the desktop at the start"},
+        {"skipsUnknownNames", SimType::flag, SimPresence::optional,
+         "steps that name something that is gone do nothing instead of failing"},
+    };
+    return list;
+}
+
+const std::vector<SimParameter>& stepMembers()
+{
+    static const std::vector<SimParameter> list{
+        {"at", SimType::number, SimPresence::optional, "when, in seconds since the start"},
+        {"after", SimType::number, SimPresence::optional, "how long after the step before, in seconds; 0"},
+        {"comment", SimType::text, SimPresence::optional, "for readers"},
+    };
+    return list;
+}
+
+SimStep stepFrom(const SimJson& json, const std::string& place)
+{
+    if (!json.is_object() || !json.contains("do") || !json["do"].is_string())
+        throw SimScenarioError(place + ": expected an object with a verb under \"do\"");
+    const auto name = json["do"].get<std::string>();
+    SimStep step;
+    step.place = place + " (" + name + ")";
+    step.verb = findSimVerb(name);
+    if (!step.verb)
+        throw SimScenarioError(place + ": unknown verb \"" + name + "\"");
+    SimJson own = SimJson::object(); // what every step may have
+    for (const auto& [key, value] : json.items()) {
+        if (key == "at" || key == "after" || key == "comment")
+            own[key] = value;
+        else if (key != "do")
+            step.arguments[key] = value;
+    }
+    checkArguments(own, stepMembers(), {}, step.place);
+    checkArguments(step.arguments, step.verb->parameters, {}, step.place);
+    if (own.contains("at"))
+        step.at = own["at"].get<double>();
+    step.after = own.value("after", 0.0);
+    if (step.after < 0)
+        throw SimScenarioError(step.place + ": \"after\" is negative");
+    return step;
+}
+
+SimJson propertiesOf(const std::vector<SimParameter>& parameters)
+{
+    SimJson properties = SimJson::object();
+    for (const SimParameter& parameter : parameters)
+        properties[std::string(parameter.name)] = schemaOf(parameter);
+    return properties;
+}
+
+SimJson schemaOfStep(const SimVerb& verb)
+{
+    SimJson properties = propertiesOf(verb.parameters);
+    properties.update(propertiesOf(stepMembers()));
+    properties["do"] = {{"const", verb.name}};
+    SimJson required = {"do"};
+    for (const SimParameter& parameter : verb.parameters) {
+        if (parameter.presence == SimPresence::required)
+            required.push_back(parameter.name);
+    }
+    return {{"type", "object"},
+            {"description", verb.help},
+            {"properties", properties},
+            {"required", required},
+            {"additionalProperties", false}};
+}
+
+} // namespace
+
+SimScenario SimScenario::parse(std::string_view text, const std::string& source)
+{
+    SimJson json;
+    try {
+        json = SimJson::parse(text);
+    } catch (const SimJson::parse_error& error) {
+        throw SimScenarioError(source + ": not JSON: " + error.what());
+    }
+    checkArguments(json, members(), {"steps"}, source);
+    if (!json.contains("steps") || !json["steps"].is_array())
+        throw SimScenarioError(source + ": \"steps\" is missing or not a list");
+    SimScenario scenario;
+    scenario.title = json["title"].get<std::string>();
+    scenario.story = json.value("story", "");
+    scenario.setup = json.value("setup", SimJson::object());
+    scenario.skipsUnknownNames = json.value("skipsUnknownNames", false);
+    SimSetup::fromJson(scenario.setup, source + ": setup");
+    for (std::size_t i = 0; i < json["steps"].size(); ++i)
+        scenario.steps.push_back(stepFrom(json["steps"][i], source + ": step " + std::to_string(i + 1)));
+    return scenario;
+}
+
+SimJson SimScenario::toJson() const
+{
+    SimJson json{{"title", title}, {"setup", setup}, {"steps", SimJson::array()}};
+    if (!story.empty())
+        json["story"] = story;
+    if (skipsUnknownNames)
+        json["skipsUnknownNames"] = true;
+    for (const SimStep& step : steps)
+        json["steps"].push_back(step.toJson());
+    return json;
+}
+
+std::string SimScenario::schemaText()
+{
+    constexpr std::string_view kPlaceholder = "\"verbs\"";
+    SimJson outer = schema();
+    SimJson& alternatives = outer["properties"]["steps"]["items"]["oneOf"];
+    std::string verbs = "[";
+    for (const SimJson& alternative : alternatives)
+        verbs += (verbs.size() > 1 ? ",\n" : "\n") + alternative.dump();
+    verbs += "\n]";
+    alternatives = "verbs";
+    std::string text = outer.dump(2);
+    text.replace(text.find(kPlaceholder), kPlaceholder.size(), verbs);
+    return text + "\n";
+}
+
+SimJson SimScenario::schema()
+{
+    SimJson properties = propertiesOf(members());
+    properties["setup"] = {{"type", "object"},
+                           {"description", "the desktop at the start"},
+                           {"properties", propertiesOf(SimSetup::parameters())},
+                           {"additionalProperties", false}};
+    SimJson alternatives = SimJson::array();
+    for (const SimVerb* verb : allSimVerbs())
+        alternatives.push_back(schemaOfStep(*verb));
+    properties["steps"] = {{"type", "array"}, {"items", {{"oneOf", alternatives}}}};
+    return {{"$schema", "https://json-schema.org/draft/2020-12/schema"},
+            {"title", "A scenario of Haloric's simulated desktop"},
+            {"type", "object"},
+            {"properties", properties},
+            {"required", {"title", "steps"}},
+            {"additionalProperties", false}};
+}
+
+} // namespace haloric

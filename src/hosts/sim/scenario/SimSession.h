@@ -1,0 +1,69 @@
+// One run of the program on a simulated desktop: the desktop, every adapter, and the program itself from its entry on.
+// One session lives at a time, since the window server's entries know no other than the live one.
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "app/EntrySequence.h"
+#include "hosts/sim/SimAccessibility.h"
+#include "hosts/sim/SimAlerts.h"
+#include "hosts/sim/SimApplication.h"
+#include "hosts/sim/SimBundle.h"
+#include "hosts/sim/SimDisplayLinks.h"
+#include "hosts/sim/SimInputMonitors.h"
+#include "hosts/sim/SimLog.h"
+#include "hosts/sim/SimProcesses.h"
+#include "hosts/sim/SimScreens.h"
+#include "hosts/sim/SimToolkitWindows.h"
+#include "hosts/sim/SimUserDefaults.h"
+#include "hosts/sim/SimWindowInfoSource.h"
+#include "hosts/sim/SimWindowServerLibrary.h"
+#include "hosts/sim/SimWorkspace.h"
+#include "hosts/sim/scenario/SimSetup.h"
+
+#include <memory>
+
+namespace haloric {
+
+class SimSession {
+    // Before the adapters, which use it; it is ended after the program.
+    SimDesktop m_desktop;
+
+public:
+    explicit SimSession(const SimSetup& setup);
+    ~SimSession();
+
+    // Starts the program: it shows the onboarding alert if it must, and tracks from the next turn of the loop on.
+    void start() { m_entry->run(); }
+
+    SimDesktop& desktop() { return m_desktop; }
+    const SimDesktop& desktop() const { return m_desktop; }
+    SettingsStore& settingsStore() { return m_entry->settingsStore(); }
+
+    // Null before the start.
+    const OverlayController* overlays() const { return m_entry->delegate().overlays(); }
+    const FocusTracker* tracker() const { return m_entry->delegate().tracker(); }
+
+    // The toolkit's window of an overlay; null when there is none of that number.
+    const SimToolkitWindow* toolkitWindow(std::int64_t number) const;
+
+    SimSerialQueues serialQueues{m_desktop.runLoop};
+    SimScreens screens{m_desktop};
+    SimWorkspace workspace{m_desktop};
+    SimAccessibility accessibility{m_desktop, serialQueues};
+    SimWindowInfoSource windowInfoSource{m_desktop};
+    SimWindowServerLibrary windowServerLibrary{m_desktop};
+    SimToolkitWindows toolkitWindows{m_desktop};
+    SimInputMonitors input{m_desktop};
+    SimDisplayLinks displayLinks{m_desktop};
+    SimApplication application{m_desktop};
+    SimAlerts alerts{m_desktop};
+    SimBundle bundle;
+    SimUserDefaults userDefaults{m_desktop};
+    SimProcesses processes{m_desktop};
+    SimLog log{m_desktop};
+
+private:
+    std::unique_ptr<EntrySequence> m_entry;
+};
+
+} // namespace haloric

@@ -1,0 +1,31 @@
+// One step of a scenario: when, what, and with which arguments.
+#pragma once
+
+#include "hosts/sim/scenario/SimVerb.h"
+
+#include <optional>
+#include <string>
+
+namespace haloric {
+
+struct SimStep {
+    std::optional<double> at; // seconds since the start; without it, `after` counts from the step before
+    double after = 0;
+    const SimVerb* verb = nullptr;
+    SimJson arguments = SimJson::object();
+    std::string place; // where it stands in its file, for messages
+
+    // As it stands in a file.
+    SimJson toJson() const
+    {
+        SimJson json = arguments;
+        json["do"] = verb->name;
+        if (at)
+            json["at"] = *at;
+        else if (after != 0)
+            json["after"] = after;
+        return json;
+    }
+};
+
+} // namespace haloric

@@ -1,0 +1,21 @@
+// What the program was asked to do when it was started. Pure.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace haloric {
+
+struct CommandLine {
+    enum class Action { run, showHelp, showVersion, showDiagnostics, refuse };
+
+    Action action = Action::run;
+    std::string complaint; // for refuse: one line that says what is wrong
+
+    // `arguments` without the program's name. The first argument that settles the matter does.
+    static CommandLine parse(std::span<const std::string_view> arguments);
+    static std::string_view helpText();
+};
+
+} // namespace haloric

@@ -1,0 +1,35 @@
+// Tells the Accessibility notifications of one process, made out of what happens to its windows: each change under
+// its notification's name, after the table of clients has been brought up to date.
+//
+// Made and released on the Accessibility queue; everything else happens on the main thread while it is on the main
+// run loop. A delivery that is under way keeps what it uses, so the observer may be taken off and released meanwhile.
+#pragma once
+
+#include "foundation/Subscription.h"
+#include "hosts/x11/X11Clients.h"
+#include "platform/Accessibility.h"
+
+#include <memory>
+
+namespace haloric {
+
+class X11AXObserver final : public AXObserver {
+public:
+    // The clients outlive it.
+    X11AXObserver(X11Clients& clients, ProcessID pid, Accessibility::ObserverCallback callback);
+    ~X11AXObserver() override;
+
+    AXError addNotification(const AXElement& element, std::string_view name) override;
+    void addToMainRunLoop() override;
+    void removeFromMainRunLoop() override;
+
+private:
+    struct Delivery;
+
+    X11Clients& m_clients;
+    std::shared_ptr<Delivery> m_delivery;
+    Subscription m_notices;
+    Subscription m_passes;
+};
+
+} // namespace haloric

@@ -1,0 +1,65 @@
+// The atoms that the X11 host uses, asked for in one batch when it connects. Add a name here when you use it.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace haloric {
+
+inline constexpr auto kX11AtomNames = std::to_array<std::string_view>({
+    "UTF8_STRING",
+    "WM_CLASS",
+    "WM_STATE",
+    "WM_PROTOCOLS",
+    "WM_DELETE_WINDOW",
+    "RESOURCE_MANAGER",
+    "_GTK_APPLICATION_ID",
+    "_GTK_FRAME_EXTENTS",
+    "_MOTIF_WM_HINTS",
+    "_NET_ACTIVE_WINDOW",
+    "_NET_CLIENT_LIST",
+    "_NET_CLIENT_LIST_STACKING",
+    "_NET_CURRENT_DESKTOP",
+    "_NET_FRAME_EXTENTS",
+    "_NET_SHOWING_DESKTOP",
+    "_NET_SUPPORTED",
+    "_NET_SUPPORTING_WM_CHECK",
+    "_NET_WM_BYPASS_COMPOSITOR",
+    "_NET_WM_DESKTOP",
+    "_NET_WM_NAME",
+    "_NET_WM_PID",
+    "_NET_WM_STATE",
+    "_NET_WM_STATE_ABOVE",
+    "_NET_WM_STATE_BELOW",
+    "_NET_WM_STATE_FULLSCREEN",
+    "_NET_WM_STATE_HIDDEN",
+    "_NET_WM_STATE_SHADED",
+    "_NET_WM_STATE_SKIP_PAGER",
+    "_NET_WM_STATE_SKIP_TASKBAR",
+    "_NET_WM_STATE_STICKY",
+    "_NET_WM_WINDOW_OPACITY",
+    "_NET_WM_WINDOW_TYPE",
+    "_NET_WM_WINDOW_TYPE_COMBO",
+    "_NET_WM_WINDOW_TYPE_DESKTOP",
+    "_NET_WM_WINDOW_TYPE_DIALOG",
+    "_NET_WM_WINDOW_TYPE_DND",
+    "_NET_WM_WINDOW_TYPE_DOCK",
+    "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU",
+    "_NET_WM_WINDOW_TYPE_MENU",
+    "_NET_WM_WINDOW_TYPE_NORMAL",
+    "_NET_WM_WINDOW_TYPE_NOTIFICATION",
+    "_NET_WM_WINDOW_TYPE_POPUP_MENU",
+    "_NET_WM_WINDOW_TYPE_SPLASH",
+    "_NET_WM_WINDOW_TYPE_TOOLBAR",
+    "_NET_WM_WINDOW_TYPE_TOOLTIP",
+    "_NET_WM_WINDOW_TYPE_UTILITY",
+    "_NET_WM_CM_S0",
+    "_NET_WM_USER_TIME",
+    "_NET_WORKAREA",
+    "_NET_NUMBER_OF_DESKTOPS",
+    "_NET_CLOSE_WINDOW",
+    "WM_CHANGE_STATE",
+    "WM_CLIENT_LEADER",
+});
+
+} // namespace haloric

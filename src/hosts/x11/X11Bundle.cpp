@@ -1,0 +1,45 @@
+#include "hosts/x11/X11Bundle.h"
+
+#include <fstream>
+#include <iterator>
+
+namespace haloric {
+
+namespace {
+
+std::filesystem::path runningExecutable()
+{
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error);
+}
+
+// The nearest folder above the program that is a bundle; outside one, the program's own folder.
+std::filesystem::path bundleFolder(const std::filesystem::path& executable)
+{
+    for (auto folder = executable.parent_path(); folder.has_relative_path(); folder = folder.parent_path()) {
+        if (folder.extension() == ".app")
+            return folder;
+    }
+    return executable.parent_path();
+}
+
+X11InfoDictionary readDictionary(const std::filesystem::path& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    const std::string xml{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    return X11InfoDictionary::parse(xml);
+}
+
+} // namespace
+
+X11Bundle::X11Bundle() : X11Bundle(runningExecutable()) {}
+
+X11Bundle::X11Bundle(const std::filesystem::path& executable)
+{
+    const auto folder = bundleFolder(executable);
+    m_path = folder.string();
+    if (folder.extension() == ".app")
+        m_info = readDictionary(folder / "Info.plist");
+}
+
+} // namespace haloric

@@ -1,0 +1,28 @@
+// The installed folder "….app" that holds the program, its Info.plist and its icon. Read once, at construction. Any
+// thread after that.
+#pragma once
+
+#include "hosts/x11/X11InfoDictionary.h"
+#include "platform/Bundle.h"
+
+#include <filesystem>
+
+namespace haloric {
+
+class X11Bundle final : public Bundle {
+public:
+    // The bundle of the running program.
+    X11Bundle();
+
+    // `executable` is an absolute path.
+    explicit X11Bundle(const std::filesystem::path& executable);
+
+    std::string path() const override { return m_path; }
+    std::optional<std::string> infoString(std::string_view key) const override { return m_info.string(key); }
+
+private:
+    std::string m_path;
+    X11InfoDictionary m_info;
+};
+
+} // namespace haloric

@@ -1,0 +1,54 @@
+// The atoms that describe windows and the desktop. Atoms belong to the server, so those of one connection hold for
+// every other.
+#pragma once
+
+#include <xcb/xcb.h>
+
+namespace haloric {
+
+class X11Connection;
+
+struct X11DesktopAtoms {
+    explicit X11DesktopAtoms(X11Connection& connection);
+
+    // On the root window.
+    xcb_atom_t activeWindow;
+    xcb_atom_t clientList;
+    xcb_atom_t clientListStacking;
+    xcb_atom_t currentDesktop;
+    xcb_atom_t showingDesktop;
+    xcb_atom_t supported;
+    xcb_atom_t supportingCheck;
+
+    // On client windows.
+    xcb_atom_t applicationId;
+    xcb_atom_t desktop;
+    xcb_atom_t frameExtents;
+    xcb_atom_t gtkFrameExtents;
+    xcb_atom_t icccmState;
+    xcb_atom_t name;
+    xcb_atom_t opacity;
+    xcb_atom_t pid;
+    xcb_atom_t state;
+    xcb_atom_t windowType;
+
+    // Values of `state`.
+    xcb_atom_t stateAbove;
+    xcb_atom_t stateFullScreen;
+    xcb_atom_t stateHidden;
+    xcb_atom_t stateShaded;
+
+    // Values of `windowType`.
+    xcb_atom_t typeDesktop;
+    xcb_atom_t typeDialog;
+    xcb_atom_t typeDock;
+    xcb_atom_t typeNormal;
+    xcb_atom_t typeUtility;
+    xcb_atom_t typeMenu;
+    xcb_atom_t typeNotification;
+    xcb_atom_t typeSplash;
+    xcb_atom_t typeToolbar;
+    xcb_atom_t typeTooltip;
+};
+
+} // namespace haloric

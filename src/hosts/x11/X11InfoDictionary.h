@@ -1,0 +1,25 @@
+// The text values of an information dictionary (a property list written as XML). Only the entries of the outermost
+// dictionary count; values of other kinds are passed over, and what cannot be read ends the reading.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace haloric {
+
+class X11InfoDictionary {
+public:
+    X11InfoDictionary() = default;
+    static X11InfoDictionary parse(std::string_view xml);
+
+    std::optional<std::string> string(std::string_view key) const;
+    bool isEmpty() const { return m_strings.empty(); }
+
+private:
+    std::map<std::string, std::string, std::less<>> m_strings;
+};
+
+} // namespace haloric

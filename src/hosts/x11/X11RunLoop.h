@@ -1,0 +1,76 @@
+// The main loop of the X11 host: one epoll set with a timer descriptor for every deadline and an event descriptor
+// for work posted from other threads. The set can itself be watched by another loop (`pollableDescriptor`).
+#pragma once
+
+#include "hosts/x11/X11TimerQueue.h"
+#include "platform/RunLoop.h"
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace haloric {
+
+class X11RunLoop final : public RunLoop {
+public:
+    X11RunLoop();
+    ~X11RunLoop() override;
+
+    // RunLoop
+    Seconds systemUptime() const override;
+    Seconds wallClock() const override;
+    void post(Task task) override;
+    void postAfter(Seconds delay, Task task) override;
+    Subscription scheduleOnce(Seconds delay, Task task) override;
+    Subscription scheduleRepeating(Seconds interval, Seconds tolerance, Task task) override;
+
+    // Calls `onReadable` on the main thread whenever `descriptor` can be read, until cancelled. Main thread.
+    Subscription watch(int descriptor, Task onReadable);
+
+    // Called before the loop goes to sleep, in the order of registration: to take in what was read ahead and to
+    // flush what was written. A hook that did some work returns true; the hooks are then asked again. Main thread.
+    Subscription onBeforeWait(std::function<bool()> hook);
+
+    // Turns the loop until `stop`. Main thread.
+    void run();
+    void stop();
+
+    // One turn: runs what is due, waiting at most `maximumWait` for something to come. Main thread.
+    void turn(Seconds maximumWait);
+
+    // Readable whenever a turn would find something to do.
+    int pollableDescriptor() const { return m_epoll; }
+
+private:
+    using Clock = std::chrono::steady_clock;
+    struct Watch;
+    struct Hook;
+
+    void wake();
+    void runHooks();
+    void takeInDelayedPosts();
+    void handleReadable(int descriptor);
+    void runPosted();
+    void armDescriptor();
+
+    int m_epoll = -1;
+    int m_timerDescriptor = -1;
+    int m_wakeDescriptor = -1;
+    bool m_running = false;
+    X11TimerQueue m_timers;
+    std::optional<Clock::time_point> m_armedFor;
+    std::unordered_map<int, std::shared_ptr<Watch>> m_watches;
+    std::vector<std::shared_ptr<Hook>> m_hooks;
+
+    std::mutex m_lock; // guards the next two
+    std::vector<Task> m_posted;
+    std::vector<std::pair<Clock::time_point, Task>> m_postedDelayed;
+};
+
+} // namespace haloric

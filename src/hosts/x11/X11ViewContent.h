@@ -1,0 +1,22 @@
+// A view as it is to be drawn into a window of its size. Pixels count from the view's upper left corner, y downward.
+#pragma once
+
+#include "drawing/PixelRect.h"
+#include "foundation/Geometry.h"
+#include "platform/ContentView.h"
+
+namespace haloric {
+
+struct X11ViewContent {
+    ContentView& view;
+    Size size;        // points
+    double scale = 1; // pixels a point
+    PixelRect pixels; // of the window: all there are
+
+    Rect bounds() const { return {0, 0, size.width, size.height}; }
+
+    // Every pixel of the window that a rectangle of the view touches.
+    PixelRect toPixels(const Rect& rect) const;
+};
+
+} // namespace haloric

@@ -1,0 +1,44 @@
+# The adapters that draw, listen and run.
+pkg_check_modules(HALORIC_X11_SCREEN REQUIRED IMPORTED_TARGET
+    xcb-present xcb-shape xcb-shm xcb-xfixes xcb-xinput)
+
+haloric_library(haloric_x11
+    CommandLine.cpp
+    X11Alerts.cpp
+    X11Application.cpp
+    X11BlendedSurface.cpp
+    X11Bundle.cpp
+    X11ClickThroughWindow.cpp
+    X11Compositor.cpp
+    X11DataAddSource.cpp
+    X11Diagnostics.cpp
+    X11DiagnosticsSources.cpp
+    X11DisplayLinks.cpp
+    X11EventTap.cpp
+    X11ImageUploader.cpp
+    X11InfoDictionary.cpp
+    X11InputMonitors.cpp
+    X11KeyNames.cpp
+    X11Keyboard.cpp
+    X11MapEcho.cpp
+    X11OverlayStack.cpp
+    X11OwnWindows.cpp
+    X11PixelRegion.cpp
+    X11PresentClock.cpp
+    X11RawInput.cpp
+    X11RingSurface.cpp
+    X11RootChildren.cpp
+    X11ScreenLink.cpp
+    X11SerialQueues.cpp
+    X11SharedPixels.cpp
+    X11StackPlan.cpp
+    X11TerminationSignals.cpp
+    X11ToolkitWindow.cpp
+    X11ToolkitWindows.cpp
+    X11TranslucentVisual.cpp
+    X11ViewContent.cpp
+    DEPENDS haloric_x11_desktop haloric_raster haloric_windowserver PkgConfig::HALORIC_X11_SCREEN)
+
+add_executable(haloric main.cpp)
+target_compile_definitions(haloric PRIVATE HALORIC_VERSION="${PROJECT_VERSION}")
+target_link_libraries(haloric PRIVATE haloric_x11 haloric_app haloric_posix haloric_user_defaults)

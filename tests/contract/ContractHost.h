@@ -1,0 +1,102 @@
+// A host under the contract tests: its adapters, and verbs that make the world outside do something, by other means
+// than the adapters. One lives at a time. Main thread.
+#pragma once
+
+#include "foundation/Geometry.h"
+#include "foundation/Ids.h"
+#include "foundation/Time.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace haloric {
+
+class Accessibility;
+class Bundle;
+class DisplayLinks;
+class InputMonitors;
+class Log;
+class Processes;
+class RunLoop;
+class Screens;
+class SerialQueues;
+class ToolkitWindows;
+class UserDefaults;
+class WindowInfoSource;
+class WindowServerLibrary;
+class Workspace;
+
+// A window of another application, as the adapters are expected to know it.
+struct ContractWindow {
+    ProcessID pid = ProcessID::none;
+    WindowNumber number = WindowNumber::none;
+};
+
+class ContractHost {
+public:
+    virtual ~ContractHost() = default;
+
+    virtual RunLoop& runLoop() = 0;
+    virtual SerialQueues& serialQueues() = 0;
+    virtual Screens& screens() = 0;
+    virtual Workspace& workspace() = 0;
+    virtual Accessibility& accessibility() = 0;
+    virtual WindowInfoSource& windowInfoSource() = 0;
+    virtual WindowServerLibrary& windowServerLibrary() = 0;
+    virtual ToolkitWindows& toolkitWindows() = 0;
+    virtual InputMonitors& input() = 0;
+    virtual DisplayLinks& displayLinks() = 0;
+    virtual UserDefaults& userDefaults() = 0;
+    virtual const Bundle& bundle() = 0;
+    virtual Processes& processes() = 0;
+    virtual Log& log() = 0;
+
+    // This process, as windows of its own are listed.
+    virtual ProcessID ownProcess() = 0;
+
+    // Starts an application of its own with one window, which has the focus when this returns. The frame (global
+    // space) is a wish; `frameOf` tells what came of it.
+    virtual ContractWindow openWindow(const Rect& frame) = 0;
+
+    // The rest only asks; what comes of it is waited for.
+    virtual void focus(const ContractWindow& window) = 0;
+    virtual void move(const ContractWindow& window, Point topLeft) = 0; // of the visible frame
+    virtual void resize(const ContractWindow& window, Size size) = 0;
+    virtual void minimise(const ContractWindow& window) = 0;
+    virtual void close(const ContractWindow& window) = 0;
+    virtual void pressButton() = 0; // the left one
+    virtual void releaseButton() = 0;
+
+    // The visible frame in global space, asked of the system by another way than the adapters'; absent when the
+    // window is gone.
+    virtual std::optional<Rect> frameOf(const ContractWindow& window) = 0;
+
+    // Turns the main loop until the predicate holds, and tells whether it came to hold before the host's patience
+    // ended.
+    virtual bool waitUntil(const std::function<bool()>& holds) = 0;
+
+    // Turns the main loop for about this long, for what must not happen.
+    virtual void turnFor(Seconds duration) = 0;
+
+    // The lines that the log has taken.
+    virtual std::string loggedText() = 0;
+
+    // A program that can be started, and one that is not there.
+    virtual std::string knownProgram() = 0;
+    virtual std::string unknownProgram() = 0;
+};
+
+// How the suites make a host.
+struct ContractHostFactory {
+    std::string name;
+    std::unique_ptr<ContractHost> (*make)();
+};
+
+// The hosts that the suites run on. Each host's test program defines this, beside the suites' sources
+// (HALORIC_CONTRACT_SOURCES).
+std::vector<ContractHostFactory> contractHosts();
+
+} // namespace haloric

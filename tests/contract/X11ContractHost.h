@@ -1,0 +1,92 @@
+// The X11 host under the contract tests, on a desktop of its own: a private server with a window manager and a
+// compositor, where each window belongs to a process of its own. The verbs go through the window manager and through
+// the devices; what came of them is read over the observer's connection, of which the adapters know nothing.
+//
+// While a verb waits for the window manager, the main loop turns, so that the adapters live through every step.
+#pragma once
+
+#include "contract/ContractHost.h"
+#include "contract/ScopedVariable.h"
+#include "hosts/posix/PosixProcesses.h"
+#include "hosts/posix/StandardErrorLog.h"
+#include "hosts/x11/X11Bundle.h"
+#include "hosts/x11/X11Compositor.h"
+#include "hosts/x11/X11DisplayLinks.h"
+#include "hosts/x11/X11InputMonitors.h"
+#include "hosts/x11/X11SerialQueues.h"
+#include "hosts/x11/X11ToolkitWindows.h"
+#include "hosts/x11/X11UserDefaults.h"
+#include "hosts/x11/X11WindowServerLibrary.h"
+#include "x11/desktop/DesktopAdapters.h"
+#include "x11/support/TemporaryFolder.h"
+
+#include <map>
+
+namespace haloric {
+
+class X11ContractHost final : public ContractHost {
+public:
+    explicit X11ContractHost(WindowManager windowManager, Compositor compositor = Compositor::none);
+    ~X11ContractHost() override;
+
+    RunLoop& runLoop() override { return m_desktop.loop; }
+    SerialQueues& serialQueues() override { return m_serialQueues; }
+    Screens& screens() override { return m_desktop.screens; }
+    Workspace& workspace() override { return m_desktop.workspace; }
+    Accessibility& accessibility() override { return m_desktop.accessibility; }
+    WindowInfoSource& windowInfoSource() override { return m_desktop.windowInfo; }
+    WindowServerLibrary& windowServerLibrary() override { return m_windowServerLibrary; }
+    ToolkitWindows& toolkitWindows() override { return m_toolkitWindows; }
+    InputMonitors& input() override { return m_input; }
+    DisplayLinks& displayLinks() override { return m_displayLinks; }
+    UserDefaults& userDefaults() override { return m_userDefaults; }
+    const Bundle& bundle() override { return m_bundle; }
+    Processes& processes() override { return m_processes; }
+    Log& log() override { return m_log; }
+    ProcessID ownProcess() override;
+
+    ContractWindow openWindow(const Rect& frame) override;
+    void focus(const ContractWindow& window) override;
+    void move(const ContractWindow& window, Point topLeft) override;
+    void resize(const ContractWindow& window, Size size) override;
+    void minimise(const ContractWindow& window) override;
+    void close(const ContractWindow& window) override;
+    void pressButton() override { m_session.input().press(); }
+    void releaseButton() override { m_session.input().release(); }
+    std::optional<Rect> frameOf(const ContractWindow& window) override;
+    bool waitUntil(const std::function<bool()>& holds) override { return m_desktop.waitUntil(holds); }
+    void turnFor(Seconds duration) override;
+    std::string loggedText() override;
+    std::string knownProgram() override { return "/bin/sh"; }
+    std::string unknownProgram() override { return "/nowhere/program"; }
+
+private:
+    TestClient& client(const ContractWindow& window) { return *m_clients.at(window.number); }
+    void ask(const std::string& verb, const std::function<bool()>& answer);
+    void setFrame(const std::string& verb, const ContractWindow& window, const ScreenRect& frame);
+
+    TemporaryFolder m_folder;
+    ScopedVariable m_configurationFolder{"XDG_CONFIG_HOME", m_folder.path().string()};
+    X11Session m_session;
+    std::map<WindowNumber, std::unique_ptr<TestClient>> m_clients;
+
+    // In the order in which the program makes them.
+    int m_logFile;
+    StandardErrorLog m_log{m_logFile};
+    PosixProcesses m_processes;
+    DesktopAdapters m_desktop{m_session.display()};
+    X11Compositor m_compositor{*m_desktop.connection};
+    X11ToolkitWindows m_toolkitWindows{*m_desktop.connection,     m_desktop.loop, m_compositor, m_desktop.scale,
+                                       m_desktop.clients.table(), m_log};
+    X11RawInput m_rawInput{*m_desktop.connection};
+    X11OwnWindows m_ownWindows{*m_desktop.connection};
+    X11InputMonitors m_input{m_rawInput, m_ownWindows};
+    X11DisplayLinks m_displayLinks{*m_desktop.connection, m_desktop.loop, m_desktop.scale};
+    X11SerialQueues m_serialQueues;
+    X11WindowServerLibrary m_windowServerLibrary{*m_desktop.connection, m_desktop.display.c_str(), m_desktop.clients,
+                                                 m_desktop.scale};
+    X11Bundle m_bundle;
+    X11UserDefaults m_userDefaults{X11UserDefaults::standardFolder(m_processes)};
+};
+
+} // namespace haloric

@@ -1,0 +1,37 @@
+// Plays a scenario that stands in a test as text.
+#pragma once
+
+#include "hosts/sim/scenario/SimReplay.h"
+
+#include <memory>
+#include <string>
+
+namespace haloric {
+
+// Keeps the scenario that its replay refers to.
+struct PlayedText {
+    std::unique_ptr<SimScenario> scenario;
+    std::unique_ptr<SimReplay> replay;
+    std::string failure; // empty: none
+
+    SimPlayer& player() { return replay->player(); }
+};
+
+// `steps` are the steps alone, without the brackets of their list; `setup` is an object.
+inline PlayedText playText(const std::string& steps, const std::string& setup = "{}")
+{
+    PlayedText played;
+    const std::string text = R"({"title": "test", "setup": )" + setup + R"(, "steps": [)" + steps + "]}";
+    played.scenario = std::make_unique<SimScenario>(SimScenario::parse(text, "test"));
+    played.replay = std::make_unique<SimReplay>(*played.scenario);
+    played.failure = played.replay->play().value_or("");
+    return played;
+}
+
+// An editor with one window, in the middle of the default screen, after everything has settled.
+inline const std::string kEditor = R"(
+    {"do": "launch", "app": "Editor"},
+    {"do": "open", "app": "Editor", "window": "draft", "frame": [200, 150, 700, 500]},
+    {"do": "wait", "after": 3})";
+
+} // namespace haloric

@@ -1,0 +1,64 @@
+"""Each folder of src/ includes only what stands above it, and only the hosts know a system."""
+
+import re
+
+import project as common
+
+FLOORS = ["foundation", "platform", "drawing", "settings", "windowserver", "tracking", "overlay", "menubar", "app",
+          "hosts"]
+
+# What one host may take from another: the POSIX adapters serve two of them.
+HOSTS_BESIDE = {"x11": {"posix"}, "macos": {"posix"}}
+
+INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*(["<])([^">]+)[">]')
+CONDITION = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b(.*)")
+SYSTEM_MACRO = re.compile(r"__(?:linux|unix|gnu_linux|APPLE|MACH|FreeBSD|OpenBSD)\w*|_WIN32|TARGET_OS_\w+|\bunix\b")
+
+# Headers of the C++ library, which any folder may include, have neither a folder nor a suffix; C's have these names.
+C_LIBRARY = {"assert.h", "ctype.h", "errno.h", "float.h", "limits.h", "math.h", "stddef.h", "stdint.h", "stdio.h",
+             "stdlib.h", "string.h", "time.h"}
+PORTABLE_LIBRARIES = {"nlohmann/json.hpp": {"settings", "hosts"}}
+CAIRO_HOMES = ("src/drawing/raster/", "src/hosts/")
+
+
+def check_own_include(project, path, line, included):
+    parts = path.parts
+    target = included.split("/")
+    if target[0] not in FLOORS:
+        project.problem(path, f'"{included}" does not start with a folder of src/', line)
+    elif FLOORS.index(target[0]) > FLOORS.index(parts[1]):
+        project.problem(path, f'"{included}" stands below {parts[1]}', line)
+    elif parts[1] == "hosts" and target[0] == "hosts":
+        if target[1] != parts[2] and target[1] not in HOSTS_BESIDE.get(parts[2], set()):
+            project.problem(path, f'host {parts[2]} includes "{included}" of another host', line)
+
+
+def check_foreign_include(project, path, line, included):
+    folder = path.parts[1]
+    if "cairo" in included:
+        if not str(path).startswith(CAIRO_HOMES):
+            project.problem(path, f"<{included}> outside {' and '.join(CAIRO_HOMES)}", line)
+    elif folder == "hosts":
+        return
+    elif included in PORTABLE_LIBRARIES:
+        if folder not in PORTABLE_LIBRARIES[included]:
+            project.problem(path, f"<{included}> outside {sorted(PORTABLE_LIBRARIES[included])}", line)
+    elif ("/" in included or "." in included) and included not in C_LIBRARY:
+        project.problem(path, f"<{included}> is a system header", line)
+    elif included in C_LIBRARY:
+        project.problem(path, f"<{included}> has a C++ name", line)
+
+
+def check(project, _):
+    for path in project.cpp_files("src/"):
+        for number, text in enumerate(project.read(path).splitlines(), 1):
+            if include := INCLUDE.match(text):
+                kind, included = include.groups()
+                (check_own_include if kind == '"' else check_foreign_include)(project, path, number, included)
+            elif condition := CONDITION.match(text):
+                if path.parts[1] != "hosts" and SYSTEM_MACRO.search(condition.group(1)):
+                    project.problem(path, "asks for the system; choose files in CMake instead", number)
+
+
+if __name__ == "__main__":
+    common.run(check)

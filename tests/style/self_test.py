@@ -1,0 +1,122 @@
+"""Each check passes a sound project and fails one with a planted fault."""
+
+import json
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+CHECKS = pathlib.Path(__file__).parent / "checks"
+REPOSITORY = CHECKS.parents[2]
+
+SOUND = {
+    "src/foundation/Sound.h": "// Something sound.\n#pragma once\n\n#include <string>\n\nstruct Sound {\n"
+                              "    std::string text;\n};\n",
+    "src/tracking/Sound.cpp": '#include "foundation/Sound.h"\n\n#include <cmath>\n',
+    "src/hosts/x11/Sound.cpp": '#include "hosts/posix/Sound.h"\n\n#include <xcb/xcb.h>\n',
+    "src/drawing/raster/Sound.cpp": "#include <cairo/cairo.h>\n",
+    "README.md": "# Sound\n\nSee [itself](README.md#sound).\n",
+    "sound.json": "{}\n",
+    "sound.sh": "#!/usr/bin/env bash\necho sound\n",
+}
+
+
+class SelfTest(unittest.TestCase):
+    def run_check(self, name, changes, arguments=()):
+        with tempfile.TemporaryDirectory() as folder:
+            root = pathlib.Path(folder)
+            subprocess.run(["git", "init", "--quiet", folder], check=True)
+            (root / ".clang-format").write_bytes((REPOSITORY / ".clang-format").read_bytes())
+            (root / ".clang-tidy").write_bytes((REPOSITORY / ".clang-tidy").read_bytes())
+            for path, text in (SOUND | changes).items():
+                file = root / path
+                file.parent.mkdir(parents=True, exist_ok=True)
+                file.write_text(text)
+                if text.startswith("#!"):
+                    file.chmod(0o755)
+            if "--build" in arguments:
+                self.write_compile_commands(root)
+            command = [sys.executable, str(CHECKS / f"{name}.py"), "--root", folder, *arguments]
+            return subprocess.run(command, capture_output=True, text=True)
+
+    @staticmethod
+    def write_compile_commands(root):
+        file = "src/foundation/Linted.cpp"
+        command = f"ccache /usr/bin/c++ -I{root}/src -std=c++20 -o Linted.o -c {root}/{file}"
+        (root / "compile_commands.json").write_text(
+            json.dumps([{"directory": str(root), "command": command, "file": file}]))
+
+    def assert_passes(self, name, changes=None, arguments=()):
+        result = self.run_check(name, changes or {}, arguments)
+        self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
+
+    def assert_fails(self, name, changes, expected, arguments=()):
+        result = self.run_check(name, changes, arguments)
+        self.assertEqual(result.returncode, 1, result.stdout + result.stderr)
+        self.assertIn(expected, result.stdout)
+
+    def test_a_sound_project_passes(self):
+        for name in ("formatting", "floors", "shape", "words", "scripts", "documents"):
+            with self.subTest(name):
+                self.assert_passes(name)
+
+    def test_unformatted_code(self):
+        self.assert_fails("formatting", {"src/app/Bad.cpp": "int  x ;\n"}, "src/app/Bad.cpp")
+
+    def test_a_folder_that_includes_one_below_it(self):
+        self.assert_fails("floors", {"src/platform/Bad.h": '#include "tracking/FocusTracker.h"\n'}, "stands below")
+
+    def test_a_host_that_includes_another(self):
+        self.assert_fails("floors", {"src/hosts/sim/Bad.h": '#include "hosts/x11/X11.h"\n'}, "another host")
+
+    def test_a_system_header_outside_the_hosts(self):
+        for header in ("unistd.h", "sys/types.h", "xcb/xcb.h", "gio/gio.h"):
+            with self.subTest(header):
+                self.assert_fails("floors", {"src/app/Bad.cpp": f"#include <{header}>\n"}, "system header")
+
+    def test_cairo_outside_the_raster(self):
+        self.assert_fails("floors", {"src/overlay/Bad.cpp": "#include <cairo/cairo.h>\n"}, "cairo")
+
+    def test_a_question_for_the_system_outside_the_hosts(self):
+        for line in ("#ifdef __linux__", "#if defined(__APPLE__)", "#elif defined(_WIN32)"):
+            with self.subTest(line):
+                self.assert_fails("floors", {"src/app/Bad.cpp": f"{line}\n#endif\n"}, "choose files in CMake")
+
+    def test_a_long_file(self):
+        self.assert_fails("shape", {"src/app/Bad.cpp": "\n" * 301}, "more than 300")
+
+    def test_a_header_without_guard_or_comment(self):
+        self.assert_fails("shape", {"src/app/bad.h": "// A header.\nint x();\n"}, "#pragma once")
+        self.assert_fails("shape", {"src/app/bad.h": "#pragma once\nint x();\n"}, "without a comment")
+
+    def test_a_header_with_another_name_than_its_type(self):
+        text = "// A header.\n#pragma once\n\nclass Good {\n};\n"
+        self.assert_fails("shape", {"src/app/Bad.h": text}, "holds Good")
+
+    def test_words(self):
+        for word in ("TO" + "DO", "FIX" + "ME", "Speci" + "fication", "see Pa" + "rt 2.1", "iss" + "ue 2"):
+            with self.subTest(word):
+                self.assert_fails("words", {"src/app/Bad.cpp": f"// {word}\n"}, "src/app/Bad.cpp:1")
+
+    def test_a_test_that_sleeps(self):
+        line = "std::this_thread::sleep" + "_for(1s);\n"
+        self.assert_fails("words", {"tests/unit/Bad.cpp": line}, "acknowledgement")
+        self.assert_passes("words", {"bench/Good.cpp": line})
+
+    def test_a_script_that_does_not_parse(self):
+        self.assert_fails("scripts", {"bad": "#!/usr/bin/env bash\nif then\n"}, "bad")
+
+    def test_broken_json_and_links(self):
+        self.assert_fails("documents", {"bad.json": "{,}\n"}, "no JSON")
+        self.assert_fails("documents", {"bad.md": "[gone](gone.md)\n"}, "does not exist")
+        self.assert_fails("documents", {"bad.md": "[gone](README.md#gone)\n"}, "no such heading")
+
+    def test_what_clang_tidy_finds(self):
+        build = ("--build", ".")
+        self.assert_fails("lint", {"src/foundation/Linted.cpp": "int* nothing() { return 0; }\n"}, "nullptr", build)
+        self.assert_passes("lint", {"src/foundation/Linted.cpp": "int* nothing() { return nullptr; }\n"}, build)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,26 @@
+// Alerts that answer at once, as a test decides.
+#pragma once
+
+#include "foundation/Task.h"
+#include "platform/Alerts.h"
+
+#include <vector>
+
+namespace haloric {
+
+class FakeAlerts final : public Alerts {
+public:
+    std::int64_t answer = kFirstButton + 1;
+    std::vector<AlertModel> shown;
+    Task whileShown; // runs while an alert is up
+
+    std::int64_t runModal(const AlertModel& alert) override
+    {
+        shown.push_back(alert);
+        if (whileShown)
+            whileShown();
+        return answer;
+    }
+};
+
+} // namespace haloric

@@ -1,0 +1,99 @@
+// Everything that the program needs from a host, as fakes: one screen, and an application with one focused window.
+#pragma once
+
+#include "app/ApplicationPlatform.h"
+
+#include "hosts/sim/SimRunLoop.h"
+#include "hosts/sim/SimSerialQueues.h"
+#include "support/FakeAccessibility.h"
+#include "support/FakeAlerts.h"
+#include "support/FakeApplication.h"
+#include "support/FakeBundle.h"
+#include "support/FakeDisplayLinks.h"
+#include "support/FakeInputMonitors.h"
+#include "support/FakeLog.h"
+#include "support/FakeProcesses.h"
+#include "support/FakeScreens.h"
+#include "support/FakeToolkitWindows.h"
+#include "support/FakeUserDefaults.h"
+#include "support/FakeWindowInfoSource.h"
+#include "support/FakeWindowServerLibrary.h"
+#include "support/FakeWorkspace.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace haloric {
+
+class ApplicationFixture : public testing::Test {
+protected:
+    using Calls = std::vector<std::string>;
+
+    static constexpr Screen kPrimary{{0, 0, 1000, 800}, DisplayID{1}};
+    static constexpr ProcessID kEditor{7};
+    static constexpr WindowNumber kWindow{42};
+    static constexpr Rect kBounds{100, 100, 400, 300}; // global space
+    static constexpr Rect kFrame{100, 400, 400, 300};  // the same in screen space
+
+    ApplicationFixture()
+    {
+        const auto window = std::make_shared<FakeAXElement>();
+        window->set("AXRole", std::string("AXWindow"));
+        window->set("AXMinimized", false);
+        window->set("AXPosition", kBounds.origin());
+        window->set("AXSize", kBounds.size());
+        window->set(kWindow);
+        const auto editor = std::make_shared<FakeAXElement>();
+        editor->set("AXFocusedWindow", AXElement(window));
+        accessibility.applications[kEditor] = editor;
+        accessibility.insideQueue = [this] { return queues.isInsideBlock(); };
+        windowInfo.windows->push_back(FakeWindowInfoSource::ordinary(kWindow, kEditor, kBounds));
+        library.bounds[kWindow] = kBounds;
+        workspace.frontmost = FrontmostApplication{kEditor, false};
+    }
+
+    // What the program has left on its queue still runs, as long as the host is there.
+    void TearDown() override { runLoop.runPosted(); }
+
+    ApplicationPlatform platform()
+    {
+        return {.runLoop = runLoop,
+                .serialQueues = queues,
+                .displayLinks = links,
+                .workspace = workspace,
+                .screens = screens,
+                .accessibility = accessibility,
+                .windowInfoSource = windowInfo,
+                .windowServerLibrary = library,
+                .toolkitWindows = toolkit,
+                .input = input,
+                .application = application,
+                .alerts = alerts,
+                .bundle = bundle,
+                .userDefaults = defaults,
+                .processes = processes,
+                .log = log};
+    }
+
+    SimRunLoop runLoop;
+    SimSerialQueues queues{runLoop};
+    FakeDisplayLinks links;
+    FakeWorkspace workspace;
+    FakeScreens screens{{kPrimary}};
+    FakeAccessibility accessibility;
+    FakeWindowInfoSource windowInfo;
+    FakeWindowServerLibrary library;
+    FakeToolkitWindows toolkit;
+    FakeInputMonitors input;
+    FakeApplication application;
+    FakeAlerts alerts;
+    FakeBundle bundle;
+    FakeUserDefaults defaults;
+    FakeProcesses processes;
+    FakeLog log;
+};
+
+} // namespace haloric

@@ -1,0 +1,98 @@
+#include "app/EntrySequence.h"
+
+#include "app/AppDelegate.h"
+#include "unit/app/ApplicationFixture.h"
+
+namespace haloric {
+namespace {
+
+using EntrySequenceTest = ApplicationFixture;
+
+TEST_F(EntrySequenceTest, sets_the_delegate_and_the_policy_and_runs_the_application)
+{
+    EntrySequence sequence(platform());
+    EXPECT_TRUE(application.calls.empty());
+    sequence.run();
+    EXPECT_EQ(application.calls, (Calls{"setDelegate", "setActivationPolicy", "run"}));
+    EXPECT_EQ(application.delegate, &sequence.delegate());
+    EXPECT_EQ(application.policy, ActivationPolicy::accessory);
+    EXPECT_EQ(static_cast<int>(ActivationPolicy::accessory), 1);
+}
+
+TEST_F(EntrySequenceTest, makes_one_store_and_one_bridge_before_it_runs)
+{
+    EntrySequence sequence(platform());
+    EXPECT_EQ(defaults.reads, Calls{"Haloric.settings.v1"});
+    EXPECT_EQ(std::ranges::count_if(library.calls, [](const auto& call) { return call.starts_with("open("); }), 1);
+    EXPECT_EQ(sequence.delegate().overlays(), nullptr);
+}
+
+TEST_F(EntrySequenceTest, the_program_lives_on_after_run_has_returned)
+{
+    EntrySequence sequence(platform());
+    sequence.run();
+    runLoop.runPosted();
+    ASSERT_TRUE(sequence.delegate().trackerRunning());
+    EXPECT_EQ(sequence.delegate().overlays()->state().frame, kFrame);
+    EXPECT_TRUE(toolkit.windows.front()->visible);
+
+    sequence.settingsStore().update([](Settings& settings) { settings.dimEnabled = true; });
+    runLoop.runPosted();
+    EXPECT_EQ(toolkit.stack.size(), 2U);
+}
+
+TEST_F(EntrySequenceTest, its_store_is_the_one_that_the_delegate_uses)
+{
+    EntrySequence sequence(platform());
+    sequence.settingsStore().update([](Settings& settings) { settings.glowRadius = 31; });
+    sequence.run();
+    EXPECT_EQ(sequence.delegate().overlays()->highlightView().settings.glowRadius, 31);
+}
+
+TEST_F(EntrySequenceTest, windows_of_its_own_process_are_not_dimmed)
+{
+    const ProcessID other{9};
+    const Rect rect{10, 10, 50, 50};
+    workspace.bundleIdentifiers = {{application.pid, "com.kestrow.haloric"}, {other, "com.kestrow.haloric"}};
+    windowInfo.windows->push_back(FakeWindowInfoSource::ordinary(WindowNumber{90}, application.pid, rect));
+    windowInfo.windows->push_back(FakeWindowInfoSource::ordinary(WindowNumber{91}, other, rect));
+    EntrySequence sequence(platform());
+    sequence.settingsStore().update([](Settings& settings) {
+        settings.dimEnabled = true;
+        settings.dimScope = DimScope::selectedApps;
+        settings.dimApps = {"com.kestrow.haloric"};
+    });
+    sequence.run();
+    runLoop.runPosted();
+    const auto& items = sequence.delegate().overlays()->appDimViews()[0]->windows;
+    EXPECT_EQ(std::ranges::count(items, true, &AppDimView::Window::dim), 1);
+}
+
+TEST_F(EntrySequenceTest, quitting_stops_the_tracker)
+{
+    EntrySequence sequence(platform());
+    sequence.run();
+    runLoop.runPosted();
+    application.terminate();
+    EXPECT_FALSE(sequence.delegate().tracker()->isRunning());
+}
+
+TEST_F(EntrySequenceTest, leaves_no_timer_and_no_registration_behind)
+{
+    {
+        EntrySequence sequence(platform());
+        sequence.run();
+        runLoop.runFor(Seconds(1));
+        EXPECT_GT(runLoop.armedTimerCount(), 0U);
+    }
+    EXPECT_EQ(runLoop.armedTimerCount(), 0U);
+    EXPECT_EQ(input.globalMonitorCount(), 0U);
+    EXPECT_EQ(input.liveTaps, 0);
+    EXPECT_EQ(screens.observerCount(), 0U);
+    EXPECT_EQ(workspace.observerCount(WorkspaceNotification::activeSpaceDidChange), 0U);
+    EXPECT_TRUE(library.registeredEvents().empty());
+    runLoop.runFor(Seconds(1));
+}
+
+} // namespace
+} // namespace haloric

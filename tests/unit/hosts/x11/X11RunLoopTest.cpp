@@ -1,0 +1,132 @@
+#include "hosts/x11/X11RunLoop.h"
+
+#include <thread>
+#include <vector>
+
+#include <unistd.h>
+
+namespace haloric {
+namespace {
+
+class X11RunLoopTest : public testing::Test {
+protected:
+    X11RunLoop loop;
+    std::vector<int> ran;
+
+    Task note(int number)
+    {
+        return [this, number] { ran.push_back(number); };
+    }
+
+    void turnUntilRan(std::size_t count)
+    {
+        while (ran.size() < count)
+            loop.turn(Seconds(10));
+    }
+};
+
+TEST_F(X11RunLoopTest, posted_tasks_run_in_their_order_and_not_inside_the_call)
+{
+    loop.post(note(1));
+    loop.post(note(2));
+    EXPECT_TRUE(ran.empty());
+    loop.turn(Seconds(0));
+    EXPECT_EQ(ran, (std::vector{1, 2}));
+}
+
+TEST_F(X11RunLoopTest, a_task_posted_by_a_task_runs_on_the_next_turn)
+{
+    loop.post([&] { loop.post(note(1)); });
+    loop.turn(Seconds(0));
+    EXPECT_TRUE(ran.empty());
+    loop.turn(Seconds(10));
+    EXPECT_EQ(ran, std::vector{1});
+}
+
+TEST_F(X11RunLoopTest, a_task_posted_by_another_thread_ends_the_wait)
+{
+    std::thread other([&] { loop.post(note(1)); });
+    turnUntilRan(1);
+    other.join();
+    EXPECT_EQ(ran, std::vector{1});
+}
+
+TEST_F(X11RunLoopTest, equal_and_earlier_deadlines_run_in_order)
+{
+    const auto later = loop.scheduleOnce(Seconds(0.002), note(2));
+    const auto sooner = loop.scheduleOnce(Seconds(0.001), note(1));
+    loop.postAfter(Seconds(0.003), note(3));
+    turnUntilRan(3);
+    EXPECT_EQ(ran, (std::vector{1, 2, 3}));
+}
+
+TEST_F(X11RunLoopTest, a_cancelled_timer_does_not_fire)
+{
+    auto cancelled = loop.scheduleOnce(Seconds(0.001), note(1));
+    cancelled.reset();
+    loop.postAfter(Seconds(0.002), note(2));
+    turnUntilRan(1);
+    EXPECT_EQ(ran, std::vector{2});
+}
+
+TEST_F(X11RunLoopTest, a_repeating_timer_may_cancel_itself_while_it_fires)
+{
+    Subscription timer;
+    timer = loop.scheduleRepeating(Seconds(0.001), Seconds(0), [&] {
+        ran.push_back(1);
+        if (ran.size() == 2)
+            timer.reset();
+    });
+    turnUntilRan(2);
+    loop.postAfter(Seconds(0.003), note(9));
+    turnUntilRan(3);
+    EXPECT_EQ(ran, (std::vector{1, 1, 9}));
+}
+
+TEST_F(X11RunLoopTest, a_timer_with_tolerance_joins_the_wake_up_of_the_next_one)
+{
+    const auto tolerant = loop.scheduleRepeating(Seconds(0.001), Seconds(10), note(1));
+    const auto exact = loop.scheduleOnce(Seconds(0.005), note(2));
+    loop.turn(Seconds(10)); // one wake-up serves both
+    EXPECT_EQ(ran, (std::vector{1, 2}));
+}
+
+TEST_F(X11RunLoopTest, a_watched_descriptor_is_reported_until_the_watch_is_cancelled)
+{
+    int ends[2] = {};
+    ASSERT_EQ(pipe(ends), 0);
+    Subscription watch = loop.watch(ends[0], note(1));
+    ASSERT_EQ(write(ends[1], "x", 1), 1);
+    loop.turn(Seconds(10));
+    EXPECT_EQ(ran, std::vector{1});
+    watch.reset();
+    loop.turn(Seconds(0));
+    EXPECT_EQ(ran, std::vector{1});
+    close(ends[0]);
+    close(ends[1]);
+}
+
+TEST_F(X11RunLoopTest, hooks_are_asked_again_while_one_finds_work)
+{
+    int rounds = 0;
+    const auto hook = loop.onBeforeWait([&] { return ++rounds < 3; });
+    loop.turn(Seconds(0));
+    EXPECT_EQ(rounds, 3);
+}
+
+TEST_F(X11RunLoopTest, a_hook_that_never_ends_does_not_keep_posted_work_from_running)
+{
+    const auto hook = loop.onBeforeWait([] { return true; });
+    loop.post(note(1));
+    loop.turn(Seconds(10));
+    EXPECT_EQ(ran.front(), 1);
+}
+
+TEST_F(X11RunLoopTest, stop_ends_the_run)
+{
+    loop.postAfter(Seconds(0.001), [&] { loop.stop(); });
+    loop.run();
+}
+
+} // namespace
+} // namespace haloric

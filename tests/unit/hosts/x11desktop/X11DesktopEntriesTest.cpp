@@ -1,0 +1,97 @@
+#include "hosts/x11/X11DesktopEntries.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace haloric {
+namespace {
+
+using Entry = X11DesktopEntries::Entry;
+
+X11ApplicationNames windowClass(std::string instanceName, std::string className)
+{
+    return {{}, std::move(instanceName), std::move(className)};
+}
+
+const std::vector<Entry> kEntries{{"org.example.Editor", "editor-window"},
+                                  {"browser", ""},
+                                  {"Terminal", ""},
+                                  {"editor-window", ""},
+                                  {"chat", "Chat"}};
+
+TEST(X11DesktopEntries, an_entry_that_claims_the_class_comes_before_one_that_is_named_like_it)
+{
+    EXPECT_EQ(X11DesktopEntries::match(windowClass("x", "editor-window"), kEntries), "org.example.Editor");
+    EXPECT_EQ(X11DesktopEntries::match(windowClass("editor-window", "x"), kEntries), "org.example.Editor");
+}
+
+TEST(X11DesktopEntries, names_are_compared_as_written_and_then_regardless_of_case)
+{
+    EXPECT_EQ(X11DesktopEntries::match(windowClass("", "chat"), kEntries), "chat");
+    EXPECT_EQ(X11DesktopEntries::match(windowClass("", "Browser"), kEntries), "browser");
+    EXPECT_EQ(X11DesktopEntries::match(windowClass("terminal", ""), kEntries), "Terminal");
+    const std::vector<Entry> both{{"CHAT", ""}, {"Chat", ""}};
+    EXPECT_EQ(X11DesktopEntries::match(windowClass("", "Chat"), both), "Chat");
+}
+
+TEST(X11DesktopEntries, the_class_comes_before_the_instance)
+{
+    EXPECT_EQ(X11DesktopEntries::match(windowClass("browser", "Terminal"), kEntries), "Terminal");
+}
+
+TEST(X11DesktopEntries, empty_names_match_nothing)
+{
+    EXPECT_EQ(X11DesktopEntries::match({}, kEntries), std::nullopt);
+    EXPECT_EQ(X11DesktopEntries::match(windowClass("", "unknown"), kEntries), std::nullopt);
+}
+
+// GIO looks at the environment once, so the folder is made before anything asks it.
+class InstalledEntries : public testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        s_folder = std::filesystem::temp_directory_path() / ("haloric-entries-" + std::to_string(getpid()));
+        std::filesystem::create_directories(s_folder / "applications");
+        setenv("XDG_DATA_HOME", s_folder.c_str(), 1);
+        setenv("XDG_DATA_DIRS", s_folder.c_str(), 1);
+        install("org.example.Painter", "StartupWMClass=painter-main\n");
+        install("plain", "");
+    }
+
+    static void TearDownTestSuite() { std::filesystem::remove_all(s_folder); }
+
+    static void install(const std::string& identifier, const std::string& more)
+    {
+        std::ofstream(s_folder / "applications" / (identifier + ".desktop"))
+            << "[Desktop Entry]\nType=Application\nName=" << identifier << "\nExec=/bin/true\n"
+            << more;
+    }
+
+    static inline std::filesystem::path s_folder;
+};
+
+TEST_F(InstalledEntries, a_window_is_matched_with_what_is_installed)
+{
+    X11DesktopEntries entries;
+    EXPECT_EQ(entries.identifier(windowClass("x", "painter-main")), "org.example.Painter");
+    EXPECT_EQ(entries.identifier(windowClass("x", "Plain")), "plain");
+    EXPECT_EQ(entries.identifier(windowClass("x", "Plain")), "plain");
+}
+
+TEST_F(InstalledEntries, the_identifier_that_a_window_gives_itself_is_believed)
+{
+    X11DesktopEntries entries;
+    EXPECT_EQ(entries.identifier({"org.example.Other", "x", "painter-main"}), "org.example.Other");
+}
+
+TEST_F(InstalledEntries, without_an_entry_the_class_serves)
+{
+    X11DesktopEntries entries;
+    EXPECT_EQ(entries.identifier(windowClass("inst", "Unknown")), "Unknown");
+    EXPECT_EQ(entries.identifier(windowClass("inst", "")), "inst");
+    EXPECT_EQ(entries.identifier({}), std::nullopt);
+}
+
+} // namespace
+} // namespace haloric

@@ -1,0 +1,65 @@
+#include "hosts/x11/X11Bundle.h"
+
+#include <cstdlib>
+#include <fstream>
+
+namespace haloric {
+namespace {
+
+struct X11BundleTest : testing::Test {
+    std::filesystem::path folder;
+
+    X11BundleTest()
+    {
+        std::string name = testing::TempDir() + "haloric-bundle-XXXXXX";
+        folder = mkdtemp(name.data());
+    }
+    ~X11BundleTest() override { std::filesystem::remove_all(folder); }
+
+    std::filesystem::path makeBundle(const std::string& plist) const
+    {
+        const auto bundle = folder / "My Haloric.app";
+        std::filesystem::create_directories(bundle / "bin");
+        std::ofstream(bundle / "Info.plist") << plist;
+        return bundle;
+    }
+};
+
+constexpr const char* kPlist = "<plist><dict><key>SUFeedURL</key><string>https://a/b</string></dict></plist>";
+
+TEST_F(X11BundleTest, a_program_in_a_bundle_tells_the_bundle_and_its_dictionary)
+{
+    const auto bundlePath = makeBundle(kPlist);
+    const X11Bundle bundle(bundlePath / "haloric");
+    EXPECT_EQ(bundle.path(), bundlePath.string());
+    EXPECT_EQ(bundle.infoString("SUFeedURL"), "https://a/b");
+    EXPECT_EQ(bundle.infoString("Other"), std::nullopt);
+}
+
+TEST_F(X11BundleTest, a_program_deeper_in_a_bundle_finds_it)
+{
+    EXPECT_EQ(X11Bundle(makeBundle(kPlist) / "bin" / "haloric").path(), (folder / "My Haloric.app").string());
+}
+
+TEST_F(X11BundleTest, outside_a_bundle_it_is_the_programs_folder_and_no_dictionary_counts)
+{
+    std::ofstream(folder / "Info.plist") << kPlist;
+    const X11Bundle bundle(folder / "haloric");
+    EXPECT_EQ(bundle.path(), folder.string());
+    EXPECT_EQ(bundle.infoString("SUFeedURL"), std::nullopt);
+}
+
+TEST_F(X11BundleTest, a_bundle_without_a_dictionary_has_no_values)
+{
+    std::filesystem::create_directories(folder / "Bare.app");
+    const X11Bundle bundle(folder / "Bare.app" / "haloric");
+    EXPECT_EQ(bundle.infoString("SUFeedURL"), std::nullopt);
+}
+
+TEST(X11Bundle, the_running_program_knows_its_folder)
+{
+    EXPECT_EQ(X11Bundle().path(), std::filesystem::read_symlink("/proc/self/exe").parent_path().string());
+}
+
+} // namespace
+} // namespace haloric

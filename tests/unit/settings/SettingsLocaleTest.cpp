@@ -1,0 +1,27 @@
+// A toolkit puts the user's locale in force for the whole process; the stored form must not follow it.
+#include "settings/SettingsCodec.h"
+
+#include <clocale>
+#include <cstdlib>
+#include <string>
+
+namespace haloric {
+namespace {
+
+TEST(SettingsLocale, a_decimal_comma_changes_nothing)
+{
+    const auto expected = SettingsCodec::encode(Settings::defaults());
+    ASSERT_EQ(setenv("LOCPATH", HALORIC_LOCALE_FOLDER, 1), 0);
+    ASSERT_NE(std::setlocale(LC_NUMERIC, "comma_LOCALE"), nullptr);
+    ASSERT_EQ(std::strtod("1,5", nullptr), 1.5);
+    const auto encoded = SettingsCodec::encode(Settings::defaults());
+    const auto decoded = SettingsCodec::decode(*expected);
+    const auto comma = SettingsCodec::decode(R"({"borderWidth":1,5})");
+    std::setlocale(LC_NUMERIC, "C");
+    EXPECT_EQ(encoded, expected);
+    EXPECT_EQ(decoded, Settings::defaults());
+    EXPECT_FALSE(comma.has_value());
+}
+
+} // namespace
+} // namespace haloric

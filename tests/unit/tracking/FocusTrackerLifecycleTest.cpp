@@ -1,0 +1,76 @@
+#include "unit/tracking/FocusTrackerTest.h"
+
+namespace haloric {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class FocusTrackerLifecycle : public FocusTrackerTest {};
+
+TEST_F(FocusTrackerLifecycle, making_one_starts_nothing)
+{
+    run();
+    EXPECT_FALSE(tracker->isRunning());
+    EXPECT_EQ(tracker->state(), FocusState::blank());
+    EXPECT_EQ(loop.armedTimerCount(), 0U);
+    EXPECT_THAT(accessibility.calls, IsEmpty());
+    EXPECT_EQ(queues.lastLabel(), "com.kestrow.haloric.accessibility");
+    EXPECT_EQ(queues.lastQuality(), QualityOfService::userInitiated);
+}
+
+TEST_F(FocusTrackerLifecycle, starting_finds_the_focused_window)
+{
+    start();
+    EXPECT_TRUE(tracker->isRunning());
+    EXPECT_THAT(journal, ElementsAre("cleared 7", "7/42 100,400 400x300", "pulse"));
+    EXPECT_EQ(tracker->state().titleBar, FocusState::TitleBar::height(28));
+    EXPECT_TRUE(tracker->isFastTracking());
+}
+
+TEST_F(FocusTrackerLifecycle, starting_observes_the_system_once)
+{
+    start();
+    tracker->start();
+    for (const auto notification : kWorkspaceNotifications)
+        EXPECT_EQ(workspace.observerCount(notification), 1U);
+    EXPECT_EQ(screens.observerCount(), 1U);
+    EXPECT_THAT(input.globalMasks, ElementsAre(0x600001EU));
+    EXPECT_THAT(input.localMasks, ElementsAre(0x600001EU));
+    EXPECT_EQ(loop.armedTimerCount(), 1U);
+}
+
+TEST_F(FocusTrackerLifecycle, every_workspace_notification_counts_as_a_change_of_the_frontmost_application)
+{
+    start();
+    for (const auto notification : kWorkspaceNotifications) {
+        journal.clear();
+        workspace.announce(notification);
+        EXPECT_THAT(takeJournal(), ElementsAre("blank"));
+        EXPECT_EQ(tracker->currentWindowID(), WindowNumber::none);
+        run();
+        EXPECT_THAT(takeJournal(), ElementsAre("7/42 100,400 400x300", "pulse"));
+    }
+}
+
+TEST_F(FocusTrackerLifecycle, the_poll_refreshes_every_0_15_seconds)
+{
+    start();
+    loop.runFor(Seconds(0.149));
+    EXPECT_EQ(queryCount(), 1U);
+    loop.runFor(Seconds(0.002));
+    EXPECT_EQ(queryCount(), 2U);
+    loop.runFor(Seconds(1.5));
+    EXPECT_EQ(queryCount(), 12U);
+}
+
+TEST_F(FocusTrackerLifecycle, it_works_without_listeners)
+{
+    tracker->onChange = nullptr;
+    tracker->onPulse = nullptr;
+    start();
+    EXPECT_EQ(describe(tracker->state()), "7/42 100,400 400x300");
+}
+
+} // namespace
+} // namespace haloric

@@ -1,0 +1,148 @@
+// The tracker with a real queue thread. These tests say most under the thread and address sanitizers.
+#include "tracking/FocusTracker.h"
+
+#include "support/FakeAccessibility.h"
+#include "support/FakeApplication.h"
+#include "support/FakeDisplayLinks.h"
+#include "support/FakeInputMonitors.h"
+#include "support/FakeLog.h"
+#include "support/FakeProcesses.h"
+#include "support/FakeScreens.h"
+#include "support/FakeWindowInfoSource.h"
+#include "support/FakeWindowServerLibrary.h"
+#include "support/FakeWorkspace.h"
+#include "support/PostingRunLoop.h"
+#include "support/ThreadedSerialQueues.h"
+#include "windowserver/WindowServer.h"
+
+#include <latch>
+#include <thread>
+
+namespace haloric {
+namespace {
+
+constexpr ProcessID kApplications[] = {ProcessID{7}, ProcessID{8}};
+
+class FocusTrackerThread : public testing::Test {
+protected:
+    FocusTrackerThread()
+    {
+        accessibility.insideQueue = [] { return std::this_thread::get_id() != s_mainThread; };
+        for (const ProcessID pid : kApplications) {
+            const auto app = std::make_shared<FakeAXElement>();
+            const auto window = std::make_shared<FakeAXElement>();
+            window->set("AXRole", std::string("AXWindow"));
+            window->set("AXPosition", Point{10, 20});
+            window->set("AXSize", Size{300, 200});
+            window->hash = static_cast<std::uint64_t>(pid);
+            app->set("AXFocusedWindow", AXElement(window));
+            accessibility.applications[pid] = app;
+        }
+        makeFrontmost(kApplications[0]);
+    }
+
+    void makeFrontmost(ProcessID pid) { workspace.frontmost = FrontmostApplication{pid, false}; }
+
+    // After the tracker has gone: its queue, too, has come to its end.
+    void expectProperReleases() const
+    {
+        for (const auto& observer : accessibility.observers) {
+            EXPECT_FALSE(observer->live);
+            EXPECT_TRUE(observer->releasedInsideQueue);
+            EXPECT_FALSE(observer->releasedWhileOnRunLoop);
+        }
+    }
+
+    static inline const std::thread::id s_mainThread = std::this_thread::get_id();
+
+    PostingRunLoop loop;
+    ThreadedSerialQueues queues;
+    FakeDisplayLinks links;
+    FakeWorkspace workspace;
+    FakeScreens screens{{{{0, 0, 1000, 800}, DisplayID{1}, 60, 1}}};
+    FakeAccessibility accessibility;
+    FakeWindowInfoSource windowInfo;
+    FakeInputMonitors input;
+    FakeApplication application;
+    FakeWindowServerLibrary library;
+    FakeProcesses processes;
+    FakeLog log;
+    WindowServer windowServer{library, processes, loop, log};
+    std::optional<FocusTracker> tracker{std::in_place,
+                                        FocusTrackerPlatform{loop, queues, links, workspace, screens, accessibility,
+                                                             windowInfo, input, application, windowServer}};
+};
+
+TEST_F(FocusTrackerThread, it_finds_the_window_and_releases_the_observation_on_the_queue)
+{
+    tracker->start();
+    loop.runUntil([&] { return tracker->state().frame && !tracker->isQueryInFlight(); });
+    EXPECT_EQ(tracker->state().windowID, WindowIdentity{7});
+    tracker.reset();
+    EXPECT_EQ(accessibility.callsOutsideQueue, 0);
+    ASSERT_EQ(accessibility.observers.size(), 1U);
+    expectProperReleases();
+}
+
+TEST_F(FocusTrackerThread, a_tracker_may_be_destroyed_while_its_query_blocks)
+{
+    std::latch asked(1);
+    std::latch answer(1);
+    accessibility.onRead = [&](std::string_view name) {
+        if (name == "AXRole") {
+            asked.count_down();
+            answer.wait();
+        }
+    };
+    tracker->start();
+    asked.wait();
+    std::jthread application7([&] { answer.count_down(); });
+    tracker.reset(); // waits for the answer
+
+    // What the query posted still comes, and finds nobody.
+    bool last = false;
+    loop.post([&] { last = true; });
+    loop.runUntil([&] { return last; });
+    ASSERT_EQ(accessibility.observers.size(), 1U);
+    EXPECT_FALSE(accessibility.observers[0]->live);
+    EXPECT_TRUE(accessibility.observers[0]->runLoop.empty());
+}
+
+TEST_F(FocusTrackerThread, hasty_switches_leave_one_observation_at_a_time)
+{
+    tracker->start();
+    for (int round = 0; round < 300; ++round) {
+        makeFrontmost(kApplications[round % 2]);
+        workspace.announce(WorkspaceNotification::didActivateApplication);
+        if (round % 3 == 0)
+            loop.runUntil([&] { return tracker->state().frame && !tracker->isQueryInFlight(); });
+    }
+    loop.runUntil([&] { return tracker->state().frame && !tracker->isQueryInFlight(); });
+    EXPECT_EQ(tracker->state().windowID, WindowIdentity{8});
+    tracker.reset();
+    EXPECT_EQ(accessibility.callsOutsideQueue, 0);
+    EXPECT_GT(accessibility.observers.size(), 1U);
+    expectProperReleases();
+}
+
+TEST_F(FocusTrackerThread, a_notification_may_end_the_observation_that_delivers_it)
+{
+    tracker->start();
+    for (int round = 0; round < 100; ++round) {
+        loop.runUntil([&] { return tracker->state().frame && !tracker->isQueryInFlight(); });
+        workspace.frontmost->hidden = true;
+        accessibility.notify(accessibility.observers.back(), "AXApplicationHidden");
+        EXPECT_EQ(tracker->state(), FocusState::blank());
+        workspace.frontmost->hidden = false;
+        workspace.announce(WorkspaceNotification::didActivateApplication);
+    }
+    tracker.reset();
+    bool last = false;
+    loop.post([&] { last = true; });
+    loop.runUntil([&] { return last; });
+    for (const auto& observer : accessibility.observers)
+        EXPECT_FALSE(observer->live);
+}
+
+} // namespace
+} // namespace haloric

@@ -1,0 +1,47 @@
+// The program itself, running on a test's desktop with settings of the test's choice.
+#pragma once
+
+#include "x11/support/ChildProcess.h"
+#include "x11/support/DesktopObserver.h"
+#include "x11/support/X11Session.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace haloric {
+
+class HaloricProcess {
+public:
+    // Starts the program in `session`'s environment. `settings` is the stored record as JSON; empty: none is stored.
+    HaloricProcess(X11Session& session, const std::string& settings = {},
+                   const std::vector<std::string>& arguments = {});
+
+    static std::filesystem::path program() { return HALORIC_PROGRAM; }
+
+    // Where the program finds the record that this environment gives it.
+    static std::filesystem::path settingsFile(const Environment& environment);
+
+    pid_t pid() const { return m_process.pid(); }
+    ChildProcess& process() { return m_process; }
+
+    // The windows that the program shows right now, bottom to top.
+    std::vector<RootChild> overlays() { return m_session.observer().overlaysOf(pid()); }
+
+    // Waits until a window of the program is on the screen whose middle is the middle of `frame`, and which is no
+    // smaller: the highlight. The window, or none.
+    std::optional<RootChild> waitForHighlight(const ScreenRect& frame, std::chrono::milliseconds patience = kPatience);
+
+    // Waits until the program shows no window at all.
+    [[nodiscard]] bool waitForNothing(std::chrono::milliseconds patience = kPatience);
+
+    // Ends the program by SIGTERM; its exit code.
+    int stop() { return m_process.terminate(); }
+
+private:
+    X11Session& m_session;
+    ChildProcess m_process;
+};
+
+} // namespace haloric

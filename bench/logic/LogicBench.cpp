@@ -1,0 +1,107 @@
+// What one display frame costs in Haloric's own code: the tracker's tick and the overlay's pass, on adapters that do
+// next to nothing, so that neither a server nor an application is waited for.
+#include "hosts/sim/SimRunLoop.h"
+#include "hosts/sim/SimSerialQueues.h"
+#include "overlay/OverlayController.h"
+#include "support/FakeAccessibility.h"
+#include "support/FakeApplication.h"
+#include "support/FakeDisplayLinks.h"
+#include "support/FakeInputMonitors.h"
+#include "support/FakeLog.h"
+#include "support/FakeProcesses.h"
+#include "support/FakeScreens.h"
+#include "support/FakeToolkitWindows.h"
+#include "support/FakeUserDefaults.h"
+#include "support/FakeWindowInfoSource.h"
+#include "support/FakeWorkspace.h"
+#include "support/SilentWindowServerLibrary.h"
+#include "tracking/FocusTracker.h"
+
+#include <benchmark/benchmark.h>
+
+#include <stdexcept>
+
+namespace haloric {
+namespace {
+
+// A desktop with one focused window, followed in fast mode.
+class Desktop {
+public:
+    Desktop()
+    {
+        const auto window = std::make_shared<FakeAXElement>();
+        window->set("AXRole", std::string("AXWindow"));
+        window->set("AXMinimized", false);
+        window->set(kWindow);
+        const auto application = std::make_shared<FakeAXElement>();
+        application->set("AXFocusedWindow", AXElement(window));
+        accessibility.applications[kEditor] = application;
+        workspace.frontmost = FrontmostApplication{kEditor, false};
+        windowInfo.windows->push_back(FakeWindowInfoSource::ordinary(kWindow, kEditor, {100, 100, 400, 300}));
+        toolkit.recordsCalls = false;
+
+        tracker.onChange = [this](const FocusState& state) { overlays.setState(state); };
+        tracker.start();
+        loop.runPosted();
+        if (!tracker.isFastTracking() || !tracker.state().frame)
+            throw std::logic_error("the window is not followed");
+    }
+
+    static constexpr ProcessID kEditor{7};
+    static constexpr WindowNumber kWindow{42};
+
+    SimRunLoop loop;
+    SimSerialQueues queues{loop};
+    FakeDisplayLinks links;
+    FakeWorkspace workspace;
+    FakeScreens screens{{Screen{{0, 0, 1920, 1080}, DisplayID{1}, 60, 1}}};
+    FakeAccessibility accessibility;
+    FakeWindowInfoSource windowInfo;
+    FakeInputMonitors input;
+    FakeApplication application;
+    FakeToolkitWindows toolkit;
+    SilentWindowServerLibrary library;
+    FakeProcesses processes;
+    FakeLog log;
+    FakeUserDefaults defaults;
+    WindowServer windowServer{library, processes, loop, log};
+    WindowList windowList{windowInfo, screens, workspace, application.pid};
+    SettingsStore store{defaults};
+    OverlayController overlays{{loop, workspace, screens, toolkit, input, windowServer, windowList, log}, store};
+    FocusTracker tracker{
+        {loop, queues, links, workspace, screens, accessibility, windowInfo, input, application, windowServer}};
+};
+
+void tickWithoutChange(benchmark::State& state)
+{
+    Desktop desktop;
+    for ([[maybe_unused]] auto iteration : state)
+        desktop.links.frame();
+}
+
+void passWithoutChange(benchmark::State& state)
+{
+    Desktop desktop;
+    const FocusState focused = desktop.tracker.state();
+    for ([[maybe_unused]] auto iteration : state)
+        desktop.overlays.setState(focused);
+}
+
+// The window moves from frame to frame: the tick, the published state and the pass that moves the highlight.
+void tickAndPassWithMovement(benchmark::State& state)
+{
+    Desktop desktop;
+    for ([[maybe_unused]] auto iteration : state) {
+        SilentWindowServerLibrary::bounds.x = SilentWindowServerLibrary::bounds.x > 150 ? 100 : 200;
+        desktop.links.frame();
+    }
+}
+
+BENCHMARK(tickWithoutChange);
+BENCHMARK(passWithoutChange);
+BENCHMARK(tickAndPassWithMovement);
+
+} // namespace
+} // namespace haloric
+
+BENCHMARK_MAIN();

@@ -26,30 +26,30 @@ bool isFinite(const Color& color)
 // In the following, `member` gives the part of a record that the control is bound to.
 
 template <class Write, class Member>
-FormToggle boundToggle(std::string label, const Settings& shown, const Write& write, Member member)
+FormToggle boundToggle(const std::string& label, const Settings& shown, const Write& write, Member member)
 {
     const auto set = [write, member](bool isOn) { write([&](Settings& record) { member(record) = isOn; }); };
-    return {.label = std::move(label), .isOn = member(shown), .set = set};
+    return {.label = label, .isOn = member(shown), .set = set};
 }
 
 template <class Write, class Member>
-FormColorWell boundColorWell(std::string label, const Settings& shown, const Write& write, Member member)
+FormColorWell boundColorWell(const std::string& label, const Settings& shown, const Write& write, Member member)
 {
     const auto set = [write, member](const Color& color) {
         if (isFinite(color))
             write([&](Settings& record) { member(record) = rgbaFrom(color); });
     };
-    return {.label = std::move(label), .color = colorFrom(member(shown)), .set = set};
+    return {.label = label, .color = colorFrom(member(shown)), .set = set};
 }
 
 } // namespace
 
 SettingsControls::SettingsControls(SettingsStore& store) : m_store(store) {}
 
-FormRow SettingsControls::toggle(std::string id, std::string label, bool Settings::*field) const
+FormRow SettingsControls::toggle(std::string id, const std::string& label, bool Settings::*field) const
 {
     const auto member = [field](auto& record) -> auto& { return record.*field; };
-    return {std::move(id), boundToggle(std::move(label), settings(), writer(), member)};
+    return {std::move(id), boundToggle(label, settings(), writer(), member)};
 }
 
 FormRow SettingsControls::slider(std::string id, const std::string& label, ValueText form, const SliderScale& scale,
@@ -68,10 +68,10 @@ FormRow SettingsControls::slider(std::string id, const std::string& label, Value
                                       .set = set}};
 }
 
-FormRow SettingsControls::colorWell(std::string id, std::string label, RGBA Settings::*field) const
+FormRow SettingsControls::colorWell(std::string id, const std::string& label, RGBA Settings::*field) const
 {
     const auto member = [field](auto& record) -> auto& { return record.*field; };
-    return {std::move(id), boundColorWell(std::move(label), settings(), writer(), member)};
+    return {std::move(id), boundColorWell(label, settings(), writer(), member)};
 }
 
 void SettingsControls::appendEffectColor(FormSection& section, const std::string& id,

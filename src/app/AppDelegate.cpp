@@ -3,7 +3,7 @@
 #include "platform/Accessibility.h"
 #include "platform/Alerts.h"
 #include "platform/RunLoop.h"
-#include "platform/Workspace.h"
+#include "settings/AccessibilityGrant.h"
 
 #include <cstdlib>
 
@@ -74,11 +74,8 @@ void AppDelegate::showOnboarding()
 {
     // An accessory application is otherwise behind the frontmost one, and the alert with it.
     m_platform.application.activateIgnoringOtherApps();
-    if (m_platform.alerts.runModal(onboardingAlert()) != Alerts::kFirstButton)
-        return;
-    // The prompt is what puts the application into the list that the URL opens.
-    m_platform.accessibility.isProcessTrustedWithPrompt(true);
-    m_platform.workspace.openURL(kAccessibilitySettingsURL);
+    if (m_platform.alerts.runModal(onboardingAlert()) == Alerts::kFirstButton)
+        grantAccessibility(m_platform.accessibility, m_platform.workspace);
 }
 
 void AppDelegate::startTracker()

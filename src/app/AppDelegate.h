@@ -11,17 +11,12 @@
 #include "tracking/FocusTracker.h"
 
 #include <memory>
-#include <string_view>
 #include <vector>
 
 namespace haloric {
 
 class AppDelegate final : public ApplicationDelegate {
 public:
-    // Opens the Accessibility pane of Privacy & Security in System Settings.
-    static constexpr std::string_view kAccessibilitySettingsURL =
-        "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
-
     // `platform` is copied; what it refers to, and the store, outlive the delegate.
     AppDelegate(const AppDelegatePlatform& platform, SettingsStore& store);
 

@@ -2,7 +2,7 @@
 // that could take the focus. Main thread.
 #pragma once
 
-#include "hosts/x11/X11RunLoop.h"
+#include "hosts/x11/X11EventLoop.h"
 #include "platform/Application.h"
 
 namespace haloric {
@@ -10,7 +10,7 @@ namespace haloric {
 class X11Application final : public Application {
 public:
     // The loop outlives it.
-    explicit X11Application(X11RunLoop& runLoop) : m_runLoop(runLoop) {}
+    explicit X11Application(X11EventLoop& loop) : m_loop(loop) {}
 
     void setDelegate(ApplicationDelegate* delegate) override { m_delegate = delegate; }
 
@@ -27,7 +27,7 @@ public:
     std::optional<OwnWindow> mainWindow() const override { return {}; }
 
 private:
-    X11RunLoop& m_runLoop;
+    X11EventLoop& m_loop;
     ApplicationDelegate* m_delegate = nullptr;
     bool m_launched = false;
     bool m_terminated = false;

@@ -153,16 +153,23 @@ void X11RunLoop::stop()
     wake();
 }
 
-void X11RunLoop::turn(Seconds maximumWait)
+bool X11RunLoop::prepareToWait()
 {
     runHooks();
     takeInDelayedPosts();
     armDescriptor();
-    bool mayWait = false;
     {
         const std::lock_guard guard(m_lock);
-        mayWait = m_posted.empty();
+        if (m_posted.empty())
+            return true;
     }
+    wake(); // a turn that is still under way, around this one, may have taken the first call already
+    return false;
+}
+
+void X11RunLoop::turn(Seconds maximumWait)
+{
+    const bool mayWait = prepareToWait();
     const auto limit = std::min(rounded<std::chrono::milliseconds>(maximumWait), std::chrono::milliseconds(1 << 30));
     std::array<epoll_event, 16> ready{};
     const int count =

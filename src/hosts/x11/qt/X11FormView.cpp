@@ -1,0 +1,77 @@
+#include "hosts/x11/qt/X11FormView.h"
+
+#include <QHBoxLayout>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace haloric {
+
+namespace {
+
+constexpr int kMargin = 18; // points
+constexpr int kSectionGap = 18;
+constexpr int kButtonGap = 6;
+
+} // namespace
+
+X11FormView::X11FormView(QWidget* parent)
+    : QWidget(parent),
+      m_scroll(new QScrollArea(this)),
+      m_content(new QWidget),
+      m_column(new QVBoxLayout(m_content)),
+      m_line(new QHBoxLayout),
+      m_sections(*m_column),
+      m_buttons(*m_line)
+{
+    m_column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    m_column->setSpacing(kSectionGap);
+    m_column->setSizeConstraint(QLayout::SetMinimumSize);
+    m_line->setContentsMargins(kMargin, kButtonGap, kMargin, kButtonGap);
+    m_line->setSpacing(kButtonGap);
+
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->setWidget(m_content);
+
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->setSpacing(0);
+    all->addWidget(m_scroll, 1);
+    all->addLayout(m_line);
+    m_line->addStretch(1);
+}
+
+void X11FormView::show(const FormModel& form)
+{
+    m_sections.show(form.sections);
+    m_buttons.show(form.buttons);
+    m_buttons.forEach([](X11FormRow& row) { row.makeCompact(); });
+    orderTabs();
+}
+
+// From the top to the bottom, whenever the widgets were made.
+void X11FormView::orderTabs()
+{
+    QWidget* before = nullptr;
+    const auto append = [&before](const X11FormRow& row) {
+        if (before)
+            setTabOrder(before, &row.control());
+        before = &row.control();
+    };
+    m_sections.forEach([&append](const X11FormSection& section) { section.rows().forEach(append); });
+    m_buttons.forEach(append);
+}
+
+std::vector<Task> X11FormView::onAppear() const
+{
+    std::vector<Task> tasks;
+    m_sections.forEach([&tasks](const X11FormSection& section) {
+        if (section.onAppear())
+            tasks.push_back(section.onAppear());
+    });
+    return tasks;
+}
+
+} // namespace haloric

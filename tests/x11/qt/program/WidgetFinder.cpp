@@ -1,0 +1,76 @@
+#include "x11/qt/program/WidgetFinder.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QListWidget>
+#include <QMenu>
+#include <QWidget>
+
+namespace haloric {
+
+namespace {
+
+std::optional<QRect> onRoot(const QWidget& widget, const QRect& part)
+{
+    const double scale = widget.devicePixelRatio();
+    const QPointF topLeft = widget.mapToGlobal(QPointF(part.topLeft()));
+    return QRectF(topLeft * scale, QSizeF(part.size()) * scale).toRect();
+}
+
+QString plain(QString text) { return text.replace("&&", "&"); }
+
+QWidget* named(const QString& name)
+{
+    for (QWidget* widget : QApplication::allWidgets()) {
+        const auto* button = qobject_cast<QAbstractButton*>(widget);
+        if (widget->isVisible() && (widget->objectName() == name || (button && plain(button->text()) == name)))
+            return widget;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+std::optional<QRect> WidgetFinder::find(const std::string& name)
+{
+    const QString wanted = QString::fromStdString(name);
+    for (const QWidget* widget : QApplication::allWidgets()) {
+        if (!widget->isVisible())
+            continue;
+        if (const auto* menu = qobject_cast<const QMenu*>(widget)) {
+            for (QAction* action : menu->actions()) {
+                if (plain(action->text()) == wanted && menu->actionGeometry(action).isValid())
+                    return onRoot(*menu, menu->actionGeometry(action));
+            }
+        }
+        if (const auto* list = qobject_cast<const QListWidget*>(widget)) {
+            for (const QListWidgetItem* item : list->findItems(wanted, Qt::MatchExactly))
+                return onRoot(*list->viewport(), list->visualItemRect(item));
+        }
+    }
+    const QWidget* widget = named(wanted);
+    return widget ? onRoot(*widget, widget->rect()) : std::nullopt;
+}
+
+std::string WidgetFinder::focused()
+{
+    const QWidget* widget = QApplication::focusWidget();
+    if (!widget)
+        return {};
+    const auto* button = qobject_cast<const QAbstractButton*>(widget);
+    const QString name = widget->objectName().isEmpty() && button ? button->text() : widget->objectName();
+    return name.toStdString();
+}
+
+std::string WidgetFinder::described(const std::string& name)
+{
+    QWidget* widget = named(QString::fromStdString(name));
+    QAccessibleInterface* accessible = widget ? QAccessible::queryAccessibleInterface(widget) : nullptr;
+    if (!accessible)
+        return {};
+    return std::to_string(int(accessible->role())) + " " + accessible->text(QAccessible::Name).toStdString();
+}
+
+} // namespace haloric

@@ -225,13 +225,23 @@ void X11RunLoop::takeInDelayedPosts()
 
 void X11RunLoop::runPosted()
 {
-    std::vector<Task> posted;
+    std::size_t count = 0;
     {
         const std::lock_guard guard(m_lock);
-        posted.swap(m_posted);
+        count = m_posted.size();
     }
-    for (const Task& task : posted)
+    // One by one: a task may turn the loop itself, and those behind it then run from there.
+    for (; count > 0; --count) {
+        Task task;
+        {
+            const std::lock_guard guard(m_lock);
+            if (m_posted.empty())
+                return;
+            task = std::move(m_posted.front());
+            m_posted.pop_front();
+        }
         task();
+    }
 }
 
 void X11RunLoop::armDescriptor()

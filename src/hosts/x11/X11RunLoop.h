@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -76,7 +77,7 @@ private:
     std::vector<std::shared_ptr<Hook>> m_hooks;
 
     std::mutex m_lock; // guards the next two
-    std::vector<Task> m_posted;
+    std::deque<Task> m_posted;
     std::vector<std::pair<Clock::time_point, Task>> m_postedDelayed;
 };
 

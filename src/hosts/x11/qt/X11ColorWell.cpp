@@ -88,7 +88,7 @@ void X11ColorWell::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF well(width() - X11FocusRing::kMargin - kWidth, (height() - kHeight) / 2, kWidth, kHeight);
-    if (hasFocus())
+    if (X11FocusRing::isWanted(*this))
         X11FocusRing::paint(painter, well, kRadius, colors);
     if (!isEnabled())
         painter.setOpacity(kDisabledOpacity);

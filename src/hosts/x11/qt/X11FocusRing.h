@@ -5,6 +5,7 @@
 
 #include <QPainter>
 #include <QRectF>
+#include <QWidget>
 
 namespace haloric {
 
@@ -12,6 +13,12 @@ struct X11FocusRing {
     static constexpr double kWidth = 2;
     static constexpr double kGap = 1;
     static constexpr double kMargin = kWidth + kGap; // that the control keeps free around itself
+
+    // Whoever uses the pointer knows where the control is.
+    static bool isWanted(const QWidget& control)
+    {
+        return control.hasFocus() && control.window()->testAttribute(Qt::WA_KeyboardFocusChange);
+    }
 
     // Around `shape`, whose corners have that radius.
     static void paint(QPainter& painter, const QRectF& shape, double radius, const X11FormColors& colors)

@@ -72,8 +72,8 @@ void X11FormRow::addControlAlone(QWidget& control, const FormRow& row)
 
 void X11FormRow::makeCompact()
 {
-    m_line->setContentsMargins(0, kEdgeMargin, 0, kEdgeMargin);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    m_line->setContentsMargins(0, 0, 0, 0);
+    setMinimumHeight(0);
 }
 
 } // namespace haloric

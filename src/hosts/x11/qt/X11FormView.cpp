@@ -1,6 +1,5 @@
 #include "hosts/x11/qt/X11FormView.h"
 
-#include <QHBoxLayout>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -10,7 +9,8 @@ namespace {
 
 constexpr int kMargin = 18; // points
 constexpr int kSectionGap = 18;
-constexpr int kButtonGap = 6;
+constexpr int kButtonGap = 8;
+constexpr int kButtonMargin = 12;
 
 } // namespace
 
@@ -19,14 +19,14 @@ X11FormView::X11FormView(QWidget* parent)
       m_scroll(new QScrollArea(this)),
       m_content(new QWidget),
       m_column(new QVBoxLayout(m_content)),
-      m_line(new QHBoxLayout),
+      m_line(new X11FlowLayout),
       m_sections(*m_column),
       m_buttons(*m_line)
 {
     m_column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     m_column->setSpacing(kSectionGap);
-    m_column->setSizeConstraint(QLayout::SetMinimumSize);
-    m_line->setContentsMargins(kMargin, kButtonGap, kMargin, kButtonGap);
+    m_column->addStretch(1);
+    m_line->setContentsMargins(kMargin, kButtonMargin, kMargin, kButtonMargin);
     m_line->setSpacing(kButtonGap);
 
     m_scroll->setFrameShape(QFrame::NoFrame);
@@ -40,7 +40,6 @@ X11FormView::X11FormView(QWidget* parent)
     all->setSpacing(0);
     all->addWidget(m_scroll, 1);
     all->addLayout(m_line);
-    m_line->addStretch(1);
 }
 
 void X11FormView::show(const FormModel& form)

@@ -1,6 +1,7 @@
-// A form: sections that scroll, and a row of buttons below them that stays. Main thread.
+// A form: sections that scroll, and buttons below them that stay. Main thread.
 #pragma once
 
+#include "hosts/x11/qt/X11FlowLayout.h"
 #include "hosts/x11/qt/X11FormRow.h"
 #include "hosts/x11/qt/X11FormSection.h"
 #include "hosts/x11/qt/X11KeyedWidgets.h"
@@ -10,7 +11,6 @@
 
 #include <QWidget>
 
-class QHBoxLayout;
 class QScrollArea;
 class QVBoxLayout;
 
@@ -31,9 +31,9 @@ private:
     QScrollArea* m_scroll;
     QWidget* m_content;
     QVBoxLayout* m_column;
-    QHBoxLayout* m_line;
+    X11FlowLayout* m_line;
     X11KeyedWidgets<X11FormSection> m_sections;
-    X11KeyedWidgets<X11FormRow> m_buttons;
+    X11KeyedWidgets<X11FormRow, X11FlowLayout> m_buttons;
 };
 
 } // namespace haloric

@@ -15,11 +15,11 @@ namespace haloric {
 
 // A Widget is made by `Widget::make(model)`, tells by `isFor(model)` whether it can show a model, and does by
 // `show(model)`.
-template <class Widget>
+template <class Widget, class Layout = QBoxLayout>
 class X11KeyedWidgets {
 public:
     // They are the first in the layout, which outlives it.
-    explicit X11KeyedWidgets(QBoxLayout& layout) : m_layout(layout) {}
+    explicit X11KeyedWidgets(Layout& layout) : m_layout(layout) {}
 
     // True when a widget was made or taken away, or changed its place.
     template <class Model>
@@ -73,7 +73,7 @@ private:
         widget.deleteLater();
     }
 
-    QBoxLayout& m_layout;
+    Layout& m_layout;
     std::vector<Element> m_elements;
 };
 

@@ -37,6 +37,7 @@ void X11PickerRow::show(const FormRow& row)
     m_choose = picker.choose;
     m_label.setText(qtText(picker.label));
     m_box->setAccessibleName(qtText(picker.label));
+    m_box->setAccessibleDescription(qtText(picker.label)); // Qt gives the chosen option as a box's name
     QStringList options;
     for (const std::string& option : picker.options)
         options.append(qtText(option));

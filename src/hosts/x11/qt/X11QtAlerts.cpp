@@ -3,6 +3,7 @@
 #include "hosts/x11/qt/X11ApplicationIcon.h"
 #include "hosts/x11/qt/X11Text.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -14,6 +15,16 @@ constexpr int kIconSize = 64; // points
 
 // The text itself is the title in other places; window managers want one of their own.
 constexpr const char* kTitle = "Haloric";
+
+// Some styles do it by themselves.
+void emphasise(const QMessageBox& box)
+{
+    if (auto* text = box.findChild<QLabel*>("qt_msgbox_label")) {
+        QFont font = text->font();
+        font.setBold(true);
+        text->setFont(font);
+    }
+}
 
 } // namespace
 
@@ -27,8 +38,7 @@ std::int64_t X11QtAlerts::runModal(const AlertModel& alert)
     const QIcon icon = X11ApplicationIcon::make();
     box.setWindowIcon(icon);
     box.setIconPixmap(icon.pixmap(QSize(kIconSize, kIconSize), box.devicePixelRatio()));
-    QFont emphasised = box.font();
-    emphasised.setBold(true);
+    emphasise(box);
     std::vector<QPushButton*> buttons;
     for (const std::string& title : alert.buttons) {
         const auto role = buttons.empty() ? QMessageBox::AcceptRole : QMessageBox::RejectRole;

@@ -27,7 +27,7 @@ void passOn(QtMsgType type, const QMessageLogContext&, const QString& message)
             displayLostHandler();
         std::_Exit(kNoDisplay); // Qt would run the destructors of static objects beside running threads
     }
-    if (type != QtDebugMsg && type != QtInfoMsg)
+    if (type == QtCriticalMsg || type == QtFatalMsg) // its warnings are for programmers
         std::fprintf(stderr, "haloric: %s\n", qUtf8Printable(message));
 }
 

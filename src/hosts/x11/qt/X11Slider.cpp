@@ -88,7 +88,7 @@ void X11Slider::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(filled, kTrack / 2, kTrack / 2);
 
     const QRectF circle(knob - kKnob / 2, middle - kKnob / 2, kKnob, kKnob);
-    if (hasFocus())
+    if (X11FocusRing::isWanted(*this))
         X11FocusRing::paint(painter, circle, kKnob / 2, colors);
     painter.setPen(QPen(colors.knobBorder, 1));
     painter.setBrush(colors.knob);

@@ -28,18 +28,25 @@ void X11StatusItem::appear()
         if (reason == QSystemTrayIcon::Trigger)
             openMenu();
     });
-    m_icon->setIcon(X11Images::icon(m_image, QApplication::palette()));
     m_icon->setToolTip(qtText(m_toolTip));
     if (m_menu)
         m_icon->setContextMenu(&m_menu->menu());
-    m_icon->show();
+    showImage();
+}
+
+// Without a picture there is nothing to show.
+void X11StatusItem::showImage()
+{
+    if (!m_icon)
+        return;
+    m_icon->setIcon(X11Images::icon(m_image, QApplication::palette()));
+    m_icon->setVisible(!m_icon->icon().isNull());
 }
 
 void X11StatusItem::setImage(const Image& image)
 {
     m_image = image;
-    if (m_icon)
-        m_icon->setIcon(X11Images::icon(m_image, QApplication::palette()));
+    showImage();
 }
 
 void X11StatusItem::setToolTip(const std::string& text)
@@ -65,7 +72,7 @@ void X11StatusItem::menuItemsChanged()
 bool X11StatusItem::eventFilter(QObject* object, QEvent* event)
 {
     if (object == qApp && event->type() == QEvent::ApplicationPaletteChange) {
-        setImage(Image(m_image));
+        showImage();
         if (m_menu)
             m_menu->updateImages();
     }

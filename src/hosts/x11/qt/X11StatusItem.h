@@ -31,6 +31,7 @@ public:
 private:
     bool eventFilter(QObject* object, QEvent* event) override;
     void appear();
+    void showImage();
     void openMenu();
 
     Image m_image;

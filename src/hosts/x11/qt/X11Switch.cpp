@@ -24,7 +24,7 @@ void X11Switch::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF track(width() - X11FocusRing::kMargin - kWidth, (height() - kHeight) / 2, kWidth, kHeight);
-    if (hasFocus())
+    if (X11FocusRing::isWanted(*this))
         X11FocusRing::paint(painter, track, kHeight / 2, colors);
     if (!isEnabled())
         painter.setOpacity(kDisabledOpacity);

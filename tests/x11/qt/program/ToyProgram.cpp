@@ -54,14 +54,13 @@ ToyProgram::ToyProgram(const Platform& platform) : m_platform(platform)
 Subscription ToyProgram::obey(X11RunLoop& runLoop, int descriptor)
 {
     fcntl(descriptor, F_SETFL, O_NONBLOCK);
-    return runLoop.watch(descriptor, [this, descriptor] {
+    return runLoop.watch(descriptor, [this, descriptor, &runLoop] {
         char buffer[256];
         for (ssize_t count = 0; (count = read(descriptor, buffer, sizeof buffer)) > 0;)
             m_unread.append(buffer, static_cast<std::size_t>(count));
         for (auto end = m_unread.find('\n'); end != std::string::npos; end = m_unread.find('\n')) {
-            const std::string line = m_unread.substr(0, end);
+            runLoop.post([this, line = m_unread.substr(0, end)] { obey(line); });
             m_unread.erase(0, end + 1);
-            obey(line);
         }
     });
 }
@@ -160,14 +159,14 @@ void ToyProgram::addQuestions()
 {
     m_verbs["where"] = [](const std::string& name) {
         if (const auto place = WidgetFinder::find(name)) {
-            std::cout << "at " << name << " " << place->x() << " " << place->y() << " " << place->width() << " "
-                      << place->height() << std::endl;
+            std::cout << "= " << place->x() << " " << place->y() << " " << place->width() << " " << place->height()
+                      << std::endl;
         } else {
-            say("nowhere " + name);
+            say("= nowhere");
         }
     };
-    m_verbs["focus"] = [](const std::string&) { say("focus " + WidgetFinder::focused()); };
-    m_verbs["describe"] = [](const std::string& name) { say("described " + WidgetFinder::described(name)); };
+    m_verbs["focus"] = [](const std::string&) { say("= " + WidgetFinder::focused()); };
+    m_verbs["describe"] = [](const std::string& name) { say("= " + WidgetFinder::described(name)); };
 }
 
 } // namespace haloric

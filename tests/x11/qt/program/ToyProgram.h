@@ -8,9 +8,13 @@
 //   well on|off              enables or disables the colour well
 //   alert, error, about, choose
 //   palette dark|light
-//   where NAME               says "at NAME X Y WIDTH HEIGHT", or "nowhere NAME"
-//   focus, describe NAME     says what has the keyboard, how a control is described
 //   quit
+//
+// Answers start with "= ":
+//
+//   where NAME               "X Y WIDTH HEIGHT" on the root, or "nowhere"
+//   focus                    what has the keyboard; nothing without it
+//   describe NAME            name and description, as assistive technology reads them
 #pragma once
 
 #include "hosts/x11/X11RunLoop.h"

@@ -25,7 +25,9 @@ QWidget* named(const QString& name)
 {
     for (QWidget* widget : QApplication::allWidgets()) {
         const auto* button = qobject_cast<QAbstractButton*>(widget);
-        if (widget->isVisible() && (widget->objectName() == name || (button && plain(button->text()) == name)))
+        const bool isCalledSo = widget->objectName() == name || widget->metaObject()->className() == name ||
+                                (button && plain(button->text()) == name);
+        if (widget->isVisible() && isCalledSo)
             return widget;
     }
     return nullptr;
@@ -60,7 +62,9 @@ std::string WidgetFinder::focused()
     if (!widget)
         return {};
     const auto* button = qobject_cast<const QAbstractButton*>(widget);
-    const QString name = widget->objectName().isEmpty() && button ? button->text() : widget->objectName();
+    QString name = widget->objectName();
+    if (name.isEmpty())
+        name = button ? plain(button->text()) : widget->metaObject()->className();
     return name.toStdString();
 }
 
@@ -70,7 +74,8 @@ std::string WidgetFinder::described(const std::string& name)
     QAccessibleInterface* accessible = widget ? QAccessible::queryAccessibleInterface(widget) : nullptr;
     if (!accessible)
         return {};
-    return std::to_string(int(accessible->role())) + " " + accessible->text(QAccessible::Name).toStdString();
+    return accessible->text(QAccessible::Name).toStdString() + ", " +
+           accessible->text(QAccessible::Description).toStdString();
 }
 
 } // namespace haloric

@@ -10,14 +10,14 @@ namespace haloric {
 
 class WidgetFinder {
 public:
-    // In pixels of the root window. Looks for a visible widget with that name, a button with that text, an item of an
-    // open menu or of a list. Absent while there is none.
+    // In pixels of the root window. Looks for a visible widget of that name or class, a button with that text, an item
+    // of an open menu or of a list. Absent while there is none.
     static std::optional<QRect> find(const std::string& name);
 
-    // The name of the widget that has the keyboard, else its text; empty without one.
+    // The name of the widget that has the keyboard, else its text or class; empty without one.
     static std::string focused();
 
-    // What assistive technology reads: the role and name of the widget with that name.
+    // What assistive technology reads: name and description of the widget with that name.
     static std::string described(const std::string& name);
 };
 

@@ -6,6 +6,7 @@ haloric_library(haloric_x11_desktop
     X11Accessibility.cpp
     X11ApplicationCatalog.cpp
     X11ApplicationFiles.cpp
+    X11ApplicationWindows.cpp
     X11AXObserver.cpp
     X11ClientNotice.cpp
     X11ClientReader.cpp

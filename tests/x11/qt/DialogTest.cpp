@@ -1,5 +1,9 @@
 #include "x11/qt/QtToy.h"
 
+#include <filesystem>
+#include <fstream>
+#include <optional>
+
 namespace haloric {
 namespace {
 
@@ -64,23 +68,76 @@ TEST_F(Dialogs, an_error_is_shown_until_it_is_confirmed)
     EXPECT_TRUE(toy.hears("error seen"));
 }
 
-TEST_F(Dialogs, an_application_is_found_by_typing_and_chosen_by_return)
+struct Chooser : testing::Test {
+    X11Session session{WindowManager::openbox};
+    std::filesystem::path folder = session.server().folder() / "data";
+    std::optional<QtToy> toy;
+
+    void SetUp() override
+    {
+        install("org.test.Beta", "Beta");
+        install("org.test.Alpha", "Alpha");
+        install("org.test.Hidden", "Beth\nNoDisplay=true");
+        toy.emplace(session, Environment{{"XDG_DATA_HOME", folder}, {"XDG_DATA_DIRS", folder / "none"}});
+        toy->tell("choose");
+        ASSERT_TRUE(toy->waitForFocus("QLineEdit"));
+    }
+
+    std::filesystem::path pathOf(const std::string& identifier)
+    {
+        return folder / "applications" / (identifier + ".desktop");
+    }
+
+    void install(const std::string& identifier, const std::string& name)
+    {
+        std::filesystem::create_directories(folder / "applications");
+        std::ofstream(pathOf(identifier)) << "[Desktop Entry]\nType=Application\nExec=true\nName=" << name << "\n";
+    }
+
+    void type(const std::string& text)
+    {
+        for (const char letter : text)
+            toy->press(static_cast<std::uint32_t>(letter));
+    }
+};
+
+TEST_F(Chooser, an_application_is_found_by_typing_and_chosen_by_return)
 {
-    toy.tell("choose");
-    ASSERT_TRUE(waitForWindow());
-    for (const char letter : std::string("openbox"))
-        toy.press(static_cast<std::uint32_t>(letter));
-    ASSERT_TRUE(session.observer().waitUntil([this] { return !toy.isVisible("Python (v3.11)"); }));
-    toy.press(Key::kReturn);
-    EXPECT_EQ(toy.hear("chosen"), "chosen nothing"); // openbox is hidden from menus
+    type("bet");
+    ASSERT_TRUE(session.observer().waitUntil([this] { return !toy->isVisible("Alpha"); }));
+    toy->press(Key::kReturn);
+    EXPECT_EQ(toy->hear("chosen"), "chosen " + pathOf("org.test.Beta").string());
 }
 
-TEST_F(Dialogs, escape_chooses_no_application)
+TEST_F(Chooser, the_first_application_is_chosen_by_the_button)
 {
-    toy.tell("choose");
-    ASSERT_TRUE(waitForWindow());
-    toy.press(Key::kEscape);
-    EXPECT_EQ(toy.hear("chosen"), "chosen nothing");
+    ASSERT_TRUE(toy->click("Add"));
+    EXPECT_EQ(toy->hear("chosen"), "chosen " + pathOf("org.test.Alpha").string());
+}
+
+TEST_F(Chooser, the_arrows_move_the_choice_while_the_search_field_has_the_keyboard)
+{
+    toy->press(Key::kDown);
+    toy->press(Key::kReturn);
+    EXPECT_EQ(toy->hear("chosen"), "chosen " + pathOf("org.test.Beta").string());
+}
+
+TEST_F(Chooser, a_double_click_chooses)
+{
+    ASSERT_TRUE(toy->click("Beta"));
+    session.input().press();
+    session.input().release();
+    EXPECT_EQ(toy->hear("chosen"), "chosen " + pathOf("org.test.Beta").string());
+}
+
+TEST_F(Chooser, nothing_can_be_chosen_where_nothing_is_found)
+{
+    type("bethel");
+    toy->press(Key::kReturn);
+    EXPECT_FALSE(toy->hasSaid("chosen"));
+    EXPECT_FALSE(toy->isVisible("Beth"));
+    toy->press(Key::kEscape);
+    EXPECT_EQ(toy->hear("chosen"), "chosen nothing");
 }
 
 TEST_F(Dialogs, the_about_panel_waits_for_nobody_and_closes_by_escape)

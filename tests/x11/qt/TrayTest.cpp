@@ -17,34 +17,60 @@ struct Tray : testing::Test {
             -1});
     }
 
-    // The icon inside of the panel: a window of its own there.
+    // The icon: a window of the program inside of the panel, once a click in its middle would reach it. Panels move
+    // about while they take one in.
     ScreenRect findIcon()
     {
         ScreenRect icon;
         const auto isThere = [&] {
-            icon = iconBelow(session.observer().root(), 0);
-            return icon.width > 0;
+            const xcb_window_t window = iconBelow(session.observer().root());
+            icon = session.observer().rectOnRoot(window);
+            return window != XCB_WINDOW_NONE && isReachedAt(window, icon.x + icon.width / 2, icon.y + icon.height / 2);
         };
-        if (!session.observer().waitUntil(isThere))
+        if (!session.observer().waitUntil(isThere)) {
             session.keepFailure("no-icon");
+            return {};
+        }
         return icon;
     }
 
-    ScreenRect iconBelow(xcb_window_t window, int depth)
+    xcb_window_t iconBelow(xcb_window_t window)
+    {
+        for (const xcb_window_t child : childrenOf(window)) {
+            const bool isInside = window != session.observer().root();
+            if (isInside && session.observer().text(child, "WM_CLASS").starts_with("com.kestrow.haloric"))
+                return child;
+            if (const xcb_window_t found = iconBelow(child))
+                return found;
+        }
+        return XCB_WINDOW_NONE;
+    }
+
+    std::vector<xcb_window_t> childrenOf(xcb_window_t window)
     {
         xcb_connection_t* raw = session.observer().raw();
         const TestConnection::Reply<xcb_query_tree_reply_t> tree(
             xcb_query_tree_reply(raw, xcb_query_tree(raw, window), nullptr));
         if (!tree)
             return {};
-        if (depth > 0 && session.observer().text(window, "WM_CLASS").starts_with("com.kestrow.haloric"))
-            return session.observer().rectOnRoot(window);
-        const xcb_window_t* children = xcb_query_tree_children(tree.get());
-        for (int index = 0; index < xcb_query_tree_children_length(tree.get()); ++index) {
-            if (const ScreenRect found = iconBelow(children[index], depth + 1); found.width > 0 && found.width < 64)
-                return found;
+        const xcb_window_t* first = xcb_query_tree_children(tree.get());
+        return {first, first + xcb_query_tree_children_length(tree.get())};
+    }
+
+    bool isReachedAt(xcb_window_t wanted, int x, int y)
+    {
+        xcb_connection_t* raw = session.observer().raw();
+        const xcb_window_t root = session.observer().root();
+        for (xcb_window_t window = root; window != wanted;) {
+            const auto cookie = xcb_translate_coordinates(raw, root, window, static_cast<std::int16_t>(x),
+                                                          static_cast<std::int16_t>(y));
+            const TestConnection::Reply<xcb_translate_coordinates_reply_t> reply(
+                xcb_translate_coordinates_reply(raw, cookie, nullptr));
+            if (!reply || reply->child == XCB_WINDOW_NONE)
+                return false;
+            window = reply->child;
         }
-        return {};
+        return true;
     }
 
     void openMenu(std::uint8_t button)
@@ -127,7 +153,7 @@ TEST_F(Tray, an_item_appears_again_in_the_next_tray)
     toy->tell("tray");
     ASSERT_GT(findIcon().width, 0);
     panel.reset();
-    ASSERT_TRUE(session.observer().waitUntil([this] { return iconBelow(session.observer().root(), 0).width == 0; }));
+    ASSERT_TRUE(session.observer().waitUntil([this] { return iconBelow(session.observer().root()) == XCB_WINDOW_NONE; }));
     startPanel();
     EXPECT_GT(findIcon().width, 0);
 }

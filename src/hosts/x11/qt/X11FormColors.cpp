@@ -21,6 +21,7 @@ X11FormColors::X11FormColors(const QPalette& palette)
     accent = palette.color(QPalette::Highlight);
     const bool isDark = window.lightness() < kMiddle;
     card = mixed(window, Qt::white, isDark ? 0.06 : 0.75);
+    button = mixed(window, Qt::white, isDark ? 0.14 : 1);
     line = mixed(window, text, isDark ? 0.16 : 0.14);
     mutedText = mixed(window, text, 0.62);
     track = mixed(window, text, isDark ? 0.28 : 0.2);

@@ -11,6 +11,7 @@ struct X11FormColors {
 
     QColor window;
     QColor card;        // on the window
+    QColor button;      // at rest
     QColor line;        // around cards and between rows
     QColor text;        // on both
     QColor mutedText;   // of footers

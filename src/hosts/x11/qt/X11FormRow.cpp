@@ -2,6 +2,7 @@
 
 #include "hosts/x11/qt/X11ButtonRow.h"
 #include "hosts/x11/qt/X11ColorWellRow.h"
+#include "hosts/x11/qt/X11FormStyle.h"
 #include "hosts/x11/qt/X11ListRow.h"
 #include "hosts/x11/qt/X11MenuRow.h"
 #include "hosts/x11/qt/X11PickerRow.h"
@@ -60,6 +61,7 @@ QLabel& X11FormRow::addLabel()
 void X11FormRow::addControl(QWidget& control, const FormRow& row)
 {
     m_control = &control;
+    control.setStyle(&X11FormStyle::shared());
     control.setObjectName(qtText(row.id));
     m_line->addWidget(&control, 0, Qt::AlignRight | Qt::AlignVCenter);
 }

@@ -1,6 +1,9 @@
 #include "hosts/x11/qt/X11FormView.h"
 
+#include "hosts/x11/qt/X11FormStyle.h"
+
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace haloric {
@@ -34,6 +37,7 @@ X11FormView::X11FormView(QWidget* parent)
     m_scroll->setWidgetResizable(true);
     m_scroll->setFocusPolicy(Qt::NoFocus);
     m_scroll->setWidget(m_content);
+    m_scroll->verticalScrollBar()->setStyle(&X11FormStyle::shared());
 
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);

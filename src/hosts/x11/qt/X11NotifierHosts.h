@@ -15,7 +15,7 @@ public:
     // `onFound` may be called again for the same host; never from within the constructor.
     explicit X11NotifierHosts(Task onFound);
 
-private slots:
+private Q_SLOTS:
     void found();
 
 private:

@@ -18,7 +18,7 @@ namespace {
 constexpr int kNoDisplay = 1;
 constexpr std::string_view kConnectionBroke = "The X11 connection broke";
 
-Task displayLostHandler; // Qt hands nothing over to its message handler
+Task displayLostHandler; // Qt hands nothing on to its message handler
 
 void passOn(QtMsgType type, const QMessageLogContext&, const QString& message)
 {
@@ -52,7 +52,7 @@ X11QtApplication::X11QtApplication(Task displayLost)
     QCoreApplication::setAttribute(Qt::AA_DisableSessionManager);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QCoreApplication::setQuitLockEnabled(false);
-    QCoreApplication::setApplicationName("Haloric");
+    QCoreApplication::setApplicationName(kIdentifier);
     QGuiApplication::setDesktopFileName(kIdentifier);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     {

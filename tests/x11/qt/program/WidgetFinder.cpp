@@ -4,7 +4,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
-#include <QListWidget>
+#include <QListView>
 #include <QMenu>
 #include <QWidget>
 
@@ -47,9 +47,12 @@ std::optional<QRect> WidgetFinder::find(const std::string& name)
                     return onRoot(*menu, menu->actionGeometry(action));
             }
         }
-        if (const auto* list = qobject_cast<const QListWidget*>(widget)) {
-            for (const QListWidgetItem* item : list->findItems(wanted, Qt::MatchExactly))
-                return onRoot(*list->viewport(), list->visualItemRect(item));
+        if (const auto* list = qobject_cast<const QListView*>(widget)) {
+            for (int row = 0; list->model() && row < list->model()->rowCount(); ++row) {
+                const QModelIndex index = list->model()->index(row, 0);
+                if (!list->isRowHidden(row) && index.data().toString() == wanted)
+                    return onRoot(*list->viewport(), list->visualRect(index));
+            }
         }
     }
     const QWidget* widget = named(wanted);

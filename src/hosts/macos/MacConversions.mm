@@ -1,0 +1,39 @@
+#include "hosts/macos/MacConversions.h"
+
+#include <algorithm>
+
+namespace haloric {
+
+Rect rectFrom(CGRect rect) { return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height}; }
+
+CGRect cgRectFrom(const Rect& rect) { return CGRectMake(rect.x, rect.y, rect.width, rect.height); }
+
+CGPoint cgPointFrom(Point point) { return CGPointMake(point.x, point.y); }
+
+NSString* nsStringFrom(std::string_view text)
+{
+    const auto* bytes = reinterpret_cast<const UInt8*>(text.data());
+    const auto length = static_cast<CFIndex>(text.size());
+    NSString* string =
+        CFBridgingRelease(CFStringCreateWithBytes(kCFAllocatorDefault, bytes, length, kCFStringEncodingUTF8, false));
+    return string ? string : @"";
+}
+
+std::string stringFrom(NSString* text)
+{
+    const char* bytes = text.UTF8String;
+    return bytes ? std::string(bytes) : std::string();
+}
+
+NSColor* nsColorFrom(const Color& color)
+{
+    return [NSColor colorWithSRGBRed:color.red green:color.green blue:color.blue alpha:color.alpha];
+}
+
+dispatch_time_t dispatchTimeAfter(Seconds delay)
+{
+    const double nanoseconds = std::max(delay.count(), 0.0) * static_cast<double>(NSEC_PER_SEC);
+    return dispatch_time(DISPATCH_TIME_NOW, static_cast<std::int64_t>(nanoseconds));
+}
+
+} // namespace haloric

@@ -1,0 +1,17 @@
+# Haloric.app: the program, its information dictionary, its icon and, where one is at hand, the update framework.
+set(HALORIC_UPDATE_FEED "" CACHE STRING "Address of the update feed (SUFeedURL); empty: no update checks")
+set(HALORIC_UPDATE_KEY "" CACHE STRING "Public key that updates are signed with (SUPublicEDKey)")
+set(HALORIC_BUILD_NUMBER "1" CACHE STRING "CFBundleVersion: raised with each release")
+
+set(packaging "${PROJECT_SOURCE_DIR}/packaging/macos")
+
+# The update keys are there only when a feed is: without one the program offers no updates.
+set(HALORIC_UPDATE_KEYS "")
+if(HALORIC_UPDATE_FEED)
+    string(APPEND HALORIC_UPDATE_KEYS "\t<key>SUFeedURL</key>\n\t<string>${HALORIC_UPDATE_FEED}</string>\n")
+    string(APPEND HALORIC_UPDATE_KEYS "\t<key>SUPublicEDKey</key>\n\t<string>${HALORIC_UPDATE_KEY}</string>\n")
+endif()
+
+add_executable(Haloric MACOSX_BUNDLE main.mm)
+target_link_libraries(Haloric PRIVATE haloric_macos haloric_app)
+set_target_properties(Haloric PROPERTIES MACOSX_BUNDLE_INFO_PLIST "${packaging}/Info.plist.in")

@@ -42,6 +42,9 @@ public:
             CFRelease(m_reference);
     }
 
+    // Hands the reference over to a caller who gives it back.
+    Reference take() { return std::exchange(m_reference, nullptr); }
+
     Reference get() const { return m_reference; }
     explicit operator bool() const { return m_reference != nullptr; }
 

@@ -16,8 +16,8 @@ std::unique_ptr<MacAXObserver> MacAXObserver::make(ProcessID pid, Accessibility:
 
 AXError MacAXObserver::addNotification(const AXElement& element, std::string_view name)
 {
-    const CFStringRef text = (__bridge CFStringRef)nsStringFrom(name);
-    return AXError{AXObserverAddNotification(m_observer.get(), MacAXElement::reference(element), text, this)};
+    const AXUIElementRef reference = MacAXElement::reference(element);
+    return AXError{AXObserverAddNotification(m_observer.get(), reference, cfStringFrom(name).get(), this)};
 }
 
 void MacAXObserver::addToMainRunLoop()

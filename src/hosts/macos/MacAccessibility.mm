@@ -36,8 +36,8 @@ void MacAccessibility::setMessagingTimeout(const AXElement& element, float secon
 AXAttribute MacAccessibility::copyAttribute(const AXElement& element, std::string_view name)
 {
     CFOwned<CFTypeRef> value;
-    const CFStringRef text = (__bridge CFStringRef)nsStringFrom(name);
-    const ::AXError error = AXUIElementCopyAttributeValue(MacAXElement::reference(element), text, value.receiver());
+    const AXUIElementRef reference = MacAXElement::reference(element);
+    const ::AXError error = AXUIElementCopyAttributeValue(reference, cfStringFrom(name).get(), value.receiver());
     if (error != kAXErrorSuccess)
         return {AXError{error}, {}};
     return {AXError::success, axValueFrom(std::move(value))};

@@ -39,7 +39,7 @@ void MacCanvas::clip(const Path& path, FillRule rule)
 void MacCanvas::setShadow(const Shadow& shadow)
 {
     const CGSize offset = CGSizeMake(shadow.offset.width, shadow.offset.height);
-    CGContextSetShadowWithColor(m_context, offset, shadow.blurRadius, nsColorFrom(shadow.color).CGColor);
+    CGContextSetShadowWithColor(m_context, offset, shadow.blurRadius, cgColorFrom(shadow.color).get());
 }
 
 void MacCanvas::setBlendMode(BlendMode mode)
@@ -49,7 +49,7 @@ void MacCanvas::setBlendMode(BlendMode mode)
 
 void MacCanvas::fill(const Path& path, const Color& color, FillRule rule)
 {
-    CGContextSetFillColorWithColor(m_context, nsColorFrom(color).CGColor);
+    CGContextSetFillColorWithColor(m_context, cgColorFrom(color).get());
     addPath(path);
     if (rule == FillRule::evenOdd)
         CGContextEOFillPath(m_context);
@@ -61,14 +61,14 @@ void MacCanvas::fillRect(const Rect& rect, const Color& color, CompositingOperat
 {
     save(); // the operation is this rectangle's alone
     CGContextSetBlendMode(m_context, operation == CompositingOperation::copy ? kCGBlendModeCopy : kCGBlendModeNormal);
-    CGContextSetFillColorWithColor(m_context, nsColorFrom(color).CGColor);
+    CGContextSetFillColorWithColor(m_context, cgColorFrom(color).get());
     CGContextFillRect(m_context, cgRectFrom(rect));
     restore();
 }
 
 void MacCanvas::stroke(const Path& path, const Color& color, double lineWidth)
 {
-    CGContextSetStrokeColorWithColor(m_context, nsColorFrom(color).CGColor);
+    CGContextSetStrokeColorWithColor(m_context, cgColorFrom(color).get());
     CGContextSetLineWidth(m_context, lineWidth);
     addPath(path);
     CGContextStrokePath(m_context);

@@ -10,6 +10,7 @@
 #include "drawing/Color.h"
 #include "foundation/Geometry.h"
 #include "foundation/Time.h"
+#include "hosts/macos/CFOwned.h"
 
 #import <AppKit/AppKit.h>
 
@@ -23,6 +24,7 @@ CGRect cgRectFrom(const Rect& rect);
 CGPoint cgPointFrom(Point point);
 
 // Not null: bytes that are not UTF-8 give an empty text.
+CFOwned<CFStringRef> cfStringFrom(std::string_view text);
 NSString* nsStringFrom(std::string_view text);
 
 // Null gives an empty text.
@@ -30,6 +32,7 @@ std::string stringFrom(NSString* text);
 
 // In the sRGB colour space, with the components as they are.
 NSColor* nsColorFrom(const Color& color);
+CFOwned<CGColorRef> cgColorFrom(const Color& color);
 
 // From now on, for dispatch functions.
 dispatch_time_t dispatchTimeAfter(Seconds delay);

@@ -1,6 +1,7 @@
 #include "hosts/macos/MacConversions.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace haloric {
 
@@ -10,14 +11,16 @@ CGRect cgRectFrom(const Rect& rect) { return CGRectMake(rect.x, rect.y, rect.wid
 
 CGPoint cgPointFrom(Point point) { return CGPointMake(point.x, point.y); }
 
-NSString* nsStringFrom(std::string_view text)
+CFOwned<CFStringRef> cfStringFrom(std::string_view text)
 {
     const auto* bytes = reinterpret_cast<const UInt8*>(text.data());
     const auto length = static_cast<CFIndex>(text.size());
-    NSString* string =
-        CFBridgingRelease(CFStringCreateWithBytes(kCFAllocatorDefault, bytes, length, kCFStringEncodingUTF8, false));
-    return string ? string : @"";
+    CFOwned<CFStringRef> string(
+        CFStringCreateWithBytes(kCFAllocatorDefault, bytes, length, kCFStringEncodingUTF8, false));
+    return string ? std::move(string) : CFOwned<CFStringRef>::retaining(CFSTR(""));
 }
+
+NSString* nsStringFrom(std::string_view text) { return CFBridgingRelease(cfStringFrom(text).take()); }
 
 std::string stringFrom(NSString* text)
 {
@@ -28,6 +31,12 @@ std::string stringFrom(NSString* text)
 NSColor* nsColorFrom(const Color& color)
 {
     return [NSColor colorWithSRGBRed:color.red green:color.green blue:color.blue alpha:color.alpha];
+}
+
+CFOwned<CGColorRef> cgColorFrom(const Color& color)
+{
+    __attribute__((objc_precise_lifetime)) NSColor* owner = nsColorFrom(color); // as long as what it lends
+    return CFOwned<CGColorRef>::retaining(owner.CGColor);
 }
 
 dispatch_time_t dispatchTimeAfter(Seconds delay)

@@ -4,12 +4,15 @@
 
 #import <Foundation/Foundation.h>
 
+#include <utility>
+
 namespace haloric {
 namespace {
 
 constexpr Seconds kNoTolerance{0};
 
-Subscription addTimer(Seconds interval, Seconds tolerance, BOOL repeats, const Task& task)
+// By value: a block that is handed a reference keeps the reference, not the task.
+Subscription addTimer(Seconds interval, Seconds tolerance, BOOL repeats, Task task)
 {
     const auto fire = ^(NSTimer*) {
       const Task running = task; // it may invalidate its own timer, and end this block with it
@@ -41,11 +44,14 @@ void MacRunLoop::postAfter(Seconds delay, Task task)
     });
 }
 
-Subscription MacRunLoop::scheduleOnce(Seconds delay, Task task) { return addTimer(delay, kNoTolerance, NO, task); }
+Subscription MacRunLoop::scheduleOnce(Seconds delay, Task task)
+{
+    return addTimer(delay, kNoTolerance, NO, std::move(task));
+}
 
 Subscription MacRunLoop::scheduleRepeating(Seconds interval, Seconds tolerance, Task task)
 {
-    return addTimer(interval, tolerance, YES, task);
+    return addTimer(interval, tolerance, YES, std::move(task));
 }
 
 } // namespace haloric

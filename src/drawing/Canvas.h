@@ -4,7 +4,7 @@
 // belongs to the innermost save; colours go with each call. Main thread.
 #pragma once
 
-#include "drawing/Color.h"
+#include "foundation/Color.h"
 #include "drawing/Path.h"
 #include "foundation/Geometry.h"
 

@@ -1,7 +1,7 @@
 // The colour of the dimming.
 #pragma once
 
-#include "drawing/Color.h"
+#include "foundation/Color.h"
 #include "settings/Settings.h"
 
 namespace haloric {

@@ -2,7 +2,7 @@
 // to the front. Main thread. The owner sets the fields and marks the window for display.
 #pragma once
 
-#include "drawing/Color.h"
+#include "foundation/Color.h"
 #include "platform/ContentView.h"
 #include "settings/Settings.h"
 

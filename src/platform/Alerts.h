@@ -1,6 +1,8 @@
 // Modal alerts, described as data. Main thread.
 #pragma once
 
+#include "platform/PlatformError.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -27,6 +29,9 @@ public:
 
     // Shows the alert and blocks until it is answered, while the main loop goes on in its modal mode.
     virtual std::int64_t runModal(const AlertModel& alert) = 0;
+
+    // The platform's standard alert for an error; blocks likewise.
+    virtual void runModalError(const PlatformError& error) = 0;
 };
 
 } // namespace haloric

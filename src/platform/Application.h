@@ -3,18 +3,21 @@
 
 #include "foundation/Geometry.h"
 #include "foundation/Ids.h"
+#include "platform/ActivationPolicy.h"
 
 #include <cstdint>
 #include <optional>
 
 namespace haloric {
 
-enum class ActivationPolicy : std::int64_t { regular = 0, accessory = 1, prohibited = 2 };
-
 class ApplicationDelegate {
 public:
     virtual ~ApplicationDelegate() = default;
     virtual void applicationDidFinishLaunching() = 0;
+
+    // The user opened the application again while it runs. Whether the platform's own handling should follow.
+    virtual bool applicationShouldHandleReopen([[maybe_unused]] bool hasVisibleWindows) { return true; }
+
     virtual void applicationWillTerminate() = 0;
 };
 

@@ -2,7 +2,7 @@
 // them.
 #pragma once
 
-#include "drawing/Color.h"
+#include "foundation/Color.h"
 
 namespace haloric {
 

@@ -12,6 +12,7 @@ class FakeAlerts final : public Alerts {
 public:
     std::int64_t answer = kFirstButton + 1;
     std::vector<AlertModel> shown;
+    std::vector<PlatformError> errorsShown;
     Task whileShown; // runs while an alert is up
 
     std::int64_t runModal(const AlertModel& alert) override
@@ -21,6 +22,8 @@ public:
             whileShown();
         return answer;
     }
+
+    void runModalError(const PlatformError& error) override { errorsShown.push_back(error); }
 };
 
 } // namespace haloric

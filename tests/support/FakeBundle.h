@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 
 namespace haloric {
@@ -13,8 +14,11 @@ class FakeBundle final : public Bundle {
 public:
     std::string bundlePath = "/Applications/Haloric.app";
     std::map<std::string, std::string, std::less<>> info;
+    std::set<std::string, std::less<>> otherInfo; // keys whose values are no text
 
     std::string path() const override { return bundlePath; }
+    std::optional<std::string> identifier() const override { return infoString("CFBundleIdentifier"); }
+    bool hasInfo(std::string_view key) const override { return info.contains(key) || otherInfo.contains(key); }
 
     std::optional<std::string> infoString(std::string_view key) const override
     {

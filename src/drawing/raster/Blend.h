@@ -2,7 +2,7 @@
 // bits a component, rounded to nearest; the components of a pixel are never above its alpha if they were not before.
 #pragma once
 
-#include "drawing/Color.h"
+#include "foundation/Color.h"
 
 #include <cstddef>
 #include <cstdint>

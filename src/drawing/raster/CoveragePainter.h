@@ -2,7 +2,7 @@
 // one by one, the runs between them are filled, and rows that are alike are prepared once. Main thread.
 #pragma once
 
-#include "drawing/Color.h"
+#include "foundation/Color.h"
 #include "drawing/raster/Blend.h"
 #include "drawing/raster/CoverageFactor.h"
 #include "drawing/raster/PixelBuffer.h"

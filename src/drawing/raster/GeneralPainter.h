@@ -2,7 +2,7 @@
 // the exact rows and the glow patches cannot do ends here. Main thread.
 #pragma once
 
-#include "drawing/Color.h"
+#include "foundation/Color.h"
 #include "drawing/raster/CoveragePainter.h"
 #include "drawing/raster/MaskBlur.h"
 #include "drawing/raster/PathMask.h"

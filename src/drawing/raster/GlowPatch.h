@@ -8,7 +8,7 @@
 // of cumulative functions across and one down, and the glow is the sum over the strips.
 #pragma once
 
-#include "drawing/Color.h"
+#include "foundation/Color.h"
 #include "drawing/DeviceShape.h"
 #include "drawing/GlowKernel.h"
 

@@ -15,4 +15,9 @@ std::int64_t SimAlerts::runModal(const AlertModel& alert)
     return kFirstButton + static_cast<std::int64_t>(button);
 }
 
+void SimAlerts::runModalError(const PlatformError& error)
+{
+    m_desktop.journal.note(SimJournal::Kind::alert, error.localizedDescription);
+}
+
 } // namespace haloric

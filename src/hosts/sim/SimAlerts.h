@@ -17,6 +17,7 @@ public:
     void willAnswer(std::size_t button) { m_answers.push_back(button); }
 
     std::int64_t runModal(const AlertModel& alert) override;
+    void runModalError(const PlatformError& error) override;
 
     const std::optional<AlertModel>& lastAlert() const { return m_lastAlert; }
 

@@ -16,6 +16,8 @@ public:
     };
 
     std::string path() const override { return bundlePath; }
+    std::optional<std::string> identifier() const override { return infoString("CFBundleIdentifier"); }
+    bool hasInfo(std::string_view key) const override { return information.contains(key); }
 
     std::optional<std::string> infoString(std::string_view key) const override
     {

@@ -10,4 +10,6 @@ std::int64_t X11Alerts::runModal(const AlertModel& alert)
     return kFirstButton + static_cast<std::int64_t>(alert.buttons.empty() ? 0 : alert.buttons.size() - 1);
 }
 
+void X11Alerts::runModalError(const PlatformError& error) { std::cerr << error.localizedDescription << std::endl; }
+
 } // namespace haloric

@@ -9,6 +9,7 @@ namespace haloric {
 class X11Alerts final : public Alerts {
 public:
     std::int64_t runModal(const AlertModel& alert) override;
+    void runModalError(const PlatformError& error) override;
 };
 
 } // namespace haloric

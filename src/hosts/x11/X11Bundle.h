@@ -18,6 +18,8 @@ public:
     explicit X11Bundle(const std::filesystem::path& executable);
 
     std::string path() const override { return m_path; }
+    std::optional<std::string> identifier() const override { return infoString("CFBundleIdentifier"); }
+    bool hasInfo(std::string_view key) const override { return m_info.contains(key); }
     std::optional<std::string> infoString(std::string_view key) const override { return m_info.string(key); }
 
 private:

@@ -150,6 +150,8 @@ X11InfoDictionary X11InfoDictionary::parse(std::string_view xml)
             key = decoded(tag->textBefore);
             continue;
         }
+        if (key)
+            result.m_keys.insert(*key);
         if (tag->name == "string" && key) {
             const bool hasText = tag->kind == Tag::Kind::closing;
             if (auto value = hasText ? decoded(tag->textBefore) : std::string())

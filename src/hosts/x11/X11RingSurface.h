@@ -2,7 +2,7 @@
 // without a compositor, where nothing can be translucent. Main thread.
 #pragma once
 
-#include "drawing/Color.h"
+#include "foundation/Color.h"
 #include "hosts/x11/X11ClickThroughWindow.h"
 #include "hosts/x11/X11OverlaySurface.h"
 

@@ -98,8 +98,7 @@ TEST_P(LifecycleScene, the_highlight_returns_with_the_window_manager)
     EXPECT_TRUE(waitForBorder(*client)) << log();
 }
 
-// Switched off: since a late merge the window gets no focus here; whether the program or the test is at fault is open.
-TEST(ProgramScene, DISABLED_it_waits_for_a_window_manager_that_comes_later)
+TEST(ProgramScene, it_waits_for_a_window_manager_that_comes_later)
 {
     X11Session session(WindowManager::openbox);
     session.stopWindowManager();

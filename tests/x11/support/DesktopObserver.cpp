@@ -10,9 +10,6 @@ DesktopObserver::DesktopObserver(const std::string& display) : TestConnection(di
 {
     const std::uint32_t events[] = {XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY};
     xcb_change_window_attributes(raw(), root(), XCB_CW_EVENT_MASK, events);
-    m_probe = xcb_generate_id(raw());
-    xcb_create_window(raw(), XCB_COPY_FROM_PARENT, m_probe, root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
-                      XCB_COPY_FROM_PARENT, 0, nullptr);
     synchronize();
 }
 
@@ -24,8 +21,15 @@ bool DesktopObserver::hasWindowManager()
 
 bool DesktopObserver::windowManagerAnswers()
 {
+    if (m_probe == XCB_WINDOW_NONE) {
+        m_probe = xcb_generate_id(raw());
+        xcb_create_window(raw(), XCB_COPY_FROM_PARENT, m_probe, root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                          XCB_COPY_FROM_PARENT, 0, nullptr);
+    }
     if (value(m_probe, "_NET_FRAME_EXTENTS")) {
-        xcb_delete_property(raw(), m_probe, atom("_NET_FRAME_EXTENTS"));
+        // Late answers to what was asked more than once go down with the window.
+        xcb_destroy_window(raw(), m_probe);
+        m_probe = XCB_WINDOW_NONE;
         return true;
     }
     sendToRoot(m_probe, "_NET_REQUEST_FRAME_EXTENTS", {});

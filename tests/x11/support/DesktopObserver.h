@@ -55,7 +55,7 @@ public:
 private:
     pid_t processOf(xcb_window_t window);
 
-    xcb_window_t m_probe = XCB_WINDOW_NONE; // never mapped
+    xcb_window_t m_probe = XCB_WINDOW_NONE; // never mapped; there while an answer is awaited
 };
 
 } // namespace haloric

@@ -10,6 +10,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -187,12 +188,18 @@ TEST_F(PosixProcessesTest, no_file_stays_open_here)
 
 TEST_F(PosixProcessesTest, without_a_free_file_nothing_is_started)
 {
+    // Few enough to be taken at once, whatever the limit is here.
+    rlimit before{};
+    getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit few{64, before.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &few);
     std::vector<int> taken;
     for (int next = open("/dev/null", O_RDONLY); next >= 0; next = open("/dev/null", O_RDONLY))
         taken.push_back(next);
     EXPECT_FALSE(processes.launch(HALORIC_PROCESS_PROBE, {}));
     for (const int descriptor : taken)
         close(descriptor);
+    setrlimit(RLIMIT_NOFILE, &before);
 }
 
 } // namespace

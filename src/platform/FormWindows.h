@@ -1,0 +1,43 @@
+// Ordinary windows of the application that show a form. Main thread.
+#pragma once
+
+#include "foundation/Geometry.h"
+#include "platform/FormModel.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace haloric {
+
+// Properties that a window is made with, named and numbered as the platform's.
+struct FormWindowConfiguration {
+    std::string title;
+    std::uint64_t styleMask = 0;
+    bool isReleasedWhenClosed = true;
+    Size contentSize; // points
+    friend bool operator==(const FormWindowConfiguration&, const FormWindowConfiguration&) = default;
+};
+
+// Destroying it closes the window. Closed by the user, it is hidden and keeps its place.
+class FormWindow {
+public:
+    virtual ~FormWindow() = default;
+
+    // Shows the new form in place of the old one: controls of the same id keep focus, and a drag goes on.
+    virtual void setForm(const FormModel& form) = 0;
+
+    virtual void center() = 0;
+    virtual void makeKeyAndOrderFront() = 0;
+    virtual bool isVisible() const = 0;
+};
+
+class FormWindows {
+public:
+    virtual ~FormWindows() = default;
+
+    // Never null. The window starts ordered out.
+    virtual std::unique_ptr<FormWindow> make(const FormWindowConfiguration& configuration, const FormModel& form) = 0;
+};
+
+} // namespace haloric

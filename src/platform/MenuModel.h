@@ -1,0 +1,59 @@
+// A menu as data. The menu's owner keeps and changes it; a host renders it and calls the items' actions. Main thread.
+#pragma once
+
+#include "platform/Image.h"
+
+#include <any>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace haloric {
+
+struct MenuItem;
+
+// Who performs an item's action. An item for the application itself has no target: it goes wherever the platform
+// sends actions without one.
+enum class MenuTarget { none, controller, updaterGate };
+
+struct MenuAction {
+    std::string selector; // the action's name on the platform
+    MenuTarget target = MenuTarget::none;
+    std::function<void(const MenuItem&)> perform; // given the sending item
+};
+
+struct MenuItem {
+    std::string title; // UTF-8
+    bool isSeparator = false;
+    std::optional<MenuAction> action;
+    std::string keyEquivalent; // with Command; empty for none
+    bool isOn = false;         // has a check mark
+    bool isEnabled = true;     // in force as it stands: the platform does not decide by the target
+    bool isHidden = false;
+    std::string toolTip; // empty for none
+    Image image;
+    std::any representedObject;
+    std::vector<MenuItem> submenu; // empty for none
+
+    static MenuItem separator()
+    {
+        MenuItem item;
+        item.isSeparator = true;
+        return item;
+    }
+};
+
+struct MenuModel {
+    std::vector<MenuItem> items;
+};
+
+class MenuDelegate {
+public:
+    virtual ~MenuDelegate() = default;
+
+    // Just before the menu is shown: the last chance to change its items.
+    virtual void menuNeedsUpdate() = 0;
+};
+
+} // namespace haloric

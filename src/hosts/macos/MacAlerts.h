@@ -8,6 +8,7 @@ namespace haloric {
 class MacAlerts final : public Alerts {
 public:
     std::int64_t runModal(const AlertModel& alert) override;
+    void runModalError(const PlatformError& error) override;
 };
 
 } // namespace haloric

@@ -1,6 +1,7 @@
 #include "hosts/macos/MacAlerts.h"
 
 #include "hosts/macos/MacConversions.h"
+#include "hosts/macos/MacErrors.h"
 
 namespace haloric {
 
@@ -21,5 +22,7 @@ std::int64_t MacAlerts::runModal(const AlertModel& model)
         [alert addButtonWithTitle:nsStringFrom(title)];
     return [alert runModal];
 }
+
+void MacAlerts::runModalError(const PlatformError& error) { [[NSAlert alertWithError:nsErrorFrom(error)] runModal]; }
 
 } // namespace haloric

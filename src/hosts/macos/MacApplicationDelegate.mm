@@ -8,6 +8,11 @@
         self.receiver->applicationDidFinishLaunching();
 }
 
+- (BOOL)applicationShouldHandleReopen:(NSApplication*)__unused sender hasVisibleWindows:(BOOL)hasVisibleWindows
+{
+    return !self.receiver || self.receiver->applicationShouldHandleReopen(hasVisibleWindows);
+}
+
 - (void)applicationWillTerminate:(NSNotification*)__unused notification
 {
     if (self.receiver)

@@ -8,6 +8,8 @@ namespace haloric {
 class MacBundle final : public Bundle {
 public:
     std::string path() const override;
+    std::optional<std::string> identifier() const override;
+    bool hasInfo(std::string_view key) const override;
     std::optional<std::string> infoString(std::string_view key) const override;
 };
 

@@ -7,7 +7,7 @@
 // apply a screen's backing scale themselves.
 #pragma once
 
-#include "drawing/Color.h"
+#include "foundation/Color.h"
 #include "foundation/Geometry.h"
 #include "foundation/Time.h"
 #include "hosts/macos/CFOwned.h"
@@ -33,6 +33,9 @@ std::string stringFrom(NSString* text);
 // In the sRGB colour space, with the components as they are.
 NSColor* nsColorFrom(const Color& color);
 CFOwned<CGColorRef> cgColorFrom(const Color& color);
+
+// The components in the sRGB colour space; those of the colour's own space when it has none there.
+Color colorFrom(NSColor* color);
 
 // From now on, for dispatch functions.
 dispatch_time_t dispatchTimeAfter(Seconds delay);

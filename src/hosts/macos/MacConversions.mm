@@ -39,6 +39,13 @@ CFOwned<CGColorRef> cgColorFrom(const Color& color)
     return CFOwned<CGColorRef>::retaining(owner.CGColor);
 }
 
+Color colorFrom(NSColor* color)
+{
+    NSColor* converted = [color colorUsingColorSpace:NSColorSpace.sRGBColorSpace];
+    NSColor* source = converted ? converted : color;
+    return {source.redComponent, source.greenComponent, source.blueComponent, source.alphaComponent};
+}
+
 dispatch_time_t dispatchTimeAfter(Seconds delay)
 {
     const double nanoseconds = std::max(delay.count(), 0.0) * static_cast<double>(NSEC_PER_SEC);

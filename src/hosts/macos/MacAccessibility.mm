@@ -10,6 +10,11 @@
 
 namespace haloric {
 
+// The seam's numbers are the system's.
+static_assert(kAXErrorCannotComplete == static_cast<std::int32_t>(AXError::cannotComplete));
+static_assert(kAXErrorAttributeUnsupported == static_cast<std::int32_t>(AXError::attributeUnsupported));
+static_assert(kAXErrorNoValue == static_cast<std::int32_t>(AXError::noValue));
+
 MacAccessibility::MacAccessibility()
     : m_getWindow(reinterpret_cast<GetWindow>(dlsym(RTLD_DEFAULT, "_AXUIElementGetWindow")))
 {

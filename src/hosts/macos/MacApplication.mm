@@ -7,6 +7,8 @@
 namespace haloric {
 namespace {
 
+static_assert(NSApplicationActivationPolicyAccessory == static_cast<NSInteger>(ActivationPolicy::accessory));
+
 std::optional<OwnWindow> ownWindow(NSWindow* window)
 {
     if (!window)

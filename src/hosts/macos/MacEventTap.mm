@@ -3,6 +3,24 @@
 #include <utility>
 
 namespace haloric {
+namespace {
+
+template <class Enumerator>
+constexpr std::uint32_t numberOf(Enumerator enumerator)
+{
+    return static_cast<std::uint32_t>(enumerator);
+}
+
+// The seam's numbers are the system's.
+static_assert(numberOf(kCGSessionEventTap) == numberOf(TapLocation::session));
+static_assert(numberOf(kCGHeadInsertEventTap) == numberOf(TapPlacement::headInsert));
+static_assert(numberOf(kCGEventTapOptionListenOnly) == numberOf(TapOptions::listenOnly));
+static_assert(numberOf(kCGEventTapDisabledByTimeout) == numberOf(EventType::tapDisabledByTimeout));
+static_assert(numberOf(kCGEventTapDisabledByUserInput) == numberOf(EventType::tapDisabledByUserInput));
+static_assert((maskOf(EventType::keyDown) | maskOf(EventType::leftMouseUp)) == 1028);
+static_assert((CGEventMaskBit(kCGEventKeyDown) | CGEventMaskBit(kCGEventLeftMouseUp)) == 1028);
+
+} // namespace
 
 std::unique_ptr<MacEventTap> MacEventTap::make(const EventTapDescription& description,
                                                InputMonitors::TapHandler handler)

@@ -10,6 +10,11 @@ namespace haloric {
 namespace {
 
 // The seam's event numbers and masks are the system's.
+static_assert((maskOf(EventType::leftMouseDown) | maskOf(EventType::leftMouseUp) | maskOf(EventType::rightMouseDown) |
+               maskOf(EventType::rightMouseUp) | maskOf(EventType::otherMouseDown) | maskOf(EventType::otherMouseUp)) ==
+              0x600001E);
+static_assert((NSEventMaskLeftMouseDown | NSEventMaskLeftMouseUp | NSEventMaskRightMouseDown | NSEventMaskRightMouseUp |
+               NSEventMaskOtherMouseDown | NSEventMaskOtherMouseUp) == 0x600001E);
 NSEventMask eventMask(EventMask mask) { return mask; }
 EventType eventType(NSEvent* event) { return static_cast<EventType>(event.type); }
 

@@ -8,6 +8,12 @@
 namespace haloric {
 namespace {
 
+// The seam's numbers are the system's.
+static_assert(kCGWindowListOptionOnScreenOnly == static_cast<std::uint32_t>(WindowListOptions::onScreenOnly));
+static_assert(kCGWindowListOptionIncludingWindow == static_cast<std::uint32_t>(WindowListOptions::includingWindow));
+static_assert(kCGWindowListExcludeDesktopElements ==
+              static_cast<std::uint32_t>(WindowListOptions::excludeDesktopElements));
+
 WindowInfoValue numberFrom(CFNumberRef number)
 {
     if (CFNumberIsFloatType(number)) {

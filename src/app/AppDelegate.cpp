@@ -1,11 +1,14 @@
 #include "app/AppDelegate.h"
 
+#include "menubar/HotkeyManager.h"
 #include "platform/Accessibility.h"
 #include "platform/Alerts.h"
 #include "platform/RunLoop.h"
-#include "platform/Workspace.h"
+#include "settings/AccessibilityGrant.h"
 
 #include <cstdlib>
+#include <optional>
+#include <utility>
 
 namespace haloric {
 
@@ -55,6 +58,13 @@ void AppDelegate::applicationDidFinishLaunching()
             require(self->m_overlays).pulse();
     };
 
+    m_statusBar = std::make_unique<StatusBarController>(m_platform.statusBar, m_store, *m_tracker);
+    m_platform.hotkeyManager.onTrigger = [weak = m_weakAnchor.ref()] {
+        if (AppDelegate* self = weak.get())
+            require(self->m_statusBar).openSettings();
+    };
+    followHotkeySetting();
+
     if (!m_platform.accessibility.isProcessTrustedWithPrompt(false))
         showOnboarding();
 
@@ -64,21 +74,38 @@ void AppDelegate::applicationDidFinishLaunching()
     }));
 }
 
+bool AppDelegate::applicationShouldHandleReopen(bool)
+{
+    require(m_statusBar).openSettings();
+    return false;
+}
+
 void AppDelegate::applicationWillTerminate()
 {
     if (m_trackerRunning)
         require(m_tracker).stop();
 }
 
+void AppDelegate::followHotkeySetting()
+{
+    HotkeyManager& hotkeyManager = m_platform.hotkeyManager;
+    std::optional<bool> last;
+    m_cancellables.push_back(m_store.subscribe([&hotkeyManager, last](const Settings& settings) mutable {
+        if (std::exchange(last, settings.hotkeyEnabled) == settings.hotkeyEnabled)
+            return;
+        if (settings.hotkeyEnabled)
+            hotkeyManager.enable();
+        else
+            hotkeyManager.disable();
+    }));
+}
+
 void AppDelegate::showOnboarding()
 {
     // An accessory application is otherwise behind the frontmost one, and the alert with it.
     m_platform.application.activateIgnoringOtherApps();
-    if (m_platform.alerts.runModal(onboardingAlert()) != Alerts::kFirstButton)
-        return;
-    // The prompt is what puts the application into the list that the URL opens.
-    m_platform.accessibility.isProcessTrustedWithPrompt(true);
-    m_platform.workspace.openURL(kAccessibilitySettingsURL);
+    if (m_platform.alerts.runModal(onboardingAlert()) == Alerts::kFirstButton)
+        grantAccessibility(m_platform.accessibility, m_platform.workspace);
 }
 
 void AppDelegate::startTracker()

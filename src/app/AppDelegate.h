@@ -1,42 +1,45 @@
-// Makes the long-lived objects when launching has finished, wires the tracker to the overlay, and stops the tracker
-// when the application quits. Owns them all; what it hands to them holds it weakly. Main thread.
+// Makes the long-lived objects when launching has finished, wires the tracker to the overlay and the hotkey to the
+// settings window, and stops the tracker when the application quits. Owns them all; what it hands to them holds it
+// weakly. Main thread.
 #pragma once
 
 #include "app/AppDelegatePlatform.h"
 #include "foundation/Subscription.h"
 #include "foundation/WeakAnchor.h"
+#include "menubar/StatusBarController.h"
 #include "overlay/OverlayController.h"
 #include "platform/Application.h"
 #include "settings/SettingsStore.h"
 #include "tracking/FocusTracker.h"
 
 #include <memory>
-#include <string_view>
 #include <vector>
 
 namespace haloric {
 
 class AppDelegate final : public ApplicationDelegate {
 public:
-    // Opens the Accessibility pane of Privacy & Security in System Settings.
-    static constexpr std::string_view kAccessibilitySettingsURL =
-        "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
-
     // `platform` is copied; what it refers to, and the store, outlive the delegate.
     AppDelegate(const AppDelegatePlatform& platform, SettingsStore& store);
 
     // Without Accessibility access it shows the onboarding alert and blocks until that is answered. The tracker
     // starts on a later turn of the main loop.
     void applicationDidFinishLaunching() override;
+
+    // Opens the settings window; the platform's own handling does not follow.
+    bool applicationShouldHandleReopen(bool hasVisibleWindows) override;
+
     void applicationWillTerminate() override;
 
     // Null before launching has finished.
+    const StatusBarController* statusBar() const { return m_statusBar.get(); }
     const OverlayController* overlays() const { return m_overlays.get(); }
     const FocusTracker* tracker() const { return m_tracker.get(); }
 
     bool trackerRunning() const { return m_trackerRunning; }
 
 private:
+    void followHotkeySetting();
     void showOnboarding();
     void startTracker();
 
@@ -44,7 +47,8 @@ private:
     std::vector<Subscription> m_cancellables;
     std::unique_ptr<OverlayController> m_overlays;
     std::unique_ptr<FocusTracker> m_tracker;
-    bool m_trackerRunning = false; // between the tracker's start and stop
+    std::unique_ptr<StatusBarController> m_statusBar; // refers to the tracker
+    bool m_trackerRunning = false;                    // between the tracker's start and stop
     SettingsStore& m_store;
     WeakAnchor<AppDelegate> m_weakAnchor{*this};
 };

@@ -1,6 +1,7 @@
 // What the application delegate needs from outside; everything outlives the delegate.
 #pragma once
 
+#include "menubar/StatusBarPlatform.h"
 #include "overlay/OverlayPlatform.h"
 #include "tracking/FocusTrackerPlatform.h"
 
@@ -9,6 +10,7 @@ namespace haloric {
 class Accessibility;
 class Alerts;
 class Application;
+class HotkeyManager;
 class RunLoop;
 class Workspace;
 
@@ -18,8 +20,10 @@ struct AppDelegatePlatform {
     Accessibility& accessibility;
     Application& application;
     Alerts& alerts;
+    HotkeyManager& hotkeyManager;
     OverlayPlatform overlay;
     FocusTrackerPlatform tracking;
+    StatusBarPlatform statusBar;
 };
 
 } // namespace haloric

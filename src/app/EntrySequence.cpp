@@ -1,5 +1,6 @@
 #include "app/EntrySequence.h"
 
+#include "app/AppControl.h"
 #include "app/AppDelegate.h"
 #include "platform/Application.h"
 
@@ -10,6 +11,8 @@ EntrySequence::EntrySequence(const ApplicationPlatform& platform)
       m_settingsStore(platform.userDefaults),
       m_windowServer(platform.windowServerLibrary, platform.processes, platform.runLoop, platform.log),
       m_windowList(platform.windowInfoSource, platform.screens, platform.workspace, platform.application.processID()),
+      m_hotkeyManager(platform.hotkeys),
+      m_launchAtLogin(platform.bundle, platform.loginItems),
       m_delegate(makeDelegate(platform))
 {
 }
@@ -25,7 +28,23 @@ void EntrySequence::run()
 
 std::unique_ptr<AppDelegate> EntrySequence::makeDelegate(const ApplicationPlatform& platform)
 {
-    const OverlayPlatform overlay{
+    const AppDelegatePlatform delegate{
+        .runLoop = platform.runLoop,
+        .workspace = platform.workspace,
+        .accessibility = platform.accessibility,
+        .application = platform.application,
+        .alerts = platform.alerts,
+        .hotkeyManager = m_hotkeyManager,
+        .overlay = overlayPlatform(platform),
+        .tracking = trackingPlatform(platform),
+        .statusBar = statusBarPlatform(platform),
+    };
+    return std::make_unique<AppDelegate>(delegate, m_settingsStore);
+}
+
+OverlayPlatform EntrySequence::overlayPlatform(const ApplicationPlatform& platform)
+{
+    return {
         .runLoop = platform.runLoop,
         .workspace = platform.workspace,
         .screens = platform.screens,
@@ -35,7 +54,11 @@ std::unique_ptr<AppDelegate> EntrySequence::makeDelegate(const ApplicationPlatfo
         .windowList = m_windowList,
         .log = platform.log,
     };
-    const FocusTrackerPlatform tracking{
+}
+
+FocusTrackerPlatform EntrySequence::trackingPlatform(const ApplicationPlatform& platform)
+{
+    return {
         .runLoop = platform.runLoop,
         .serialQueues = platform.serialQueues,
         .displayLinks = platform.displayLinks,
@@ -47,16 +70,41 @@ std::unique_ptr<AppDelegate> EntrySequence::makeDelegate(const ApplicationPlatfo
         .application = platform.application,
         .windowServer = m_windowServer,
     };
-    const AppDelegatePlatform delegate{
-        .runLoop = platform.runLoop,
-        .workspace = platform.workspace,
-        .accessibility = platform.accessibility,
-        .application = platform.application,
-        .alerts = platform.alerts,
-        .overlay = overlay,
-        .tracking = tracking,
+}
+
+StatusBarPlatform EntrySequence::statusBarPlatform(const ApplicationPlatform& platform)
+{
+    const auto restart = [&bundle = platform.bundle, &processes = platform.processes,
+                          &application = platform.application] { AppControl::restart(bundle, processes, application); };
+    const auto updaterManager = [this, &bundle = platform.bundle,
+                                 &framework = platform.updaterFramework]() -> UpdaterManager& {
+        return m_updaterManager ? *m_updaterManager : m_updaterManager.emplace(bundle, framework);
     };
-    return std::make_unique<AppDelegate>(delegate, m_settingsStore);
+    const SettingsViewPlatform settingsView{
+        .bundle = platform.bundle,
+        .applications = platform.applicationCatalog,
+        .loginItems = platform.loginItems,
+        .accessibility = platform.accessibility,
+        .workspace = platform.workspace,
+        .panels = platform.panels,
+        .alerts = platform.alerts,
+        .application = platform.application,
+        .restart = restart,
+    };
+    return {
+        .runLoop = platform.runLoop,
+        .statusItems = platform.statusItems,
+        .formWindows = platform.formWindows,
+        .panels = platform.panels,
+        .alerts = platform.alerts,
+        .application = platform.application,
+        .accessibility = platform.accessibility,
+        .workspace = platform.workspace,
+        .bundle = platform.bundle,
+        .launchAtLogin = m_launchAtLogin,
+        .updaterManager = updaterManager,
+        .settingsView = settingsView,
+    };
 }
 
 } // namespace haloric

@@ -3,15 +3,22 @@
 #pragma once
 
 #include "app/ApplicationPlatform.h"
+#include "menubar/HotkeyManager.h"
+#include "menubar/UpdaterManager.h"
+#include "settings/LaunchAtLogin.h"
 #include "settings/SettingsStore.h"
 #include "windowserver/WindowList.h"
 #include "windowserver/WindowServer.h"
 
 #include <memory>
+#include <optional>
 
 namespace haloric {
 
 class AppDelegate;
+struct FocusTrackerPlatform;
+struct OverlayPlatform;
+struct StatusBarPlatform;
 
 class EntrySequence {
 public:
@@ -28,14 +35,21 @@ public:
     AppDelegate& delegate() { return *m_delegate; }
     SettingsStore& settingsStore() { return m_settingsStore; }
     WindowServer& windowServer() { return m_windowServer; }
+    HotkeyManager& hotkeyManager() { return m_hotkeyManager; }
 
 private:
     std::unique_ptr<AppDelegate> makeDelegate(const ApplicationPlatform& platform);
+    OverlayPlatform overlayPlatform(const ApplicationPlatform& platform);
+    FocusTrackerPlatform trackingPlatform(const ApplicationPlatform& platform);
+    StatusBarPlatform statusBarPlatform(const ApplicationPlatform& platform);
 
     Application& m_application;
     SettingsStore m_settingsStore;
     WindowServer m_windowServer;
     WindowList m_windowList;
+    HotkeyManager m_hotkeyManager;
+    LaunchAtLogin m_launchAtLogin;
+    std::optional<UpdaterManager> m_updaterManager; // made at its first use
     std::unique_ptr<AppDelegate> m_delegate;
 };
 

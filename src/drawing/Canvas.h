@@ -4,9 +4,12 @@
 // belongs to the innermost save; colours go with each call. Main thread.
 #pragma once
 
-#include "foundation/Color.h"
+#include "drawing/LineStyle.h"
 #include "drawing/Path.h"
+#include "foundation/Color.h"
 #include "foundation/Geometry.h"
+
+#include <span>
 
 namespace haloric {
 
@@ -46,6 +49,9 @@ public:
 
     // `lineWidth` in points, centred on the path.
     virtual void stroke(const Path& path, const Color& color, double lineWidth) = 0;
+
+    // All lines as one path: where they cross, the colour counts once. A line of fewer than two points is not drawn.
+    virtual void strokeLines(std::span<const Polyline> lines, const Color& color, const LineStyle& style) = 0;
 };
 
 } // namespace haloric

@@ -22,6 +22,15 @@ struct DeviceShape {
     friend bool operator==(const DeviceShape&, const DeviceShape&) = default;
 };
 
+// A corner of an open line, on the same grid.
+struct DevicePoint {
+    int x = 0;
+    int y = 0;
+    bool begins = false; // the first one of its line
+
+    friend bool operator==(const DevicePoint&, const DevicePoint&) = default;
+};
+
 // The pixel that a unit lies in, and the first pixel that begins at or after it.
 constexpr int pixelFloor(int units) { return units >> 8; }
 constexpr int pixelCeil(int units) { return (units + DeviceShape::kUnit - 1) >> 8; }

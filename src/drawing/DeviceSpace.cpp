@@ -1,6 +1,8 @@
 #include "drawing/DeviceSpace.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace haloric {
 
@@ -80,6 +82,17 @@ StrokeOutline DeviceSpace::stroke(const Path::Shape& shape, double lineWidth) co
     const double radius = limitedRadius(rounded);
     return {map(rounded.rect.insetBy(-half), radius > 0 ? radius + half : 0),
             map(rounded.rect.insetBy(half), std::max(radius - half, 0.0))};
+}
+
+void DeviceSpace::addLine(const Polyline& line, std::vector<DevicePoint>& points) const
+{
+    const auto isFinite = [](const Point& point) { return std::isfinite(point.x) && std::isfinite(point.y); };
+    if (line.points.size() < 2 || !std::all_of(line.points.begin(), line.points.end(), isFinite))
+        return;
+    bool begins = true;
+    for (const Point& point : line.points)
+        points.push_back({toUnits(point.x * m_scale), toUnits((m_viewSize.height - point.y) * m_scale),
+                          std::exchange(begins, false)});
 }
 
 double DeviceSpace::length(double points, double limit) const

@@ -3,8 +3,11 @@
 #pragma once
 
 #include "drawing/DeviceShape.h"
+#include "drawing/LineStyle.h"
 #include "drawing/Path.h"
 #include "drawing/PixelRect.h"
+
+#include <vector>
 
 namespace haloric {
 
@@ -30,6 +33,10 @@ public:
 
     // Centred on the shape's edge. Corners of a plain rectangle stay sharp, round ones stay round.
     StrokeOutline stroke(const Path::Shape& shape, double lineWidth) const;
+
+    // Appends the line's points. Adds nothing for a line that has fewer than two, or a coordinate that is no number or
+    // infinite.
+    void addLine(const Polyline& line, std::vector<DevicePoint>& points) const;
 
     // A length in points as pixels, cut to 0...`limit`.
     double length(double points, double limit) const;

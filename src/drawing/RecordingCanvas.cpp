@@ -53,4 +53,11 @@ void RecordingCanvas::stroke(const Path& path, const Color& color, double lineWi
     m_drawings.push_back({Stroke{path, color, lineWidth}, m_state});
 }
 
+void RecordingCanvas::strokeLines(std::span<const Polyline> lines, const Color& color, const LineStyle& style)
+{
+    const StrokeLines call{{lines.begin(), lines.end()}, color, style};
+    m_calls.push_back(call);
+    m_drawings.push_back({call, m_state});
+}
+
 } // namespace haloric

@@ -48,7 +48,13 @@ public:
         double lineWidth = 0;
         friend bool operator==(const Stroke&, const Stroke&) = default;
     };
-    using Call = std::variant<Save, Restore, Clip, SetShadow, SetBlendMode, Fill, FillRect, Stroke>;
+    struct StrokeLines {
+        std::vector<Polyline> lines;
+        Color color;
+        LineStyle style;
+        friend bool operator==(const StrokeLines&, const StrokeLines&) = default;
+    };
+    using Call = std::variant<Save, Restore, Clip, SetShadow, SetBlendMode, Fill, FillRect, Stroke, StrokeLines>;
 
     // What the innermost save holds.
     struct State {
@@ -60,7 +66,7 @@ public:
 
     // A call that paints, with the state under which it was made.
     struct Drawing {
-        std::variant<Fill, FillRect, Stroke> call;
+        std::variant<Fill, FillRect, Stroke, StrokeLines> call;
         State state;
         friend bool operator==(const Drawing&, const Drawing&) = default;
     };
@@ -87,6 +93,7 @@ public:
     void fill(const Path& path, const Color& color, FillRule rule) override;
     void fillRect(const Rect& rect, const Color& color, CompositingOperation operation) override;
     void stroke(const Path& path, const Color& color, double lineWidth) override;
+    void strokeLines(std::span<const Polyline> lines, const Color& color, const LineStyle& style) override;
 
 private:
     std::vector<Call> m_calls;

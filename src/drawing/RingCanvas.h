@@ -32,6 +32,7 @@ public:
     CompositingOperation compositingOperation() const override { return CompositingOperation::sourceOver; }
     void fill(const Path&, const Color&, FillRule) override {}
     void fillRect(const Rect&, const Color&, CompositingOperation) override {}
+    void strokeLines(std::span<const Polyline>, const Color&, const LineStyle&) override {}
 
     // At least one pixel wide. Fully transparent strokes are dropped.
     void stroke(const Path& path, const Color& color, double lineWidth) override;

@@ -66,7 +66,7 @@ struct FormMenuItem {
 
 struct FormMenu {
     std::string label;
-    std::vector<FormMenuItem> items; // may be empty
+    std::vector<FormMenuItem> items = {}; // may be empty
 };
 
 struct FormButton {
@@ -84,9 +84,9 @@ struct FormRow {
 struct FormSection {
     std::string id;
     std::string title;
-    std::vector<FormRow> rows;
-    std::string footer; // empty for none
-    Task onAppear;      // when the section comes on screen with its window; may be empty
+    std::vector<FormRow> rows = {};
+    std::string footer = {}; // empty for none
+    Task onAppear = {};      // when the section comes on screen with its window; may be empty
 };
 
 struct FormModel {

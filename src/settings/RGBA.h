@@ -16,5 +16,6 @@ struct RGBA {
 };
 
 constexpr Color colorFrom(const RGBA& rgba) { return {rgba.r, rgba.g, rgba.b, rgba.a}; }
+constexpr RGBA rgbaFrom(const Color& color) { return {color.red, color.green, color.blue, color.alpha}; }
 
 } // namespace haloric

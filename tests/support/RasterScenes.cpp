@@ -3,6 +3,7 @@
 #include "overlay/AppDimView.h"
 #include "overlay/DimView.h"
 #include "overlay/HighlightView.h"
+#include "support/GoldenPictures.h"
 
 #include <cmath>
 
@@ -26,12 +27,6 @@ Settings settingsWith(unsigned layers)
     return settings;
 }
 
-std::string scaled(const std::string& name, double scale)
-{
-    return name + "@" + std::to_string(static_cast<int>(scale)) +
-           (scale == std::floor(scale) ? "" : "." + std::to_string(std::lround(scale * 100) % 100));
-}
-
 RasterScene highlightScene(const std::string& name, double scale, const Settings& settings, const Rect& window,
                            double pulse = 0, double tintHeight = 28)
 {
@@ -41,7 +36,7 @@ RasterScene highlightScene(const std::string& name, double scale, const Settings
     view.tintHeight = tintHeight;
     view.pulseProgress = pulse;
     const Size size{std::ceil(window.maxX() + kMargin), std::ceil(window.maxY() + kMargin)};
-    return {scaled(name, scale), size, scale,
+    return {GoldenPictures::scaled(name, scale), size, scale,
             [view](Canvas& canvas, const Rect& bounds) mutable { view.draw(canvas, bounds); }};
 }
 
@@ -50,7 +45,7 @@ RasterScene dimScene(const std::string& name, double scale, std::optional<Rect> 
     DimView view;
     view.settings.dimEnabled = true;
     view.holeRect = hole;
-    return {scaled(name, scale), {160, 101}, scale, [view](Canvas& canvas, const Rect& bounds) mutable {
+    return {GoldenPictures::scaled(name, scale), {160, 101}, scale, [view](Canvas& canvas, const Rect& bounds) mutable {
                 view.draw(canvas, bounds);
             }};
 }
@@ -65,9 +60,10 @@ RasterScene appDimScene(double scale)
                     {{40, 5, 50, 45}, false},
                     {{120.5, 60.25, 10, 30}, true},
                     {{70, 40, 30, 30}, false}};
-    return {scaled("app-dim", scale), {160, 101}, scale, [view](Canvas& canvas, const Rect& bounds) mutable {
-                view.draw(canvas, bounds);
-            }};
+    return {GoldenPictures::scaled("app-dim", scale),
+            {160, 101},
+            scale,
+            [view](Canvas& canvas, const Rect& bounds) mutable { view.draw(canvas, bounds); }};
 }
 
 } // namespace
@@ -147,7 +143,7 @@ std::vector<RasterScene> RasterScenes::singleShapes()
                 canvas.setBlendMode(BlendMode::clear);
                 canvas.fill(Path::roundedRect(window, 9), {}, FillRule::nonZero);
             };
-            scenes.push_back({scaled("erased" + place, scale), {180, 150}, scale, erase});
+            scenes.push_back({GoldenPictures::scaled("erased" + place, scale), {180, 150}, scale, erase});
         }
     return scenes;
 }

@@ -17,6 +17,9 @@ struct CairoDeleter {
 // Finer than the default of a tenth of a pixel, which shows in the corners.
 constexpr double kFlatness = 0.02;
 
+// How far a sharp corner may reach, in halves of the line's width.
+constexpr double kMiterLimit = 10;
+
 // Where the control points of a quarter circle lie, as a part of its radius.
 constexpr double kArcHandle = 0.5522847498;
 
@@ -47,6 +50,14 @@ public:
         cairo_close_path(m_context);
     }
 
+    void add(const DevicePoint& point) const
+    {
+        if (point.begins)
+            cairo_move_to(m_context, x(point.x), y(point.y));
+        else
+            cairo_line_to(m_context, x(point.x), y(point.y));
+    }
+
 private:
     double x(int units) const { return static_cast<double>(units) / DeviceShape::kUnit - m_area.x; }
     double y(int units) const { return static_cast<double>(units) / DeviceShape::kUnit - m_area.y; }
@@ -57,24 +68,33 @@ private:
 
 } // namespace
 
+// How far a stroke reaches beyond its path.
+int MaskPath::margin() const
+{
+    if (lineWidth <= 0)
+        return 0;
+    if (linePoints.empty() || join == LineJoin::round)
+        return static_cast<int>(std::ceil(lineWidth)); // right angles reach √2 / 2 of it
+    return static_cast<int>(std::ceil(kMiterLimit * lineWidth / 2));
+}
+
 PixelRect MaskPath::bounds() const
 {
     PixelRect all;
-    const int margin = lineWidth > 0 ? static_cast<int>(std::ceil(lineWidth)) : 0; // sharp corners reach √2 / 2 of it
-    for (const DeviceShape& shape : shapes) {
-        if (shape.empty())
-            continue;
-        const PixelRect box{pixelFloor(shape.x0) - margin, pixelFloor(shape.y0) - margin,
-                            pixelCeil(shape.x1) - pixelFloor(shape.x0) + 2 * margin,
-                            pixelCeil(shape.y1) - pixelFloor(shape.y0) + 2 * margin};
-        if (all.empty()) {
-            all = box;
-            continue;
-        }
-        const int x = std::min(all.x, box.x);
-        const int y = std::min(all.y, box.y);
-        all = {x, y, std::max(all.maxX(), box.maxX()) - x, std::max(all.maxY(), box.maxY()) - y};
-    }
+    const int margin = this->margin();
+    const auto add = [&](int x0, int y0, int x1, int y1) {
+        const PixelRect box{x0 - margin, y0 - margin, x1 - x0 + 2 * margin, y1 - y0 + 2 * margin};
+        const int x = all.empty() ? box.x : std::min(all.x, box.x);
+        const int y = all.empty() ? box.y : std::min(all.y, box.y);
+        const int maxX = all.empty() ? box.maxX() : std::max(all.maxX(), box.maxX());
+        const int maxY = all.empty() ? box.maxY() : std::max(all.maxY(), box.maxY());
+        all = {x, y, maxX - x, maxY - y};
+    };
+    for (const DeviceShape& shape : shapes)
+        if (!shape.empty())
+            add(pixelFloor(shape.x0), pixelFloor(shape.y0), pixelCeil(shape.x1), pixelCeil(shape.y1));
+    for (const DevicePoint& point : linePoints)
+        add(pixelFloor(point.x), pixelFloor(point.y), pixelCeil(point.x), pixelCeil(point.y));
     return all;
 }
 
@@ -96,7 +116,13 @@ void PathMask::render(const MaskPath& path, const PixelRect& area)
     for (const DeviceShape& shape : path.shapes)
         if (!shape.empty())
             outline.add(shape);
+    for (const DevicePoint& point : path.linePoints)
+        outline.add(point);
     if (path.lineWidth > 0) {
+        cairo_set_line_cap(context.get(), path.cap == LineCap::round ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_BUTT);
+        cairo_set_line_join(context.get(),
+                            path.join == LineJoin::round ? CAIRO_LINE_JOIN_ROUND : CAIRO_LINE_JOIN_MITER);
+        cairo_set_miter_limit(context.get(), kMiterLimit);
         cairo_set_line_width(context.get(), path.lineWidth);
         cairo_stroke(context.get());
     } else {

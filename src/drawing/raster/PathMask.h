@@ -3,6 +3,7 @@
 #pragma once
 
 #include "drawing/DeviceShape.h"
+#include "drawing/LineStyle.h"
 #include "drawing/Path.h"
 #include "drawing/PixelRect.h"
 
@@ -18,8 +19,16 @@ struct MaskPath {
     FillRule rule = FillRule::nonZero;
     double lineWidth = 0; // pixels; a stroke if above zero, else a fill
 
+    // Open lines, for a stroke instead of shapes; the caller's too.
+    std::span<const DevicePoint> linePoints{};
+    LineCap cap = LineCap::butt;
+    LineJoin join = LineJoin::miter;
+
     // Every pixel that it may cover.
     PixelRect bounds() const;
+
+private:
+    int margin() const;
 };
 
 class PathMask {

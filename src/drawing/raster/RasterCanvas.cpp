@@ -109,6 +109,22 @@ void RasterCanvas::stroke(const Path& path, const Color& color, double lineWidth
                        blendedMode());
 }
 
+void RasterCanvas::strokeLines(std::span<const Polyline> lines, const Color& color, const LineStyle& style)
+{
+    if (!(style.width > 0) || !std::isfinite(style.width))
+        return;
+    std::vector<DevicePoint>& points = m_resources.linePoints;
+    points.clear();
+    for (const Polyline& line : lines)
+        m_space.addLine(line, points);
+    paintGenerally({.shapes = {},
+                    .lineWidth = m_space.length(style.width, kMaxShadowOffset),
+                    .linePoints = points,
+                    .cap = style.cap,
+                    .join = style.join},
+                   color, blendedMode());
+}
+
 void RasterCanvas::paintFill(const Color& color, FillRule rule, PaintMode mode)
 {
     if (castsShadow()) {

@@ -53,6 +53,7 @@ public:
     void fill(const Path& path, const Color& color, FillRule rule) override;
     void fillRect(const Rect& rect, const Color& color, CompositingOperation operation) override;
     void stroke(const Path& path, const Color& color, double lineWidth) override;
+    void strokeLines(std::span<const Polyline> lines, const Color& color, const LineStyle& style) override;
 
 private:
     void paintFill(const Color& color, FillRule rule, PaintMode mode);

@@ -25,6 +25,7 @@ struct RasterResources {
     std::vector<RasterClip> clips;       // outermost first
     std::vector<RasterState> states;     // the last save last
     std::vector<DeviceShape> shapes;     // of the path being drawn
+    std::vector<DevicePoint> linePoints; // of the lines being drawn
     std::vector<MaskPath> maskClips;     // the clips, for a drawing that takes the general way
 };
 

@@ -13,6 +13,9 @@ public:
     std::map<std::string, std::string, std::less<>> information{
         {"CFBundleIdentifier", "com.kestrow.haloric"},
         {"CFBundleName", "Haloric"},
+        {"CFBundleShortVersionString", "1.0"},
+        {"CFBundleVersion", "1"},
+        {"SUFeedURL", "https://example.org/haloric/appcast.xml"},
     };
 
     std::string path() const override { return bundlePath; }

@@ -27,6 +27,7 @@ struct SimFaults {
     bool eventTapRefused = false;
     bool savesFail = false;
     bool launchesFail = false;
+    bool loginItemsFail = false;
     bool videoLinksFail = false;
 
     // Counts a call down; true when it is the one that fails.

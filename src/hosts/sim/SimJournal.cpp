@@ -41,6 +41,12 @@ const char* nameOf(SimJournal::Kind kind)
         return "save";
     case SimJournal::Kind::process:
         return "process";
+    case SimJournal::Kind::menuBar:
+        return "menu bar";
+    case SimJournal::Kind::window:
+        return "window";
+    case SimJournal::Kind::shell:
+        return "shell";
     case SimJournal::Kind::application:
         return "application";
     }

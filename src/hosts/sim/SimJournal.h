@@ -28,6 +28,9 @@ public:
         url,
         save,
         process,
+        menuBar,
+        window, // one of the program's own, with a form
+        shell,  // hotkeys, login items, updates, panels
         application,
     };
 

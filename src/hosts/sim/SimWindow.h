@@ -4,6 +4,7 @@
 #include "foundation/Geometry.h"
 #include "foundation/Ids.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -42,6 +43,7 @@ struct SimWindow {
     bool minimised = false;
     std::optional<SimFullScreenOrigin> fullScreenOrigin; // present while the window is full screen
     bool lastSeenOnScreen = false;                       // kept by SimModel::takeVanished
+    std::function<void(const SimWindow&)> whenClosed;    // its owner hears of it, just before it is gone
 };
 
 } // namespace haloric

@@ -20,6 +20,8 @@ void SimWindowVerbs::close(SimWindow& window)
     const auto origin = window.fullScreenOrigin;
     const SimSpaceID space = window.space;
     const ProcessID owner = window.owner;
+    if (window.whenClosed)
+        window.whenClosed(window);
     m_notifier.postWindowServer(SimNotifier::kWindowDestroyed, window.number);
     m_model.windows.remove(window.number);
     m_notifier.postAccessibility(owner, "AXUIElementDestroyed");

@@ -4,6 +4,7 @@
 #include "hosts/posix/PosixProcesses.h"
 #include "hosts/posix/StandardErrorLog.h"
 #include "hosts/x11/CommandLine.h"
+#include "hosts/x11/NoDesktopShell.h"
 #include "hosts/x11/X11Accessibility.h"
 #include "hosts/x11/X11Alerts.h"
 #include "hosts/x11/X11Application.h"
@@ -86,6 +87,13 @@ int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& s
     X11Application application(runLoop);
     X11Alerts alerts;
     const X11Bundle bundle;
+    NoStatusItems statusItems;
+    NoFormWindows formWindows;
+    NoHotkeys hotkeys;
+    NoLoginItemService loginItems;
+    NoUpdaterFramework updaterFramework;
+    NoPanels panels;
+    NoApplicationCatalog applicationCatalog;
     X11UserDefaults userDefaults(X11UserDefaults::standardFolder(processes));
 
     int exitCode = kSuccess;
@@ -108,6 +116,13 @@ int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& s
                          .input = input,
                          .application = application,
                          .alerts = alerts,
+                         .statusItems = statusItems,
+                         .formWindows = formWindows,
+                         .hotkeys = hotkeys,
+                         .loginItems = loginItems,
+                         .updaterFramework = updaterFramework,
+                         .panels = panels,
+                         .applicationCatalog = applicationCatalog,
                          .bundle = bundle,
                          .userDefaults = userDefaults,
                          .processes = processes,

@@ -1,36 +1,9 @@
-#include "app/AppDelegate.h"
-
-#include "unit/app/ApplicationFixture.h"
+#include "unit/app/AppDelegateFixture.h"
 
 namespace haloric {
 namespace {
 
-class AppDelegateTest : public ApplicationFixture {
-protected:
-    AppDelegateTest() { makeDelegate(); }
-
-    void TearDown() override
-    {
-        delegate.reset();
-        ApplicationFixture::TearDown();
-    }
-
-    void makeDelegate()
-    {
-        const OverlayPlatform overlay{runLoop, workspace, screens, toolkit, input, windowServer, windowList, log};
-        const FocusTrackerPlatform tracking{runLoop,       queues,     links, workspace,   screens,
-                                            accessibility, windowInfo, input, application, windowServer};
-        delegate = std::make_unique<AppDelegate>(
-            AppDelegatePlatform{runLoop, workspace, accessibility, application, alerts, overlay, tracking}, store);
-    }
-
-    void launch() { delegate->applicationDidFinishLaunching(); }
-
-    WindowServer windowServer{library, processes, runLoop, log};
-    WindowList windowList{windowInfo, screens, workspace, application.pid};
-    SettingsStore store{defaults};
-    std::unique_ptr<AppDelegate> delegate;
-};
+using AppDelegateTest = AppDelegateFixture;
 
 TEST_F(AppDelegateTest, makes_nothing_before_launching_has_finished)
 {

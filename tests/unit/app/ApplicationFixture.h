@@ -8,13 +8,20 @@
 #include "support/FakeAccessibility.h"
 #include "support/FakeAlerts.h"
 #include "support/FakeApplication.h"
+#include "support/FakeApplicationCatalog.h"
 #include "support/FakeBundle.h"
 #include "support/FakeDisplayLinks.h"
+#include "support/FakeFormWindows.h"
+#include "support/FakeHotkeys.h"
 #include "support/FakeInputMonitors.h"
 #include "support/FakeLog.h"
+#include "support/FakeLoginItemService.h"
+#include "support/FakePanels.h"
 #include "support/FakeProcesses.h"
 #include "support/FakeScreens.h"
+#include "support/FakeStatusItems.h"
 #include "support/FakeToolkitWindows.h"
+#include "support/FakeUpdaterFramework.h"
 #include "support/FakeUserDefaults.h"
 #include "support/FakeWindowInfoSource.h"
 #include "support/FakeWindowServerLibrary.h"
@@ -72,6 +79,13 @@ protected:
                 .input = input,
                 .application = application,
                 .alerts = alerts,
+                .statusItems = statusItems,
+                .formWindows = formWindows,
+                .hotkeys = hotkeys,
+                .loginItems = loginItems,
+                .updaterFramework = updaterFramework,
+                .panels = panels,
+                .applicationCatalog = catalog,
                 .bundle = bundle,
                 .userDefaults = defaults,
                 .processes = processes,
@@ -90,6 +104,13 @@ protected:
     FakeInputMonitors input;
     FakeApplication application;
     FakeAlerts alerts;
+    FakeStatusItems statusItems;
+    FakeFormWindows formWindows;
+    FakeHotkeys hotkeys;
+    FakeLoginItemService loginItems;
+    FakeUpdaterFramework updaterFramework;
+    FakePanels panels;
+    FakeApplicationCatalog catalog;
     FakeBundle bundle;
     FakeUserDefaults defaults;
     FakeProcesses processes;

@@ -68,6 +68,60 @@ TEST_F(EntrySequenceTest, windows_of_its_own_process_are_not_dimmed)
     EXPECT_EQ(std::ranges::count(items, true, &AppDimView::Window::dim), 1);
 }
 
+TEST_F(EntrySequenceTest, the_updater_is_decided_on_when_the_menu_is_built_and_once)
+{
+    bundle.info["SUFeedURL"] = "https://example.org/appcast.xml";
+    EntrySequence sequence(platform());
+    EXPECT_TRUE(updaterFramework.made.empty());
+    sequence.run();
+    ASSERT_EQ(updaterFramework.made.size(), 1U);
+    ASSERT_TRUE(statusItems.choose("Check for Updates…"));
+    EXPECT_EQ(updaterFramework.checks, 1);
+    EXPECT_EQ(updaterFramework.made.size(), 1U);
+}
+
+TEST_F(EntrySequenceTest, the_menu_acts_on_the_one_store_and_the_overlays_follow)
+{
+    EntrySequence sequence(platform());
+    sequence.run();
+    runLoop.runPosted();
+    ASSERT_TRUE(statusItems.choose("Dim other windows"));
+    EXPECT_TRUE(sequence.settingsStore().settings().dimEnabled);
+    runLoop.runPosted();
+    EXPECT_EQ(toolkit.stack.size(), 2U);
+}
+
+TEST_F(EntrySequenceTest, the_hotkey_is_the_one_that_everybody_shares)
+{
+    EntrySequence sequence(platform());
+    sequence.settingsStore().update([](Settings& settings) { settings.hotkeyEnabled = true; });
+    sequence.run();
+    EXPECT_TRUE(sequence.hotkeyManager().isRegistered());
+    hotkeys.press();
+    EXPECT_EQ(formWindows.windows.size(), 1U);
+}
+
+TEST_F(EntrySequenceTest, login_in_the_menu_reaches_the_host)
+{
+    EntrySequence sequence(platform());
+    sequence.run();
+    ASSERT_TRUE(statusItems.choose("Launch at Login"));
+    EXPECT_EQ(loginItems.changes, Calls{"register"});
+}
+
+TEST_F(EntrySequenceTest, restart_in_the_settings_window_has_the_bundle_opened_again)
+{
+    EntrySequence sequence(platform());
+    sequence.run();
+    ASSERT_TRUE(statusItems.choose("Settings…"));
+    for (const FormRow& row : formWindows.windows.front()->form.buttons)
+        if (const auto& button = std::get<FormButton>(row.control); button.label == "Restart")
+            button.perform();
+    ASSERT_EQ(processes.launches.size(), 1U);
+    EXPECT_EQ(processes.launches.front().executable, "/bin/sh");
+    EXPECT_TRUE(application.terminated);
+}
+
 TEST_F(EntrySequenceTest, quitting_stops_the_tracker)
 {
     EntrySequence sequence(platform());
@@ -91,6 +145,7 @@ TEST_F(EntrySequenceTest, leaves_no_timer_and_no_registration_behind)
     EXPECT_EQ(screens.observerCount(), 0U);
     EXPECT_EQ(workspace.observerCount(WorkspaceNotification::activeSpaceDidChange), 0U);
     EXPECT_TRUE(library.registeredEvents().empty());
+    EXPECT_FALSE(statusItems.items.front()->alive);
     runLoop.runFor(Seconds(1));
 }
 

@@ -19,13 +19,17 @@ TEST(RecordingCanvas, calls_are_kept_in_order_and_compare_by_value)
     canvas.fill(Path::roundedRect(kRect, 4), kRed, FillRule::nonZero);
     canvas.fillRect(kRect, kRed, CompositingOperation::copy);
     canvas.stroke(Path::rect(kRect), kRed, 3);
+    const std::vector<Polyline> lines{{{{1, 2}, {3, 4}}}};
+    const LineStyle style{2, LineCap::round, LineJoin::round};
+    canvas.strokeLines(lines, kRed, style);
     canvas.restore();
     EXPECT_THAT(canvas.calls(),
                 ElementsAre(Recording::Save{}, Recording::Clip{Path::rect(kRect), FillRule::evenOdd},
                             Recording::SetShadow{{18, {0, 0}, kRed}}, Recording::SetBlendMode{BlendMode::clear},
                             Recording::Fill{Path::roundedRect(kRect, 4), kRed, FillRule::nonZero},
                             Recording::FillRect{kRect, kRed, CompositingOperation::copy},
-                            Recording::Stroke{Path::rect(kRect), kRed, 3}, Recording::Restore{}));
+                            Recording::Stroke{Path::rect(kRect), kRed, 3}, Recording::StrokeLines{lines, kRed, style},
+                            Recording::Restore{}));
 }
 
 TEST(RecordingCanvas, a_drawing_carries_the_state_that_was_in_force)

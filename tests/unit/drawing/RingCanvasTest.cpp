@@ -81,6 +81,7 @@ TEST(RingCanvas, everything_but_visible_strokes_is_dropped)
     canvas.setBlendMode(BlendMode::clear);
     canvas.fill(Path::rect({0, 0, 50, 50}), kGreen, FillRule::nonZero);
     canvas.fillRect({0, 0, 50, 50}, kGreen, CompositingOperation::sourceOver);
+    canvas.strokeLines(std::vector<Polyline>{{{{0, 0}, {50, 50}}}}, kGreen, {4, LineCap::round, LineJoin::round});
     canvas.stroke(Path::rect({10, 10, 20, 20}), kGreen.withAlpha(0), 3);
     canvas.restore();
     EXPECT_TRUE(canvas.rects().empty());

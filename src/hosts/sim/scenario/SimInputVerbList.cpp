@@ -1,3 +1,4 @@
+#include "hosts/sim/scenario/SimFailure.h"
 #include "hosts/sim/scenario/SimPlayer.h"
 
 #include <array>
@@ -43,6 +44,27 @@ void click(SimPlayer& player, const SimJson& arguments)
     desktop.pointer.release(SimButton::left);
 }
 
+void chooseMenuItem(SimPlayer& player, const SimJson& arguments)
+{
+    const auto title = arguments["title"].get<std::string>();
+    if (!player.session().statusItems.choose(title))
+        throw SimUnknownName("the menu has no item \"" + title + "\" that can be chosen");
+}
+
+void changeControl(SimPlayer& player, const SimJson& arguments)
+{
+    SimFormWindows::Value value;
+    if (arguments.contains("on"))
+        value = arguments["on"].get<bool>();
+    else if (arguments.contains("value"))
+        value = arguments["value"].get<double>();
+    else if (arguments.contains("option"))
+        value = arguments["option"].get<std::string>();
+    const auto id = arguments["id"].get<std::string>();
+    if (!player.session().formWindows.change(id, value))
+        throw SimUnknownName("the settings window shows no control \"" + id + "\" that takes this");
+}
+
 } // namespace
 
 const std::vector<SimVerb>& simInputVerbs()
@@ -65,6 +87,21 @@ const std::vector<SimVerb>& simInputVerbs()
          {{"code", SimType::integer, kRequired, "its virtual key number"},
           {"modifiers", SimType::texts, kOptional, "any of shift, control, option, command"}},
          pressKey},
+        {"menu",
+         "choose an item of the program's menu",
+         {{"title", SimType::text, kRequired, "the item's title, also in a submenu"}},
+         chooseMenuItem},
+        {"control",
+         "use a control of the settings window",
+         {{"id", SimType::text, kRequired, "which"},
+          {"on", SimType::flag, kOptional, "a switch's new state"},
+          {"value", SimType::number, kOptional, "a slider's new value"},
+          {"option", SimType::text, kOptional, "what is chosen in a list"}},
+         changeControl},
+        {"reopen",
+         "open the application again while it runs",
+         {},
+         [](SimPlayer& player, const SimJson&) { player.session().reopen(); }},
         {"screenshot",
          "open the system's screenshot interface by Command-Shift-4",
          {},

@@ -63,6 +63,9 @@ std::vector<SimRandomSteps::Choice> SimRandomSteps::everyday()
         {2, "fullScreen", [](Self& s) { return s.anyWindow(); }},
         {2, "screenshot", [](Self& s) { return s.none(); }},
         {2, "key", [](Self& s) { return s.key(); }},
+        {2, "menu", [](Self& s) { return s.menu(); }},
+        {2, "control", [](Self& s) { return s.control(); }},
+        {1, "reopen", [](Self& s) { return s.none(); }},
         {2, "decoration",
          [](Self& s) {
              const std::vector<std::string> kinds{"titled", "none", "client"};

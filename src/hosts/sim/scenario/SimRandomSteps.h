@@ -52,6 +52,8 @@ private:
     Arguments resizeScreen();
     Arguments settings();
     Arguments key();
+    Arguments menu();
+    Arguments control();
     Arguments failCall();
     Arguments refuseNotifications();
     Arguments notify();

@@ -37,8 +37,8 @@ SimJson SimRandomSteps::setup()
 SimJson SimRandomSteps::anySetting()
 {
     SimJson change = SimJson::object();
-    const std::vector<std::string> flags{"borderEnabled", "glowEnabled",  "tintEnabled",
-                                         "dimEnabled",    "pulseEnabled", "hideWhenFullScreen"};
+    const std::vector<std::string> flags{"borderEnabled", "glowEnabled",        "tintEnabled",  "dimEnabled",
+                                         "pulseEnabled",  "hideWhenFullScreen", "hotkeyEnabled"};
     switch (m_dice.below(5)) {
     case 0:
     case 1:
@@ -74,6 +74,8 @@ SimRandomSteps::Arguments SimRandomSteps::settings() { return SimJson{{"change",
 
 SimRandomSteps::Arguments SimRandomSteps::key()
 {
+    if (m_dice.chance(0.2)) // the hotkey
+        return SimJson{{"code", 3}, {"modifiers", {"control", "option", "command"}}};
     const std::vector<std::int64_t> codes{20, 21, 23, 53, 0};
     const std::vector<std::string> names{"shift", "control", "option", "command"};
     SimJson modifiers = SimJson::array();
@@ -82,6 +84,22 @@ SimRandomSteps::Arguments SimRandomSteps::key()
             modifiers.push_back(name);
     }
     return SimJson{{"code", m_dice.pick(codes)}, {"modifiers", modifiers}};
+}
+
+SimRandomSteps::Arguments SimRandomSteps::menu()
+{
+    const std::vector<std::string> titles{"Border", "Glow",      "Title-bar tint",  "Dim other windows",
+                                          "Teal",   "Settings…", "Launch at Login", "Grant Accessibility Permission…"};
+    return SimJson{{"title", m_dice.pick(titles)}};
+}
+
+SimRandomSteps::Arguments SimRandomSteps::control()
+{
+    const std::vector<std::string> switches{"borderEnabled", "glowEnabled", "tintEnabled", "dimEnabled",
+                                            "hotkeyEnabled"};
+    if (m_dice.coin())
+        return SimJson{{"id", m_dice.pick(switches)}, {"on", m_dice.coin()}};
+    return SimJson{{"id", "glowRadius"}, {"value", m_dice.between(0, 70)}};
 }
 
 SimRandomSteps::Arguments SimRandomSteps::failCall()

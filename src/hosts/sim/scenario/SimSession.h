@@ -7,13 +7,20 @@
 #include "hosts/sim/SimAccessibility.h"
 #include "hosts/sim/SimAlerts.h"
 #include "hosts/sim/SimApplication.h"
+#include "hosts/sim/SimApplicationCatalog.h"
 #include "hosts/sim/SimBundle.h"
 #include "hosts/sim/SimDisplayLinks.h"
+#include "hosts/sim/SimFormWindows.h"
+#include "hosts/sim/SimHotkeys.h"
 #include "hosts/sim/SimInputMonitors.h"
 #include "hosts/sim/SimLog.h"
+#include "hosts/sim/SimLoginItemService.h"
+#include "hosts/sim/SimPanels.h"
 #include "hosts/sim/SimProcesses.h"
 #include "hosts/sim/SimScreens.h"
+#include "hosts/sim/SimStatusItems.h"
 #include "hosts/sim/SimToolkitWindows.h"
+#include "hosts/sim/SimUpdaterFramework.h"
 #include "hosts/sim/SimUserDefaults.h"
 #include "hosts/sim/SimWindowInfoSource.h"
 #include "hosts/sim/SimWindowServerLibrary.h"
@@ -39,6 +46,9 @@ public:
     const SimDesktop& desktop() const { return m_desktop; }
     SettingsStore& settingsStore() { return m_entry->settingsStore(); }
 
+    // The user opens the application again while it runs.
+    void reopen() { m_entry->delegate().applicationShouldHandleReopen(false); }
+
     // Null before the start.
     const OverlayController* overlays() const { return m_entry->delegate().overlays(); }
     const FocusTracker* tracker() const { return m_entry->delegate().tracker(); }
@@ -57,6 +67,13 @@ public:
     SimDisplayLinks displayLinks{m_desktop};
     SimApplication application{m_desktop};
     SimAlerts alerts{m_desktop};
+    SimStatusItems statusItems{m_desktop};
+    SimFormWindows formWindows{m_desktop};
+    SimHotkeys hotkeys{m_desktop};
+    SimLoginItemService loginItems{m_desktop};
+    SimUpdaterFramework updaterFramework{m_desktop};
+    SimPanels panels{m_desktop};
+    SimApplicationCatalog applicationCatalog{m_desktop};
     SimBundle bundle;
     SimUserDefaults userDefaults{m_desktop};
     SimProcesses processes{m_desktop};

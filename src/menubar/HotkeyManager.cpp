@@ -1,0 +1,34 @@
+#include "menubar/HotkeyManager.h"
+
+#include <utility>
+
+namespace haloric {
+
+void HotkeyManager::enable()
+{
+    if (isRegistered())
+        return;
+    m_handler = m_hotkeys.installEventHandler(kEventType, [weak = m_weakAnchor.ref()] {
+        if (HotkeyManager* self = weak.get())
+            self->pressed();
+        return Hotkeys::kNoError; // consumed: nobody else gets the press
+    });
+    m_hotKey = m_hotkeys.registerHotkey(kHotkey, 0);
+}
+
+void HotkeyManager::disable()
+{
+    if (m_hotKey != HotkeyRef::none)
+        m_hotkeys.unregisterHotkey(std::exchange(m_hotKey, HotkeyRef::none));
+    if (m_handler != EventHandlerRef::none)
+        m_hotkeys.removeEventHandler(std::exchange(m_handler, EventHandlerRef::none));
+}
+
+void HotkeyManager::pressed()
+{
+    const Task trigger = onTrigger; // which may set another
+    if (trigger)
+        trigger();
+}
+
+} // namespace haloric

@@ -1,0 +1,162 @@
+#include "menubar/StatusBarController.h"
+
+#include "menubar/MenuBarIcon.h"
+#include "menubar/UpdaterManager.h"
+#include "platform/Accessibility.h"
+#include "platform/Alerts.h"
+#include "platform/Application.h"
+#include "platform/Bundle.h"
+#include "platform/Panels.h"
+#include "platform/RunLoop.h"
+#include "settings/AccessibilityGrant.h"
+#include "settings/LaunchAtLogin.h"
+
+#include <any>
+
+namespace haloric {
+
+namespace {
+
+constexpr std::uint64_t kTitled = 1;
+constexpr std::uint64_t kClosable = 2;
+constexpr std::uint64_t kMiniaturizable = 4;
+constexpr double kCreditsFontSize = 11; // points
+
+const FormWindowConfiguration kSettingsWindow{
+    .title = "Haloric Settings",
+    .styleMask = kTitled | kClosable | kMiniaturizable,
+    .isReleasedWhenClosed = false,
+    .contentSize = {440, 560},
+};
+
+} // namespace
+
+StatusBarController::StatusBarController(const StatusBarPlatform& platform, SettingsStore& store, FocusTracker& tracker)
+    : m_platform(platform),
+      m_store(store),
+      m_tracker(tracker),
+      m_item(platform.statusItems.make(StatusItems::kSquareLength))
+{
+    if (m_item->hasButton()) {
+        m_item->setImage(MenuBarIcon::make());
+        m_item->setToolTip("Haloric");
+    }
+    m_menu = std::make_unique<StatusMenu>(actions());
+    readState();
+    m_item->setMenu(m_menu->model(), *this);
+
+    RunLoop& runLoop = m_platform.runLoop;
+    m_cancellables.push_back(m_store.subscribe([&runLoop, weak = m_weakAnchor.ref()](const Settings&) {
+        runLoop.post([weak] {
+            if (StatusBarController* self = weak.get())
+                self->syncMenu();
+        });
+    }));
+}
+
+StatusMenuActions StatusBarController::actions()
+{
+    // Each does nothing once the controller is gone.
+    const auto weakly = [weak = m_weakAnchor.ref()](auto method) {
+        return [weak, method](const MenuItem& sender) {
+            if (StatusBarController* self = weak.get())
+                method(*self, sender);
+        };
+    };
+    const auto toggling = [&weakly](bool Settings::*effect) {
+        return weakly([effect](StatusBarController& self, const MenuItem&) { self.toggle(effect); });
+    };
+    const auto calling = [&weakly](void (StatusBarController::*method)()) {
+        return weakly([method](StatusBarController& self, const MenuItem&) { (self.*method)(); });
+    };
+    StatusMenuActions actions{
+        .toggleBorder = toggling(&Settings::borderEnabled),
+        .toggleGlow = toggling(&Settings::glowEnabled),
+        .toggleTint = toggling(&Settings::tintEnabled),
+        .toggleDim = toggling(&Settings::dimEnabled),
+        .togglePulse = toggling(&Settings::pulseEnabled),
+        .pickPreset = weakly([](StatusBarController& self, const MenuItem& sender) { self.pickPreset(sender); }),
+        .openSettings = calling(&StatusBarController::openSettings),
+        .toggleLogin = calling(&StatusBarController::toggleLogin),
+        .grantAX = calling(&StatusBarController::grantAX),
+        .showAbout = calling(&StatusBarController::showAbout),
+        .checkForUpdates = nullptr,
+        .terminate = [&application = m_platform.application](const MenuItem&) { application.terminate(); },
+    };
+    UpdaterManager& updater = m_platform.updaterManager();
+    if (updater.isAvailable())
+        actions.checkForUpdates = [&gate = updater.gate()](const MenuItem&) { gate.checkForUpdates(); };
+    return actions;
+}
+
+void StatusBarController::syncMenu()
+{
+    readState();
+    m_item->menuItemsChanged();
+}
+
+// The item reads the model right after this, without being told.
+void StatusBarController::menuNeedsUpdate() { readState(); }
+
+void StatusBarController::readState()
+{
+    m_menu->showEffects(m_store.settings());
+    m_menu->showLaunchAtLogin(m_platform.launchAtLogin.isAvailable(), m_platform.launchAtLogin.isEnabled());
+    m_menu->showAccessibility(m_platform.accessibility.isProcessTrusted());
+}
+
+void StatusBarController::toggle(bool Settings::*effect)
+{
+    m_store.update([effect](Settings& settings) { settings.*effect = !(settings.*effect); });
+}
+
+void StatusBarController::pickPreset(const MenuItem& sender)
+{
+    if (const auto* color = std::any_cast<RGBA>(&sender.representedObject))
+        m_store.update([accent = *color](Settings& settings) { settings.accent = accent; });
+}
+
+void StatusBarController::toggleLogin()
+{
+    LaunchAtLogin& launchAtLogin = m_platform.launchAtLogin;
+    if (const auto error = launchAtLogin.set(!launchAtLogin.isEnabled()))
+        m_platform.alerts.runModalError(*error);
+    syncMenu();
+}
+
+void StatusBarController::grantAX() { grantAccessibility(m_platform.accessibility, m_platform.workspace); }
+
+void StatusBarController::showAbout()
+{
+    m_platform.application.activateIgnoringOtherApps();
+    m_platform.panels.orderFrontStandardAboutPanel({
+        .applicationName = "Haloric",
+        .applicationVersion = m_platform.bundle.infoString("CFBundleShortVersionString").value_or("dev"),
+        .version = m_platform.bundle.infoString("CFBundleVersion").value_or(""),
+        .credits = "Makes the focused window unmistakable.",
+        .creditsFontSize = kCreditsFontSize,
+    });
+}
+
+void StatusBarController::openSettings()
+{
+    if (!m_settingsWindow)
+        makeSettingsWindow();
+    m_platform.application.activateIgnoringOtherApps();
+    m_settingsWindow->makeKeyAndOrderFront();
+}
+
+void StatusBarController::makeSettingsWindow()
+{
+    m_settingsView =
+        std::make_unique<SettingsView>(m_platform.settingsView, m_store, m_platform.launchAtLogin.isEnabled());
+    m_settingsWindow = m_platform.formWindows.make(kSettingsWindow, m_settingsView->form());
+    m_settingsWindow->center();
+    m_settingsView->setOnFormChange([weak = m_weakAnchor.ref()](const FormModel& form) {
+        StatusBarController* self = weak.get();
+        if (self && self->m_settingsWindow)
+            self->m_settingsWindow->setForm(form);
+    });
+}
+
+} // namespace haloric

@@ -1,0 +1,60 @@
+// The program's permanent user interface: the item in the menu bar, its menu, and the settings window. Reads and
+// writes the settings, and keeps the menu in step with them. Main thread.
+#pragma once
+
+#include "foundation/Subscription.h"
+#include "foundation/WeakAnchor.h"
+#include "menubar/StatusBarPlatform.h"
+#include "menubar/StatusMenu.h"
+#include "platform/FormWindows.h"
+#include "platform/StatusItems.h"
+#include "settings/SettingsStore.h"
+#include "settings/SettingsView.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace haloric {
+
+class FocusTracker;
+
+class StatusBarController final : public MenuDelegate {
+public:
+    // Puts the item into the menu bar. `platform` is copied; what it refers to, the store and the tracker outlive the
+    // controller.
+    StatusBarController(const StatusBarPlatform& platform, SettingsStore& store, FocusTracker& tracker);
+
+    // Brings the settings window to the front; the first time makes it. It is the same window ever after.
+    void openSettings();
+
+    // Brings states, enablement, tooltips and visibility of the menu's items up to date.
+    void syncMenu();
+
+    void menuNeedsUpdate() override;
+
+    const MenuModel& menu() const { return m_menu->model(); }
+    const FocusTracker& tracker() const { return m_tracker; }
+
+private:
+    StatusMenuActions actions();
+    void readState();
+    void toggle(bool Settings::*effect);
+    void pickPreset(const MenuItem& sender);
+    void toggleLogin();
+    void grantAX();
+    void showAbout();
+    void makeSettingsWindow();
+
+    StatusBarPlatform m_platform;
+    SettingsStore& m_store;
+    FocusTracker& m_tracker;
+    std::unique_ptr<StatusMenu> m_menu; // outlives the item, which reads it
+    std::unique_ptr<StatusItem> m_item;
+    std::unique_ptr<SettingsView> m_settingsView;
+    std::unique_ptr<FormWindow> m_settingsWindow;
+    std::vector<Subscription> m_cancellables;
+    WeakAnchor<StatusBarController> m_weakAnchor{*this};
+};
+
+} // namespace haloric

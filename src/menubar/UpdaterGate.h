@@ -1,0 +1,18 @@
+// The updater's delegate, and the target of the menu's command to check for updates. Main thread.
+#pragma once
+
+#include "platform/UpdaterFramework.h"
+
+#include <memory>
+
+namespace haloric {
+
+class UpdaterGate final : public UpdaterDelegate {
+public:
+    std::weak_ptr<UpdaterController> controller;
+
+    // A check that the user asked for; the framework shows what comes of it. Nothing without a controller.
+    void checkForUpdates() const;
+};
+
+} // namespace haloric

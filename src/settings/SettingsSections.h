@@ -1,0 +1,27 @@
+// Those sections of the settings window that hold nothing but bound controls.
+#pragma once
+
+#include "platform/FormModel.h"
+
+namespace haloric {
+
+class SettingsControls;
+
+namespace SettingsSections {
+
+// Without the switch that starts the application at login: it is bound to no field of the record.
+FormSection general(const SettingsControls& controls);
+
+FormSection border(const SettingsControls& controls);
+FormSection glow(const SettingsControls& controls);
+FormSection tint(const SettingsControls& controls);
+
+// Without the list of applications.
+FormSection dim(const SettingsControls& controls);
+
+FormSection pulse(const SettingsControls& controls);
+FormSection shortcut(const SettingsControls& controls);
+
+} // namespace SettingsSections
+
+} // namespace haloric

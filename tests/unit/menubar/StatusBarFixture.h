@@ -1,0 +1,112 @@
+// A status bar controller with everything that it needs, as fakes.
+#pragma once
+
+#include "menubar/StatusBarController.h"
+
+#include "hosts/sim/SimRunLoop.h"
+#include "hosts/sim/SimSerialQueues.h"
+#include "menubar/UpdaterManager.h"
+#include "settings/LaunchAtLogin.h"
+#include "support/FakeAccessibility.h"
+#include "support/FakeAlerts.h"
+#include "support/FakeApplication.h"
+#include "support/FakeApplicationCatalog.h"
+#include "support/FakeBundle.h"
+#include "support/FakeDisplayLinks.h"
+#include "support/FakeFormWindows.h"
+#include "support/FakeInputMonitors.h"
+#include "support/FakeLog.h"
+#include "support/FakeLoginItemService.h"
+#include "support/FakePanels.h"
+#include "support/FakeProcesses.h"
+#include "support/FakeScreens.h"
+#include "support/FakeStatusItems.h"
+#include "support/FakeUpdaterFramework.h"
+#include "support/FakeUserDefaults.h"
+#include "support/FakeWindowInfoSource.h"
+#include "support/FakeWindowServerLibrary.h"
+#include "support/FakeWorkspace.h"
+#include "tracking/FocusTracker.h"
+#include "windowserver/WindowServer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace haloric {
+
+class StatusBarFixture : public testing::Test {
+protected:
+    using Calls = std::vector<std::string>;
+
+    void make()
+    {
+        controller = std::make_unique<StatusBarController>(
+            StatusBarPlatform{.runLoop = runLoop,
+                              .statusItems = statusItems,
+                              .formWindows = formWindows,
+                              .panels = panels,
+                              .alerts = alerts,
+                              .application = application,
+                              .accessibility = accessibility,
+                              .workspace = workspace,
+                              .bundle = bundle,
+                              .launchAtLogin = launchAtLogin,
+                              .updaterManager = [this]() -> UpdaterManager& {
+                                  return updater ? *updater : updater.emplace(bundle, updaterFramework);
+                              },
+                              .settingsView = {bundle, catalog, loginItems, accessibility, workspace, panels, alerts,
+                                               application, [this] { ++restarts; }}},
+            store, tracker);
+    }
+
+    FakeStatusItems::Record& item() { return *statusItems.items.at(0); }
+    FakeFormWindows::Record& window() { return *formWindows.windows.at(0); }
+
+    // The toggle of that id in the settings window.
+    FormToggle toggle(const std::string& label)
+    {
+        for (const FormSection& section : window().form.sections)
+            for (const FormRow& row : section.rows)
+                if (const auto* found = std::get_if<FormToggle>(&row.control); found && found->label == label)
+                    return *found;
+        ADD_FAILURE() << "no toggle " << label;
+        return {};
+    }
+
+    SimRunLoop runLoop;
+    SimSerialQueues queues{runLoop};
+    FakeDisplayLinks links;
+    FakeWorkspace workspace;
+    FakeScreens screens{{Screen{{0, 0, 1000, 800}, DisplayID{1}}}};
+    FakeAccessibility accessibility;
+    FakeWindowInfoSource windowInfo;
+    FakeWindowServerLibrary library;
+    FakeInputMonitors input;
+    FakeApplication application;
+    FakeAlerts alerts;
+    FakeBundle bundle;
+    FakeUserDefaults defaults;
+    FakeProcesses processes;
+    FakeLog log;
+    FakeStatusItems statusItems;
+    FakeFormWindows formWindows;
+    FakePanels panels;
+    FakeLoginItemService loginItems;
+    FakeApplicationCatalog catalog;
+    FakeUpdaterFramework updaterFramework;
+
+    WindowServer windowServer{library, processes, runLoop, log};
+    FocusTracker tracker{FocusTrackerPlatform{runLoop, queues, links, workspace, screens, accessibility, windowInfo,
+                                              input, application, windowServer}};
+    SettingsStore store{defaults};
+    LaunchAtLogin launchAtLogin{bundle, loginItems};
+    std::optional<UpdaterManager> updater;
+    int restarts = 0;
+    std::unique_ptr<StatusBarController> controller;
+};
+
+} // namespace haloric

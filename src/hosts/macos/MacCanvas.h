@@ -21,6 +21,7 @@ public:
     void fill(const Path& path, const Color& color, FillRule rule) override;
     void fillRect(const Rect& rect, const Color& color, CompositingOperation operation) override;
     void stroke(const Path& path, const Color& color, double lineWidth) override;
+    void strokeLines(std::span<const Polyline> lines, const Color& color, const LineStyle& style) override;
 
 private:
     void addPath(const Path& path);

@@ -74,6 +74,25 @@ void MacCanvas::stroke(const Path& path, const Color& color, double lineWidth)
     CGContextStrokePath(m_context);
 }
 
+void MacCanvas::strokeLines(std::span<const Polyline> lines, const Color& color, const LineStyle& style)
+{
+    save(); // the style is these lines' alone
+    CGContextSetStrokeColorWithColor(m_context, cgColorFrom(color).get());
+    CGContextSetLineWidth(m_context, style.width);
+    CGContextSetLineCap(m_context, style.cap == LineCap::round ? kCGLineCapRound : kCGLineCapButt);
+    CGContextSetLineJoin(m_context, style.join == LineJoin::round ? kCGLineJoinRound : kCGLineJoinMiter);
+    CGContextBeginPath(m_context);
+    for (const Polyline& line : lines) {
+        if (line.points.size() < 2)
+            continue;
+        CGContextMoveToPoint(m_context, line.points[0].x, line.points[0].y);
+        for (const Point& point : std::span(line.points).subspan(1))
+            CGContextAddLineToPoint(m_context, point.x, point.y);
+    }
+    CGContextStrokePath(m_context);
+    restore();
+}
+
 void MacCanvas::addPath(const Path& path)
 {
     const CFOwned<CGMutablePathRef> shapes(CGPathCreateMutable());

@@ -4,15 +4,22 @@
 #include "hosts/macos/MacAccessibility.h"
 #include "hosts/macos/MacAlerts.h"
 #include "hosts/macos/MacApplication.h"
+#include "hosts/macos/MacApplicationCatalog.h"
 #include "hosts/macos/MacBundle.h"
 #include "hosts/macos/MacDisplayLinks.h"
+#include "hosts/macos/MacFormWindows.h"
+#include "hosts/macos/MacHotkeys.h"
 #include "hosts/macos/MacInputMonitors.h"
 #include "hosts/macos/MacLog.h"
+#include "hosts/macos/MacLoginItemService.h"
+#include "hosts/macos/MacPanels.h"
 #include "hosts/macos/MacProcesses.h"
 #include "hosts/macos/MacRunLoop.h"
 #include "hosts/macos/MacScreens.h"
 #include "hosts/macos/MacSerialQueues.h"
+#include "hosts/macos/MacStatusItems.h"
 #include "hosts/macos/MacToolkitWindows.h"
+#include "hosts/macos/MacUpdaterFramework.h"
 #include "hosts/macos/MacUserDefaults.h"
 #include "hosts/macos/MacWindowInfoSource.h"
 #include "hosts/macos/MacWorkspace.h"
@@ -36,6 +43,13 @@ int main()
         MacToolkitWindows toolkitWindows;
         MacInputMonitors input;
         MacAlerts alerts;
+        MacStatusItems statusItems;
+        MacFormWindows formWindows;
+        MacHotkeys hotkeys;
+        MacLoginItemService loginItems;
+        MacUpdaterFramework updaterFramework;
+        MacPanels panels;
+        MacApplicationCatalog applicationCatalog;
         const MacBundle bundle;
         MacUserDefaults userDefaults;
         MacProcesses processes;
@@ -53,6 +67,13 @@ int main()
                              .input = input,
                              .application = application,
                              .alerts = alerts,
+                             .statusItems = statusItems,
+                             .formWindows = formWindows,
+                             .hotkeys = hotkeys,
+                             .loginItems = loginItems,
+                             .updaterFramework = updaterFramework,
+                             .panels = panels,
+                             .applicationCatalog = applicationCatalog,
                              .bundle = bundle,
                              .userDefaults = userDefaults,
                              .processes = processes,

@@ -6,20 +6,18 @@
 namespace haloric {
 namespace {
 
+// The system declares the numbers of the types as plain numbers, but wants its own type.
+constexpr auto kPoint = static_cast<AXValueType>(kAXValueCGPointType);
+constexpr auto kSize = static_cast<AXValueType>(kAXValueCGSizeType);
+
 AXValue geometryFrom(AXValueRef value)
 {
-    switch (AXValueGetType(value)) {
-    case kAXValueCGPointType:
-        if (CGPoint point; AXValueGetValue(value, kAXValueCGPointType, &point))
-            return Point{point.x, point.y};
-        return AXOtherValue();
-    case kAXValueCGSizeType:
-        if (CGSize size; AXValueGetValue(value, kAXValueCGSizeType, &size))
-            return Size{size.width, size.height};
-        return AXOtherValue();
-    default:
-        return AXOtherValue();
-    }
+    const AXValueType type = AXValueGetType(value);
+    if (CGPoint point; type == kPoint && AXValueGetValue(value, kPoint, &point))
+        return Point{point.x, point.y};
+    if (CGSize size; type == kSize && AXValueGetValue(value, kSize, &size))
+        return Size{size.width, size.height};
+    return AXOtherValue();
 }
 
 } // namespace

@@ -7,9 +7,7 @@
 
 @interface MacContentView : NSView
 
-- (instancetype)initWithContent:(haloric::ContentView*)content NS_DESIGNATED_INITIALIZER;
-- (instancetype)initWithFrame:(NSRect)frame NS_UNAVAILABLE;
-- (instancetype)initWithCoder:(NSCoder*)coder NS_UNAVAILABLE;
+- (instancetype)initWithContent:(haloric::ContentView*)content;
 
 // From now on nothing is drawn: AppKit may keep a view longer than the program keeps its content.
 - (void)forgetContent;

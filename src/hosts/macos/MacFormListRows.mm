@@ -89,6 +89,7 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
     [_button.menu addItemWithTitle:haloric::nsStringFrom(menu->label) action:nil keyEquivalent:@""]; // what it shows
     for (const haloric::FormMenuItem& item : _items)
         [_button.menu addItemWithTitle:haloric::nsStringFrom(item.title) action:nil keyEquivalent:@""];
+    [_button synchronizeTitleAndSelectedItem];
     return YES;
 }
 

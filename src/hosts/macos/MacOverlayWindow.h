@@ -7,12 +7,9 @@
 
 @interface MacOverlayWindow : NSWindow
 
+// The one way to make an overlay; NSWindow's own initialiser stops the program.
 - (instancetype)initWithConfiguration:(const haloric::ToolkitWindowConfiguration&)configuration
-                             delegate:(const haloric::ToolkitWindowDelegate*)delegate NS_DESIGNATED_INITIALIZER;
-- (instancetype)initWithContentRect:(NSRect)contentRect
-                          styleMask:(NSWindowStyleMask)styleMask
-                            backing:(NSBackingStoreType)backing
-                              defer:(BOOL)defersCreation NS_UNAVAILABLE;
+                             delegate:(const haloric::ToolkitWindowDelegate*)delegate;
 
 // From now on nobody is asked: AppKit may keep a window longer than the program does.
 - (void)forgetOverlayDelegate;

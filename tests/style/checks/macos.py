@@ -24,9 +24,9 @@ TABLE = {
         "CFRunLoopRemoveSource(CFRunLoopGetMain(), AXObserverGetRunLoopSource(m_observer.get()), kCFRunLoopCommonModes)",
     ],
     "MacAXValues.mm": [
-        "type == AXUIElementGetTypeID()", "case kAXValueCGPointType:",
-        "AXValueGetValue(value, kAXValueCGPointType, &point)", "case kAXValueCGSizeType:",
-        "AXValueGetValue(value, kAXValueCGSizeType, &size)",
+        "type == AXUIElementGetTypeID()", "kPoint = static_cast<AXValueType>(kAXValueCGPointType)",
+        "kSize = static_cast<AXValueType>(kAXValueCGSizeType)", "AXValueGetValue(value, kPoint, &point)",
+        "AXValueGetValue(value, kSize, &size)",
     ],
     "MacAlerts.mm": [
         "NSAlertFirstButtonReturn == Alerts::kFirstButton", "NSApp.applicationIconImage", "[NSAlert alertWithError:",

@@ -48,12 +48,4 @@ struct MenuModel {
     std::vector<MenuItem> items;
 };
 
-class MenuDelegate {
-public:
-    virtual ~MenuDelegate() = default;
-
-    // Just before the menu is shown: the last chance to change its items.
-    virtual void menuNeedsUpdate() = 0;
-};
-
 } // namespace haloric

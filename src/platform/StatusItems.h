@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Image.h"
+#include "platform/MenuDelegate.h"
 #include "platform/MenuModel.h"
 
 #include <memory>

@@ -1,6 +1,6 @@
 #include "settings/SettingsControls.h"
 
-#include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -23,62 +23,66 @@ bool isFinite(const Color& color)
            std::isfinite(color.alpha);
 }
 
+// In the following, `member` gives the part of a record that the control is bound to.
+
+template <class Write, class Member>
+FormToggle boundToggle(const std::string& label, const Settings& shown, const Write& write, Member member)
+{
+    const auto set = [write, member](bool isOn) { write([&](Settings& record) { member(record) = isOn; }); };
+    return {.label = label, .isOn = member(shown), .set = set};
+}
+
+template <class Write, class Member>
+FormColorWell boundColorWell(const std::string& label, const Settings& shown, const Write& write, Member member)
+{
+    const auto set = [write, member](const Color& color) {
+        if (isFinite(color))
+            write([&](Settings& record) { member(record) = rgbaFrom(color); });
+    };
+    return {.label = label, .color = colorFrom(member(shown)), .set = set};
+}
+
 } // namespace
 
 SettingsControls::SettingsControls(SettingsStore& store) : m_store(store) {}
 
-FormRow SettingsControls::toggle(std::string id, std::string label, bool Settings::*field) const
+FormRow SettingsControls::toggle(std::string id, const std::string& label, bool Settings::*field) const
 {
-    return {
-        std::move(id),
-        FormToggle{.label = std::move(label), .isOn = settings().*field, .set = [write = writer(), field](bool isOn) {
-                       write([&](Settings& record) { record.*field = isOn; });
-                   }}};
+    const auto member = [field](auto& record) -> auto& { return record.*field; };
+    return {std::move(id), boundToggle(label, settings(), writer(), member)};
 }
 
 FormRow SettingsControls::slider(std::string id, const std::string& label, ValueText form, const SliderScale& scale,
                                  double Settings::*field) const
 {
     const double value = settings().*field;
+    const auto set = [write = writer(), scale, field](double wanted) {
+        if (const auto nearest = scale.nearest(wanted))
+            write([&](Settings& record) { record.*field = *nearest; });
+    };
     return {std::move(id), FormSlider{.label = label + text(form, value),
                                       .value = value,
                                       .minimum = scale.minimum(),
                                       .maximum = scale.maximum(),
                                       .step = scale.step(),
-                                      .set = [write = writer(), scale, field](double wanted) {
-                                          if (const auto nearest = scale.nearest(wanted))
-                                              write([&](Settings& record) { record.*field = *nearest; });
-                                      }}};
+                                      .set = set}};
 }
 
-FormRow SettingsControls::colorWell(std::string id, std::string label, RGBA Settings::*field) const
+FormRow SettingsControls::colorWell(std::string id, const std::string& label, RGBA Settings::*field) const
 {
-    return {std::move(id), FormColorWell{.label = std::move(label),
-                                         .color = colorFrom(settings().*field),
-                                         .set = [write = writer(), field](const Color& color) {
-                                             if (isFinite(color))
-                                                 write([&](Settings& record) { record.*field = rgbaFrom(color); });
-                                         }}};
+    const auto member = [field](auto& record) -> auto& { return record.*field; };
+    return {std::move(id), boundColorWell(label, settings(), writer(), member)};
 }
 
 void SettingsControls::appendEffectColor(FormSection& section, const std::string& id,
                                          EffectColor Settings::*field) const
 {
-    const EffectColor& effect = settings().*field;
-    section.rows.push_back(
-        {id + ".useAccent",
-         FormToggle{.label = "Use accent color", .isOn = effect.useAccent, .set = [write = writer(), field](bool isOn) {
-                        write([&](Settings& record) { (record.*field).useAccent = isOn; });
-                    }}});
-    section.rows.push_back({id + ".custom", FormColorWell{.label = "Custom color",
-                                                          .color = colorFrom(effect.custom),
-                                                          .isEnabled = !effect.useAccent,
-                                                          .set = [write = writer(), field](const Color& color) {
-                                                              if (isFinite(color))
-                                                                  write([&](Settings& record) {
-                                                                      (record.*field).custom = rgbaFrom(color);
-                                                                  });
-                                                          }}});
+    const auto useAccent = [field](auto& record) -> auto& { return (record.*field).useAccent; };
+    const auto custom = [field](auto& record) -> auto& { return (record.*field).custom; };
+    FormColorWell well = boundColorWell("Custom color", settings(), writer(), custom);
+    well.isEnabled = !useAccent(settings());
+    section.rows.push_back({id + ".useAccent", boundToggle("Use accent color", settings(), writer(), useAccent)});
+    section.rows.push_back({id + ".custom", std::move(well)});
 }
 
 FormRow SettingsControls::dimScopePicker(std::string id, std::string label) const

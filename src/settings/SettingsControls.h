@@ -18,13 +18,13 @@ public:
     // The store outlives this.
     explicit SettingsControls(SettingsStore& store);
 
-    FormRow toggle(std::string id, std::string label, bool Settings::*field) const;
+    FormRow toggle(std::string id, const std::string& label, bool Settings::*field) const;
 
     // The value follows the label. A move of the slider ends on the scale; a stored value beside it stays until then.
     FormRow slider(std::string id, const std::string& label, ValueText form, const SliderScale& scale,
                    double Settings::*field) const;
 
-    FormRow colorWell(std::string id, std::string label, RGBA Settings::*field) const;
+    FormRow colorWell(std::string id, const std::string& label, RGBA Settings::*field) const;
 
     // Appends the choice between the accent and an own colour, and that colour.
     void appendEffectColor(FormSection& section, const std::string& id, EffectColor Settings::*field) const;

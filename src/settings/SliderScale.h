@@ -8,7 +8,7 @@
 namespace haloric {
 
 // Counted in whole steps, so that every value is one division of two integers, hence the double nearest to its decimal:
-// 0.8 is 16 / 20, where 0.1 + 14 * 0.05 misses it.
+// 0.3 is 6 / 20, where 0.1 + 4 * 0.05 misses it.
 struct SliderScale {
     int stepsPerUnit = 1;
     int first = 0;

@@ -52,7 +52,7 @@ TEST(SimRandomRun, a_run_of_some_steps_plays_each_verb_but_expectations)
     SimApp& app = desktop.applications.launch("App", std::nullopt);
     app.hidden = true;
     app.responsive = false;
-    for (const char* name : {"a", "b"}) {
+    for (const char* name : {"a", "b", "Haloric Settings"}) {
         SimWindow window;
         window.name = name;
         window.frame = {0, 0, 100, 100};

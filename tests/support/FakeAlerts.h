@@ -13,7 +13,8 @@ public:
     std::int64_t answer = kFirstButton + 1;
     std::vector<AlertModel> shown;
     std::vector<PlatformError> errorsShown;
-    Task whileShown; // runs while an alert is up
+    Task whileShown;      // runs while an alert is up
+    Task whileErrorShown; // and while one for an error is
 
     std::int64_t runModal(const AlertModel& alert) override
     {
@@ -23,7 +24,12 @@ public:
         return answer;
     }
 
-    void runModalError(const PlatformError& error) override { errorsShown.push_back(error); }
+    void runModalError(const PlatformError& error) override
+    {
+        errorsShown.push_back(error);
+        if (whileErrorShown)
+            whileErrorShown();
+    }
 };
 
 } // namespace haloric

@@ -17,6 +17,7 @@ public:
     std::map<std::string, std::string, std::less<>> paths; // by bundle identifier
     std::map<std::string, std::string> displayNames;       // by path
     std::set<std::string, std::less<>> symbols{"app"};
+    bool sortsBackwards = false;
 
     void install(const std::string& bundleIdentifier, const std::string& path, const std::string& displayName)
     {
@@ -55,7 +56,7 @@ public:
 
     int compareLocalizedCaseInsensitive(const std::string& a, const std::string& b) const override
     {
-        return lowered(a).compare(lowered(b));
+        return sortsBackwards ? lowered(b).compare(lowered(a)) : lowered(a).compare(lowered(b));
     }
 
     bool hasSymbol(std::string_view name) const override { return symbols.contains(name); }

@@ -2,10 +2,10 @@
 // one by one, the runs between them are filled, and rows that are alike are prepared once. Main thread.
 #pragma once
 
-#include "foundation/Color.h"
 #include "drawing/raster/Blend.h"
 #include "drawing/raster/CoverageFactor.h"
 #include "drawing/raster/PixelBuffer.h"
+#include "foundation/Color.h"
 
 #include <vector>
 

@@ -2,10 +2,10 @@
 // the exact rows and the glow patches cannot do ends here. Main thread.
 #pragma once
 
-#include "foundation/Color.h"
 #include "drawing/raster/CoveragePainter.h"
 #include "drawing/raster/MaskBlur.h"
 #include "drawing/raster/PathMask.h"
+#include "foundation/Color.h"
 
 #include <optional>
 #include <span>

@@ -8,9 +8,9 @@
 // of cumulative functions across and one down, and the glow is the sum over the strips.
 #pragma once
 
-#include "foundation/Color.h"
 #include "drawing/DeviceShape.h"
 #include "drawing/GlowKernel.h"
+#include "foundation/Color.h"
 
 #include <cstdint>
 #include <optional>

@@ -46,6 +46,11 @@ std::unique_ptr<TestClient> Scene::openFocused(TestClient::Options options)
     options.application = TestClient::Application::ownOne;
     auto client = session.makeClient(options);
     EXPECT_TRUE(client->showFocused()) << "the window " << options.title << " does not get the focus";
+    const ScreenRect inside = client->content();
+    EXPECT_TRUE(session.observer().waitUntil([&] {
+        return session.observer().capture(inside).at(inside.x + inside.width / 2, inside.y + inside.height / 2) ==
+               options.color;
+    })) << "the window " << options.title << " is not painted";
     return client;
 }
 

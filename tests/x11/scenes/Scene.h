@@ -43,7 +43,7 @@ inline constexpr const char* kStill = R"({"pulseEnabled": false})";
 
 class Scene : public testing::TestWithParam<Pairing> {
 protected:
-    // Opens a window, each of an application of its own, and gives it the focus.
+    // Opens a window, each of an application of its own, and gives it the focus. Returns once it is on the screen.
     std::unique_ptr<TestClient> openFocused(TestClient::Options options = {});
 
     // Starts the program and waits until `client` has its border.

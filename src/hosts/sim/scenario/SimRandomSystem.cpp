@@ -1,6 +1,8 @@
 // Random steps that concern the system: how it is at the start, settings, keys and faults.
 #include "hosts/sim/scenario/SimRandomSteps.h"
 
+#include <algorithm>
+
 namespace haloric {
 
 SimJson SimRandomSteps::setup()
@@ -88,13 +90,18 @@ SimRandomSteps::Arguments SimRandomSteps::key()
 
 SimRandomSteps::Arguments SimRandomSteps::menu()
 {
-    const std::vector<std::string> titles{"Border", "Glow",      "Title-bar tint",  "Dim other windows",
-                                          "Teal",   "Settings…", "Launch at Login", "Grant Accessibility Permission…"};
+    std::vector<std::string> titles{"Border", "Glow",      "Title-bar tint",  "Dim other windows",
+                                    "Teal",   "Settings…", "Launch at Login", "About Haloric"};
+    if (!m_desktop->model.trusted)
+        titles.emplace_back("Grant Accessibility Permission…");
     return SimJson{{"title", m_dice.pick(titles)}};
 }
 
 SimRandomSteps::Arguments SimRandomSteps::control()
 {
+    const auto isSettings = [](const auto& window) { return window->name == "Haloric Settings"; };
+    if (std::ranges::none_of(m_desktop->model.windows.frontToBack(), isSettings))
+        return std::nullopt;
     const std::vector<std::string> switches{"borderEnabled", "glowEnabled", "tintEnabled", "dimEnabled",
                                             "hotkeyEnabled"};
     if (m_dice.coin())

@@ -1,6 +1,7 @@
 // An AppKit menu that shows a menu model: made once from its items, and brought up to date from them. Main thread.
 #pragma once
 
+#include "platform/MenuDelegate.h"
 #include "platform/MenuModel.h"
 
 #import <AppKit/AppKit.h>

@@ -38,7 +38,7 @@ Rect ContractWindowProcess::ask(const std::string& command)
 void ContractWindowProcess::write(const std::string& line)
 {
     NSString* text = [NSString stringWithFormat:@"%s\n", line.c_str()];
-    [m_commands.fileHandleForWriting writeData:[text dataUsingEncoding:NSUTF8StringEncoding]];
+    [m_commands.fileHandleForWriting writeData:[text dataUsingEncoding:NSUTF8StringEncoding] error:nil];
 }
 
 std::string ContractWindowProcess::readLine()

@@ -57,7 +57,7 @@ class SelfTest(unittest.TestCase):
         self.assertIn(expected, result.stdout)
 
     def test_a_sound_project_passes(self):
-        for name in ("formatting", "floors", "shape", "words", "scripts", "documents"):
+        for name in ("formatting", "floors", "shape", "words", "scripts", "documents", "macos"):
             with self.subTest(name):
                 self.assert_passes(name)
 
@@ -111,6 +111,21 @@ class SelfTest(unittest.TestCase):
         self.assert_fails("documents", {"bad.json": "{,}\n"}, "no JSON")
         self.assert_fails("documents", {"bad.md": "[gone](gone.md)\n"}, "does not exist")
         self.assert_fails("documents", {"bad.md": "[gone](README.md#gone)\n"}, "no such heading")
+
+    def test_a_constant_that_is_not_what_it_should_be(self):
+        def assert_slip(file, right, wrong, expected):
+            folder = REPOSITORY / "src/hosts/macos"
+            sources = {f"src/hosts/macos/{path.name}": path.read_text()
+                       for path in folder.iterdir() if path.suffix in (".h", ".mm")}
+            self.assert_passes("macos", sources)
+            path = f"src/hosts/macos/{file}"
+            self.assertIn(right, sources[path])
+            self.assert_fails("macos", sources | {path: sources[path].replace(right, wrong)}, expected)
+
+        assert_slip("MacOverlayWindow.mm", "== 330", "== 331", "== 330")
+        assert_slip("MacAXObserver.mm", "kCFRunLoopCommonModes", "kCFRunLoopDefaultMode", "kCFRunLoopDefaultMode")
+        assert_slip("MacLog.mm", '@"%@"', '@"%s"', "NSLog")
+        assert_slip("MacWorkspace.mm", "SpaceDidChangeNotification", "SpaceChanged", "activeSpaceDidChange")
 
     def test_what_clang_tidy_finds(self):
         build = ("--build", ".")

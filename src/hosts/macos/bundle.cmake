@@ -13,7 +13,8 @@ if(HALORIC_UPDATE_FEED)
     string(APPEND HALORIC_UPDATE_KEYS "\t<key>SUPublicEDKey</key>\n\t<string>${HALORIC_UPDATE_KEY}</string>\n")
 endif()
 
-add_executable(Haloric MACOSX_BUNDLE main.mm)
+add_executable(Haloric MACOSX_BUNDLE main.mm "${packaging}/Haloric.icns")
+set_source_files_properties("${packaging}/Haloric.icns" PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
 target_link_libraries(Haloric PRIVATE haloric_macos haloric_app)
 set_target_properties(Haloric PROPERTIES MACOSX_BUNDLE_INFO_PLIST "${packaging}/Info.plist.in")
 

@@ -6,8 +6,8 @@
 #include "hosts/x11/CommandLine.h"
 #include "hosts/x11/NoDesktopShell.h"
 #include "hosts/x11/X11Accessibility.h"
-#include "hosts/x11/X11Alerts.h"
 #include "hosts/x11/X11Application.h"
+#include "hosts/x11/X11ApplicationWindows.h"
 #include "hosts/x11/X11Bundle.h"
 #include "hosts/x11/X11Clients.h"
 #include "hosts/x11/X11Compositor.h"
@@ -28,10 +28,15 @@
 #include "hosts/x11/X11WindowManager.h"
 #include "hosts/x11/X11WindowServerLibrary.h"
 #include "hosts/x11/X11Workspace.h"
+#include "hosts/x11/qt/X11QtAlerts.h"
+#include "hosts/x11/qt/X11QtApplication.h"
+#include "hosts/x11/qt/X11QtEventLoop.h"
+#include "hosts/x11/qt/X11QtWindows.h"
 
 #include <iostream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 using namespace haloric;
@@ -69,6 +74,9 @@ int showDiagnostics(X11Connection& connection, X11RunLoop& runLoop, Log& log, co
 
 int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& signals, Log& log, Processes& processes)
 {
+    Task displayLost; // both connections to the server notice, and either may be the first
+    const X11QtApplication qt([&displayLost] { displayLost(); });
+    X11QtEventLoop loop(runLoop);
     X11Scale scale;
     X11Screens screens(connection, runLoop, scale);
     X11WindowManager windowManager(connection, runLoop);
@@ -80,12 +88,14 @@ int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& s
     X11Compositor compositor(connection);
     X11ToolkitWindows toolkitWindows(connection, runLoop, compositor, scale, clients.table(), log);
     X11RawInput rawInput(connection);
-    const X11OwnWindows ownWindows(connection);
+    X11OwnWindows ownWindows(connection);
+    const X11QtWindows qtWindows(ownWindows);
     X11InputMonitors input(rawInput, ownWindows);
     X11DisplayLinks displayLinks(connection, runLoop, scale);
     X11SerialQueues serialQueues;
-    X11Application application(runLoop);
-    X11Alerts alerts;
+    const X11ApplicationWindows applicationWindows(clients.table(), scale);
+    X11Application application(loop, &applicationWindows);
+    X11QtAlerts alerts;
     const X11Bundle bundle;
     NoStatusItems statusItems;
     NoFormWindows formWindows;
@@ -97,11 +107,12 @@ int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& s
     X11UserDefaults userDefaults(X11UserDefaults::standardFolder(processes));
 
     int exitCode = kSuccess;
-    const auto lost = connection.onLost([&] {
-        log.line("haloric: the X server has gone away");
-        exitCode = kNoDisplay;
+    displayLost = [&] {
+        if (std::exchange(exitCode, kNoDisplay) != kNoDisplay)
+            log.line("haloric: the X server has gone away");
         application.terminate();
-    });
+    };
+    const auto lost = connection.onLost(displayLost);
     const auto termination = signals.watch(runLoop, [&application] { application.terminate(); });
 
     EntrySequence entry({.runLoop = runLoop,

@@ -60,6 +60,13 @@ inline bool drawnAt(const RecordingCanvas::Stroke& stroke, const RecordingCanvas
     return contains(grown(shape, half), p) && !contains(grown(shape, -half), p);
 }
 
+// No overlay draws open lines.
+inline bool drawnAt(const RecordingCanvas::StrokeLines&, const RecordingCanvas::State&, Point)
+{
+    ADD_FAILURE() << "open lines in an overlay";
+    return false;
+}
+
 inline bool drawnAt(const RecordingCanvas::Drawing& drawing, Point p)
 {
     for (const auto& clip : drawing.state.clips) {

@@ -1,6 +1,6 @@
 #include "hosts/x11/X11Application.h"
 
-#include "hosts/x11/X11Alerts.h"
+#include "hosts/x11/X11RunLoop.h"
 
 #include <unistd.h>
 
@@ -62,16 +62,6 @@ TEST_F(X11ApplicationTest, it_tells_its_process)
     EXPECT_EQ(application.processID(), static_cast<ProcessID>(getpid()));
     EXPECT_FALSE(application.keyWindow());
     EXPECT_FALSE(application.mainWindow());
-}
-
-TEST(X11Alerts, an_alert_is_written_out_and_answered_with_the_last_button)
-{
-    testing::internal::CaptureStderr();
-    X11Alerts alerts;
-    const auto answer =
-        alerts.runModal({.messageText = "A question", .informativeText = "More of it.", .buttons = {"Do it", "Later"}});
-    EXPECT_EQ(answer, 1001);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "A question\n\nMore of it.\n");
 }
 
 } // namespace

@@ -9,7 +9,8 @@ set(packaging "${PROJECT_SOURCE_DIR}/packaging/macos")
 # The update keys are there only when a feed is: without one the program offers no updates.
 set(HALORIC_UPDATE_KEYS "")
 if(HALORIC_UPDATE_FEED)
-    string(APPEND HALORIC_UPDATE_KEYS "\t<key>SUFeedURL</key>\n\t<string>${HALORIC_UPDATE_FEED}</string>\n")
+    string(REPLACE "&" "&amp;" feed "${HALORIC_UPDATE_FEED}")
+    string(APPEND HALORIC_UPDATE_KEYS "\t<key>SUFeedURL</key>\n\t<string>${feed}</string>\n")
     string(APPEND HALORIC_UPDATE_KEYS "\t<key>SUPublicEDKey</key>\n\t<string>${HALORIC_UPDATE_KEY}</string>\n")
 endif()
 

@@ -23,6 +23,14 @@ static_assert((NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowSty
     return [super performKeyEquivalent:event];
 }
 
+// A colour panel without the form that it belongs to would change colours nobody sees.
+- (void)close
+{
+    [super close];
+    if (NSColorPanel.sharedColorPanelExists)
+        [NSColorPanel.sharedColorPanel close];
+}
+
 @end
 
 namespace haloric {

@@ -25,15 +25,9 @@ void X11Application::terminate()
     m_loop.stop();
 }
 
-std::optional<OwnWindow> X11Application::keyWindow() const
-{
-    return m_windows ? m_windows->key() : std::nullopt;
-}
+std::optional<OwnWindow> X11Application::keyWindow() const { return m_windows ? m_windows->key() : std::nullopt; }
 
-std::optional<OwnWindow> X11Application::mainWindow() const
-{
-    return m_windows ? m_windows->main() : std::nullopt;
-}
+std::optional<OwnWindow> X11Application::mainWindow() const { return m_windows ? m_windows->main() : std::nullopt; }
 
 ProcessID X11Application::processID() const { return static_cast<ProcessID>(getpid()); }
 

@@ -25,6 +25,7 @@ public:
     // Returns when the program has been terminated, at once when that happened before.
     void run() override;
     void terminate() override; // the second time it does nothing
+    bool isTerminated() const { return m_terminated; }
 
     ProcessID processID() const override;
     std::optional<OwnWindow> keyWindow() const override;

@@ -21,7 +21,10 @@ struct Release {
 };
 using Text = std::unique_ptr<char, Release>;
 
-Text withoutCase(const std::string& text) { return Text(g_utf8_casefold(text.data(), static_cast<gssize>(text.size()))); }
+Text withoutCase(const std::string& text)
+{
+    return Text(g_utf8_casefold(text.data(), static_cast<gssize>(text.size())));
+}
 
 } // namespace
 
@@ -32,8 +35,8 @@ std::vector<RunningApplication> X11ApplicationCatalog::runningApplications() con
         isRegular[client.pid] = isRegular[client.pid] || isOrdinary(client);
     std::vector<RunningApplication> applications;
     for (const auto& [pid, regular] : isRegular) {
-        applications.push_back({regular ? ActivationPolicy::regular : ActivationPolicy::accessory,
-                                m_workspace.bundleIdentifier(pid)});
+        applications.push_back(
+            {regular ? ActivationPolicy::regular : ActivationPolicy::accessory, m_workspace.bundleIdentifier(pid)});
     }
     return applications;
 }

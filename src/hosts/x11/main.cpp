@@ -6,6 +6,7 @@
 #include "hosts/x11/CommandLine.h"
 #include "hosts/x11/NoDesktopShell.h"
 #include "hosts/x11/X11Accessibility.h"
+#include "hosts/x11/X11ApplicationCatalog.h"
 #include "hosts/x11/X11Application.h"
 #include "hosts/x11/X11ApplicationWindows.h"
 #include "hosts/x11/X11Bundle.h"
@@ -15,6 +16,7 @@
 #include "hosts/x11/X11Diagnostics.h"
 #include "hosts/x11/X11DisplayLinks.h"
 #include "hosts/x11/X11InputMonitors.h"
+#include "hosts/x11/X11Onboarding.h"
 #include "hosts/x11/X11OwnWindows.h"
 #include "hosts/x11/X11RawInput.h"
 #include "hosts/x11/X11RunLoop.h"
@@ -28,10 +30,13 @@
 #include "hosts/x11/X11WindowManager.h"
 #include "hosts/x11/X11WindowServerLibrary.h"
 #include "hosts/x11/X11Workspace.h"
+#include "hosts/x11/qt/X11FormWindows.h"
+#include "hosts/x11/qt/X11Panels.h"
 #include "hosts/x11/qt/X11QtAlerts.h"
 #include "hosts/x11/qt/X11QtApplication.h"
 #include "hosts/x11/qt/X11QtEventLoop.h"
 #include "hosts/x11/qt/X11QtWindows.h"
+#include "hosts/x11/qt/X11StatusItems.h"
 
 #include <iostream>
 #include <string>
@@ -97,13 +102,13 @@ int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& s
     X11Application application(loop, &applicationWindows);
     X11QtAlerts alerts;
     const X11Bundle bundle;
-    NoStatusItems statusItems;
-    NoFormWindows formWindows;
+    X11StatusItems statusItems(connection);
+    X11FormWindows formWindows(connection);
     NoHotkeys hotkeys;
     NoLoginItemService loginItems;
     NoUpdaterFramework updaterFramework;
-    NoPanels panels;
-    NoApplicationCatalog applicationCatalog;
+    X11Panels panels;
+    X11ApplicationCatalog applicationCatalog(clients.table(), workspace);
     X11UserDefaults userDefaults(X11UserDefaults::standardFolder(processes));
 
     int exitCode = kSuccess;
@@ -113,6 +118,11 @@ int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& s
         application.terminate();
     };
     const auto lost = connection.onLost(displayLost);
+    const AlertModel onboarding = X11Onboarding::alert();
+    const auto windowManagerCame = windowManager.onChange([&] {
+        if (windowManager.isRunning())
+            alerts.dismiss(onboarding.messageText);
+    });
     const auto termination = signals.watch(runLoop, [&application] { application.terminate(); });
 
     EntrySequence entry({.runLoop = runLoop,
@@ -137,7 +147,9 @@ int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& s
                          .bundle = bundle,
                          .userDefaults = userDefaults,
                          .processes = processes,
-                         .log = log});
+                         .log = log,
+                         .onboardingAlert = onboarding});
+    X11Onboarding::waitForWindowManager(windowManager, runLoop, [&application] { return application.isTerminated(); });
     entry.run();
     return exitCode;
 }

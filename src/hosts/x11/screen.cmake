@@ -20,6 +20,7 @@ haloric_library(haloric_x11
     X11KeyNames.cpp
     X11Keyboard.cpp
     X11MapEcho.cpp
+    X11Onboarding.cpp
     X11OverlayStack.cpp
     X11OwnWindows.cpp
     X11PixelRegion.cpp

@@ -144,8 +144,8 @@ struct NotifierHost::Bus {
 
     Value property(const char* name) const
     {
-        const Value boxed = call(itemOwner, kItemPath, "org.freedesktop.DBus.Properties", "Get",
-                                 g_variant_new("(ss)", kItem, name));
+        const Value boxed =
+            call(itemOwner, kItemPath, "org.freedesktop.DBus.Properties", "Get", g_variant_new("(ss)", kItem, name));
         if (!boxed)
             return nullptr;
         const Value inner(g_variant_get_child_value(boxed.get(), 0));

@@ -153,7 +153,8 @@ TEST_F(Tray, an_item_appears_again_in_the_next_tray)
     toy->tell("tray");
     ASSERT_GT(findIcon().width, 0);
     panel.reset();
-    ASSERT_TRUE(session.observer().waitUntil([this] { return iconBelow(session.observer().root()) == XCB_WINDOW_NONE; }));
+    ASSERT_TRUE(
+        session.observer().waitUntil([this] { return iconBelow(session.observer().root()) == XCB_WINDOW_NONE; }));
     startPanel();
     EXPECT_GT(findIcon().width, 0);
 }

@@ -35,7 +35,8 @@ X11ColorWell::~X11ColorWell() { delete m_dialog; }
 
 QSize X11ColorWell::sizeHint() const
 {
-    return {static_cast<int>(kWidth + 2 * X11FocusRing::kMargin), static_cast<int>(kHeight + 2 * X11FocusRing::kMargin)};
+    return {static_cast<int>(kWidth + 2 * X11FocusRing::kMargin),
+            static_cast<int>(kHeight + 2 * X11FocusRing::kMargin)};
 }
 
 void X11ColorWell::setColor(const Color& color)

@@ -25,8 +25,8 @@ void drawPanel(const QStyleOption& option, QPainter& painter)
 {
     const X11FormColors colors(option.palette);
     const bool isPressed = option.state.testFlag(QStyle::State_Sunken);
-    const bool hasKeyboard = option.state.testFlag(QStyle::State_HasFocus) &&
-                             option.state.testFlag(QStyle::State_KeyboardFocusChange);
+    const bool hasKeyboard =
+        option.state.testFlag(QStyle::State_HasFocus) && option.state.testFlag(QStyle::State_KeyboardFocusChange);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     if (!option.state.testFlag(QStyle::State_Enabled))
@@ -50,7 +50,8 @@ void drawArrow(const QStyleOption& option, const QRect& rect, QPainter& painter)
     const QPointF middle(isMirrored ? rect.left() + kArrowSpace / 2.0 : rect.right() + 1 - kArrowSpace / 2.0,
                          rect.center().y() + 0.5);
     painter.setPen(QPen(X11FormColors(option.palette).text, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPolyline(QPolygonF({middle + QPointF(-3.5, -1.5), middle + QPointF(0, 2), middle + QPointF(3.5, -1.5)}));
+    painter.drawPolyline(
+        QPolygonF({middle + QPointF(-3.5, -1.5), middle + QPointF(0, 2), middle + QPointF(3.5, -1.5)}));
     painter.restore();
 }
 
@@ -63,7 +64,8 @@ void drawScrollBar(const QStyleOption& option, const QRect& knob, QPainter& pain
     painter.setPen(Qt::NoPen);
     const bool isActive = option.state.testFlag(QStyle::State_MouseOver);
     painter.setBrush(isActive ? colors.mutedText : colors.trackBorder);
-    const QRectF shape = QRectF(knob).adjusted(kScrollBarMargin, kScrollBarMargin, -kScrollBarMargin, -kScrollBarMargin);
+    const QRectF shape =
+        QRectF(knob).adjusted(kScrollBarMargin, kScrollBarMargin, -kScrollBarMargin, -kScrollBarMargin);
     const double radius = std::min(shape.width(), shape.height()) / 2;
     painter.drawRoundedRect(shape, radius, radius);
     painter.restore();
@@ -164,6 +166,8 @@ int X11FormStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
 {
     if (metric == PM_ScrollBarExtent)
         return kScrollBarWidth;
+    if (metric == PM_MenuButtonIndicator)
+        return kArrowSpace - kButtonMargin / 2;
     if (metric == PM_ButtonShiftHorizontal || metric == PM_ButtonShiftVertical)
         return 0;
     return QProxyStyle::pixelMetric(metric, option, widget);

@@ -1,7 +1,9 @@
 #include "hosts/x11/qt/X11FormView.h"
 
+#include "hosts/x11/qt/X11FormColors.h"
 #include "hosts/x11/qt/X11FormStyle.h"
 
+#include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -14,6 +16,7 @@ constexpr int kMargin = 18; // points
 constexpr int kSectionGap = 18;
 constexpr int kButtonGap = 8;
 constexpr int kButtonMargin = 12;
+constexpr int kLine = 1;
 
 } // namespace
 
@@ -65,6 +68,12 @@ void X11FormView::orderTabs()
     };
     m_sections.forEach([&append](const X11FormSection& section) { section.rows().forEach(append); });
     m_buttons.forEach(append);
+}
+
+// What scrolls ends at a line.
+void X11FormView::paintEvent(QPaintEvent*)
+{
+    QPainter(this).fillRect(QRect(0, m_scroll->geometry().bottom() + 1, width(), kLine), X11FormColors(palette()).line);
 }
 
 std::vector<Task> X11FormView::onAppear() const

@@ -25,6 +25,9 @@ public:
     // What the sections want called when they come on screen.
     std::vector<Task> onAppear() const;
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     void orderTabs();
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include <QFileInfo>
 #include <QImage>
@@ -18,7 +19,9 @@ namespace {
 
 constexpr double kSeparatorOpacity = 0.2; // of the text's colour
 constexpr double kDefaultSize = 16;       // points, of pictures that have no size of their own
-constexpr int kTraySizes[] = {16, 18, 20, 22, 24, 28, 32, 36, 40, 44, 48, 64};
+constexpr int kMiddle = 128;              // of lightness
+constexpr double kRimOpacity = 0.3;
+constexpr int kSizes[] = {16, 18, 20, 22, 24, 28, 32, 36, 40, 44, 48, 64};
 
 Color colorOf(const QColor& color) { return {color.redF(), color.greenF(), color.blueF(), color.alphaF()}; }
 
@@ -28,7 +31,7 @@ SystemColors systemColors(const QPalette& palette)
 }
 
 // In the colour of the palette's text, as opaque as it was.
-void color(QImage& image, const QColor& color)
+void colorAll(QImage& image, const QColor& color)
 {
     QPainter painter(&image);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
@@ -50,7 +53,7 @@ QPixmap draw(const DrawnImage& drawn, const Size& points, double pixelsPerPoint,
     if (drawn.isFlipped)
         image.mirror(false, true);
     if (drawn.isTemplate)
-        color(image, palette.color(QPalette::WindowText));
+        colorAll(image, palette.color(QPalette::WindowText));
     image.setDevicePixelRatio(pixelsPerPoint);
     return QPixmap::fromImage(std::move(image));
 }
@@ -66,14 +69,30 @@ QIcon iconOf(const FileIcon& file, const QPalette& palette)
     return QIcon::fromTheme(name, X11Symbols::icon("app", palette));
 }
 
-QIcon sized(const DrawnImage& drawn, const QPalette& palette, const int* begin, const int* end)
+// A rim of the opposite lightness: panels may be dark where windows are light, and nothing tells.
+QPixmap rimmed(const QPixmap& picture, const QColor& color)
+{
+    QImage rim = picture.toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    colorAll(rim, color.lightness() < kMiddle ? Qt::white : Qt::black);
+    QPixmap both(picture.size());
+    both.fill(Qt::transparent);
+    QPainter painter(&both);
+    painter.setOpacity(kRimOpacity);
+    for (const auto& [x, y] : {std::pair(-1, 0), std::pair(1, 0), std::pair(0, -1), std::pair(0, 1)})
+        painter.drawImage(x, y, rim);
+    painter.setOpacity(1);
+    painter.drawPixmap(0, 0, picture);
+    return both;
+}
+
+QIcon sized(const DrawnImage& drawn, const QPalette& palette)
 {
     QIcon icon;
-    for (const int* size = begin; size != end; ++size) {
+    for (const int size : kSizes) {
         const double larger = std::max(drawn.size.width, drawn.size.height);
-        QPixmap pixmap = draw(drawn, drawn.size, *size / larger, palette);
+        QPixmap pixmap = draw(drawn, drawn.size, size / larger, palette);
         pixmap.setDevicePixelRatio(1);
-        icon.addPixmap(pixmap);
+        icon.addPixmap(drawn.isTemplate ? rimmed(pixmap, palette.color(QPalette::WindowText)) : pixmap);
     }
     return icon;
 }
@@ -83,7 +102,7 @@ QIcon sized(const DrawnImage& drawn, const QPalette& palette, const int* begin, 
 QIcon X11Images::icon(const Image& image, const QPalette& palette)
 {
     if (const auto* drawn = std::get_if<DrawnImage>(&image))
-        return sized(*drawn, palette, std::begin(kTraySizes), std::end(kTraySizes));
+        return sized(*drawn, palette);
     if (const auto* file = std::get_if<FileIcon>(&image))
         return iconOf(*file, palette);
     if (const auto* symbol = std::get_if<SymbolImage>(&image))

@@ -2,6 +2,7 @@
 // again by `update`, which changes nothing that is as before. Main thread.
 #pragma once
 
+#include "platform/MenuDelegate.h"
 #include "platform/MenuModel.h"
 
 #include <memory>

@@ -42,8 +42,7 @@ X11NotifierHosts::X11NotifierHosts(Task onFound) : m_onFound(std::move(onFound))
 
 void X11NotifierHosts::ask()
 {
-    QDBusMessage question =
-        QDBusMessage::createMethodCall(kService, kPath, "org.freedesktop.DBus.Properties", "Get");
+    QDBusMessage question = QDBusMessage::createMethodCall(kService, kPath, "org.freedesktop.DBus.Properties", "Get");
     question << QString(kService) << QString("IsStatusNotifierHostRegistered");
     question.setAutoStartService(false);
     auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);

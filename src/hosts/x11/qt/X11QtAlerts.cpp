@@ -48,12 +48,22 @@ std::int64_t X11QtAlerts::runModal(const AlertModel& alert)
         box.setDefaultButton(buttons.front());
         box.setEscapeButton(buttons.back());
     }
+    m_open.push_back(&box);
     box.exec();
+    std::erase(m_open, &box);
     for (std::size_t index = 0; index < buttons.size(); ++index) {
         if (box.clickedButton() == buttons[index])
             return kFirstButton + static_cast<std::int64_t>(index);
     }
     return kFirstButton + static_cast<std::int64_t>(buttons.empty() ? 0 : buttons.size() - 1);
+}
+
+void X11QtAlerts::dismiss(const std::string& messageText)
+{
+    for (QMessageBox* box : std::vector(m_open)) {
+        if (box->text() == qtText(messageText))
+            box->reject();
+    }
 }
 
 void X11QtAlerts::runModalError(const PlatformError& error)

@@ -5,12 +5,23 @@
 
 #include "platform/Alerts.h"
 
+#include <string>
+#include <vector>
+
+class QMessageBox;
+
 namespace haloric {
 
 class X11QtAlerts final : public Alerts {
 public:
     std::int64_t runModal(const AlertModel& alert) override;
     void runModalError(const PlatformError& error) override;
+
+    // Closes the open alert of that message, if it is open, as Escape does.
+    void dismiss(const std::string& messageText);
+
+private:
+    std::vector<QMessageBox*> m_open; // an alert may be shown over another
 };
 
 } // namespace haloric

@@ -4,9 +4,6 @@
 
 namespace haloric {
 
-std::unique_ptr<StatusItem> X11StatusItems::make(double)
-{
-    return std::make_unique<X11StatusItem>(m_hosts);
-}
+std::unique_ptr<StatusItem> X11StatusItems::make(double) { return std::make_unique<X11StatusItem>(m_hosts); }
 
 } // namespace haloric

@@ -15,7 +15,8 @@ constexpr double kDisabledOpacity = 0.45;
 
 QSize X11Switch::sizeHint() const
 {
-    return {static_cast<int>(kWidth + 2 * X11FocusRing::kMargin), static_cast<int>(kHeight + 2 * X11FocusRing::kMargin)};
+    return {static_cast<int>(kWidth + 2 * X11FocusRing::kMargin),
+            static_cast<int>(kHeight + 2 * X11FocusRing::kMargin)};
 }
 
 void X11Switch::paintEvent(QPaintEvent*)

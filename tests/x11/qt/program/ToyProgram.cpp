@@ -20,11 +20,11 @@ void say(const std::string& line) { std::cout << line << std::endl; }
 
 Image trayImage()
 {
-    return DrawnImage{.size = {18, 18}, .isTemplate = true, .isFlipped = true,
-                      .draw = [](Canvas& canvas, const SystemColors&) {
-                          canvas.stroke(Path::roundedRect({2, 3, 14, 12}, 2), {0, 0, 0, 1}, 1.6);
-                          canvas.fill(Path::rect({2, 3, 14, 4}), {0, 0, 0, 1}, FillRule::nonZero);
-                      }};
+    return DrawnImage{
+        .size = {18, 18}, .isTemplate = true, .isFlipped = true, .draw = [](Canvas& canvas, const SystemColors&) {
+            canvas.stroke(Path::roundedRect({2, 3, 14, 12}, 2), {0, 0, 0, 1}, 1.6);
+            canvas.fill(Path::rect({2, 3, 14, 4}), {0, 0, 0, 1}, FillRule::nonZero);
+        }};
 }
 
 QPalette palette(bool isDark)

@@ -65,23 +65,25 @@ FormSection ToySettings::applicationList()
 {
     FormSection section;
     section.id = section.title = "Dim other windows";
-    section.rows.push_back({"picker", FormPicker{"Apply to", {"All other windows", "Only selected apps"}, scope,
-                                                 [this](std::size_t chosen) {
-                                                     scope = chosen;
-                                                     note("picker " + std::to_string(chosen));
-                                                 }}});
+    section.rows.push_back(
+        {"picker",
+         FormPicker{"Apply to", {"All other windows", "Only selected apps"}, scope, [this](std::size_t chosen) {
+                        scope = chosen;
+                        note("picker " + std::to_string(chosen));
+                    }}});
     if (scope == 0)
         return section;
     for (const std::string& name : applications) {
-        section.rows.push_back({"app-" + name, FormListRow{.icon = FileIcon{"/usr/share/applications/" + name + ".desktop"},
-                                                           .iconSize = {18, 18},
-                                                           .title = name,
-                                                           .removeImage = SymbolImage{"minus.circle"},
-                                                           .removeLabel = "Remove " + name,
-                                                           .remove = [this, name] {
-                                                               std::erase(applications, name);
-                                                               note("removed " + name);
-                                                           }}});
+        section.rows.push_back(
+            {"app-" + name, FormListRow{.icon = FileIcon{"/usr/share/applications/" + name + ".desktop"},
+                                        .iconSize = {18, 18},
+                                        .title = name,
+                                        .removeImage = SymbolImage{"minus.circle"},
+                                        .removeLabel = "Remove " + name,
+                                        .remove = [this, name] {
+                                            std::erase(applications, name);
+                                            note("removed " + name);
+                                        }}});
     }
     FormMenu running{"Add Running App", {}};
     for (const std::string name : {"Editor", "Terminal & Co"}) {

@@ -11,7 +11,7 @@ namespace haloric {
 
 namespace {
 
-// Lengths are parts of the picture's side, and become pixels in IconMeasures.
+// Lengths are parts of the picture's side, and become pixels in IconDrawing.
 constexpr int kSmallestDetailed = 48; // pixels: title bar and brackets
 constexpr int kSmallestWithDots = 96; // pixels: the dots of the title bar
 constexpr double kMargin = 100.0 / 1024;

@@ -104,7 +104,7 @@ void AppDelegate::showOnboarding()
 {
     // An accessory application is otherwise behind the frontmost one, and the alert with it.
     m_platform.application.activateIgnoringOtherApps();
-    if (m_platform.alerts.runModal(onboardingAlert()) == Alerts::kFirstButton)
+    if (m_platform.alerts.runModal(m_platform.onboardingAlert.value_or(onboardingAlert())) == Alerts::kFirstButton)
         grantAccessibility(m_platform.accessibility, m_platform.workspace);
 }
 

@@ -3,12 +3,14 @@
 
 #include "menubar/StatusBarPlatform.h"
 #include "overlay/OverlayPlatform.h"
+#include "platform/Alerts.h"
 #include "tracking/FocusTrackerPlatform.h"
+
+#include <optional>
 
 namespace haloric {
 
 class Accessibility;
-class Alerts;
 class Application;
 class HotkeyManager;
 class RunLoop;
@@ -24,6 +26,7 @@ struct AppDelegatePlatform {
     OverlayPlatform overlay;
     FocusTrackerPlatform tracking;
     StatusBarPlatform statusBar;
+    std::optional<AlertModel> onboardingAlert = {}; // absent: the usual words
 };
 
 } // namespace haloric

@@ -2,10 +2,13 @@
 // entry sequence, which alone takes this apart: every other class is given just what it uses.
 #pragma once
 
+#include "platform/Alerts.h"
+
+#include <optional>
+
 namespace haloric {
 
 class Accessibility;
-class Alerts;
 class Application;
 class ApplicationCatalog;
 class Bundle;
@@ -52,6 +55,10 @@ struct ApplicationPlatform {
     UserDefaults& userDefaults;
     Processes& processes;
     Log& log;
+
+    // What a host says at launch where Accessibility access is not the platform's permission but something else that
+    // is missing; absent, the usual words.
+    std::optional<AlertModel> onboardingAlert = {};
 };
 
 } // namespace haloric

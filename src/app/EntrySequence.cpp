@@ -38,6 +38,7 @@ std::unique_ptr<AppDelegate> EntrySequence::makeDelegate(const ApplicationPlatfo
         .overlay = overlayPlatform(platform),
         .tracking = trackingPlatform(platform),
         .statusBar = statusBarPlatform(platform),
+        .onboardingAlert = platform.onboardingAlert,
     };
     return std::make_unique<AppDelegate>(delegate, m_settingsStore);
 }

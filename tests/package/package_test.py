@@ -78,10 +78,10 @@ class PackageTest(unittest.TestCase):
         found = self.assert_succeeds("lintian", *options, "--fail-on", "error,warning", self.package)
         self.assertEqual(found, "")
 
-    def test_it_depends_on_the_libraries_that_it_links(self):
+    def test_it_depends_on_what_it_links_and_on_what_qt_loads(self):
         depends = self.assert_succeeds("dpkg-deb", "--field", self.package, "Depends")
-        for library in ("libc6", "libcairo2", "libxcb1"):
-            self.assertRegex(depends, rf"(^|, ){library}( |,|$)")
+        for package in ("libc6", "libcairo2", "libqt6widgets6", "libxcb1", "qt6-qpa-plugins"):
+            self.assertRegex(depends, rf"(^|, ){package}( |,|$)")
 
     def test_the_desktop_entry_is_valid_and_starts_the_program(self):
         entry = self.installed(f"usr/share/applications/{IDENTIFIER}.desktop")

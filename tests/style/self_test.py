@@ -9,6 +9,8 @@ import unittest
 
 CHECKS = pathlib.Path(__file__).parent / "checks"
 REPOSITORY = CHECKS.parents[2]
+sys.path.insert(0, str(CHECKS))
+from macos_table import PORTABLE  # noqa: E402
 
 SOUND = {
     "src/foundation/Sound.h": "// Something sound.\n#pragma once\n\n#include <string>\n\nstruct Sound {\n"
@@ -57,7 +59,7 @@ class SelfTest(unittest.TestCase):
         self.assertIn(expected, result.stdout)
 
     def test_a_sound_project_passes(self):
-        for name in ("formatting", "floors", "shape", "words", "scripts", "documents"):
+        for name in ("formatting", "floors", "shape", "words", "scripts", "documents", "macos"):
             with self.subTest(name):
                 self.assert_passes(name)
 
@@ -111,6 +113,22 @@ class SelfTest(unittest.TestCase):
         self.assert_fails("documents", {"bad.json": "{,}\n"}, "no JSON")
         self.assert_fails("documents", {"bad.md": "[gone](gone.md)\n"}, "does not exist")
         self.assert_fails("documents", {"bad.md": "[gone](README.md#gone)\n"}, "no such heading")
+
+    def test_a_constant_that_is_not_what_it_should_be(self):
+        def assert_slip(file, right, wrong, expected):
+            paths = [*(REPOSITORY / "src/hosts/macos").iterdir(), *(REPOSITORY / path for path in PORTABLE)]
+            sources = {str(path.relative_to(REPOSITORY)): path.read_text()
+                       for path in paths if path.suffix in (".h", ".mm", ".cpp")}
+            self.assert_passes("macos", sources)
+            path = file if "/" in file else f"src/hosts/macos/{file}"
+            self.assertIn(right, sources[path])
+            self.assert_fails("macos", sources | {path: sources[path].replace(right, wrong)}, expected)
+
+        assert_slip("MacOverlayWindow.mm", "== 330", "== 331", "== 330")
+        assert_slip("MacAXObserver.mm", "kCFRunLoopCommonModes", "kCFRunLoopDefaultMode", "kCFRunLoopDefaultMode")
+        assert_slip("src/overlay/OverlayWindow.cpp", "kFloatingLevel = 3", "kFloatingLevel = 4", "kFloatingLevel = 3")
+        assert_slip("MacLog.mm", '@"%@"', '@"%s"', "NSLog")
+        assert_slip("MacWorkspace.mm", "SpaceDidChangeNotification", "SpaceChanged", "activeSpaceDidChange")
 
     def test_what_clang_tidy_finds(self):
         build = ("--build", ".")

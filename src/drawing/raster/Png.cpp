@@ -16,14 +16,34 @@ using Surface = std::unique_ptr<cairo_surface_t, SurfaceDeleter>;
 
 bool isWhole(const Surface& surface) { return cairo_surface_status(surface.get()) == CAIRO_STATUS_SUCCESS; }
 
+Surface surfaceOf(const PixelBuffer& pixels)
+{
+    return Surface(cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels.data),
+                                                       CAIRO_FORMAT_ARGB32, pixels.width, pixels.height,
+                                                       pixels.stride));
+}
+
+cairo_status_t append(void* bytes, const unsigned char* data, unsigned int length)
+{
+    static_cast<std::string*>(bytes)->append(reinterpret_cast<const char*>(data), length);
+    return CAIRO_STATUS_SUCCESS;
+}
+
 } // namespace
 
 bool Png::write(const PixelBuffer& pixels, const std::string& path)
 {
-    const Surface surface(cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels.data),
-                                                              CAIRO_FORMAT_ARGB32, pixels.width, pixels.height,
-                                                              pixels.stride));
+    const Surface surface = surfaceOf(pixels);
     return isWhole(surface) && cairo_surface_write_to_png(surface.get(), path.c_str()) == CAIRO_STATUS_SUCCESS;
+}
+
+std::string Png::encode(const PixelBuffer& pixels)
+{
+    const Surface surface = surfaceOf(pixels);
+    std::string bytes;
+    if (!isWhole(surface) || cairo_surface_write_to_png_stream(surface.get(), &append, &bytes) != CAIRO_STATUS_SUCCESS)
+        return {};
+    return bytes;
 }
 
 std::optional<Picture> Png::read(const std::string& path)

@@ -13,6 +13,9 @@ public:
     // False when the file cannot be written; it may then be there in part.
     static bool write(const PixelBuffer& pixels, const std::string& path);
 
+    // The bytes of such a file; empty when memory ends.
+    static std::string encode(const PixelBuffer& pixels);
+
     // None when there is no such file or it is not a PNG.
     static std::optional<Picture> read(const std::string& path);
 };

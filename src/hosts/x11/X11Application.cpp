@@ -12,7 +12,7 @@ void X11Application::run()
     if (m_delegate)
         m_delegate->applicationDidFinishLaunching();
     if (!m_terminated) // a stop before the loop runs would be forgotten
-        m_runLoop.run();
+        m_loop.run();
 }
 
 void X11Application::terminate()
@@ -22,8 +22,12 @@ void X11Application::terminate()
     m_terminated = true;
     if (m_delegate && m_launched)
         m_delegate->applicationWillTerminate();
-    m_runLoop.stop();
+    m_loop.stop();
 }
+
+std::optional<OwnWindow> X11Application::keyWindow() const { return m_windows ? m_windows->key() : std::nullopt; }
+
+std::optional<OwnWindow> X11Application::mainWindow() const { return m_windows ? m_windows->main() : std::nullopt; }
 
 ProcessID X11Application::processID() const { return static_cast<ProcessID>(getpid()); }
 

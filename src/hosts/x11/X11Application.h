@@ -1,16 +1,20 @@
-// The running program: its event loop, and the events of its life for its delegate. It has no windows of its own
-// that could take the focus. Main thread.
+// The running program: its event loop, the events of its life for its delegate, and its windows. Main thread.
 #pragma once
 
-#include "hosts/x11/X11RunLoop.h"
+#include "hosts/x11/X11ApplicationWindows.h"
+#include "hosts/x11/X11EventLoop.h"
 #include "platform/Application.h"
 
 namespace haloric {
 
 class X11Application final : public Application {
 public:
-    // The loop outlives it.
-    explicit X11Application(X11RunLoop& runLoop) : m_runLoop(runLoop) {}
+    // Both outlive it. Without `windows`, it has none.
+    explicit X11Application(X11EventLoop& loop, const X11ApplicationWindows* windows = nullptr)
+        : m_loop(loop),
+          m_windows(windows)
+    {
+    }
 
     void setDelegate(ApplicationDelegate* delegate) override { m_delegate = delegate; }
 
@@ -21,13 +25,15 @@ public:
     // Returns when the program has been terminated, at once when that happened before.
     void run() override;
     void terminate() override; // the second time it does nothing
+    bool isTerminated() const { return m_terminated; }
 
     ProcessID processID() const override;
-    std::optional<OwnWindow> keyWindow() const override { return {}; }
-    std::optional<OwnWindow> mainWindow() const override { return {}; }
+    std::optional<OwnWindow> keyWindow() const override;
+    std::optional<OwnWindow> mainWindow() const override;
 
 private:
-    X11RunLoop& m_runLoop;
+    X11EventLoop& m_loop;
+    const X11ApplicationWindows* m_windows;
     ApplicationDelegate* m_delegate = nullptr;
     bool m_launched = false;
     bool m_terminated = false;

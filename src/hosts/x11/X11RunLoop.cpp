@@ -153,16 +153,23 @@ void X11RunLoop::stop()
     wake();
 }
 
-void X11RunLoop::turn(Seconds maximumWait)
+bool X11RunLoop::prepareToWait()
 {
     runHooks();
     takeInDelayedPosts();
     armDescriptor();
-    bool mayWait = false;
     {
         const std::lock_guard guard(m_lock);
-        mayWait = m_posted.empty();
+        if (m_posted.empty())
+            return true;
     }
+    wake(); // a turn that is still under way, around this one, may have taken the first call already
+    return false;
+}
+
+void X11RunLoop::turn(Seconds maximumWait)
+{
+    const bool mayWait = prepareToWait();
     const auto limit = std::min(rounded<std::chrono::milliseconds>(maximumWait), std::chrono::milliseconds(1 << 30));
     std::array<epoll_event, 16> ready{};
     const int count =
@@ -218,13 +225,23 @@ void X11RunLoop::takeInDelayedPosts()
 
 void X11RunLoop::runPosted()
 {
-    std::vector<Task> posted;
+    std::size_t count = 0;
     {
         const std::lock_guard guard(m_lock);
-        posted.swap(m_posted);
+        count = m_posted.size();
     }
-    for (const Task& task : posted)
+    // One by one: a task may turn the loop itself, and those behind it then run from there.
+    for (; count > 0; --count) {
+        Task task;
+        {
+            const std::lock_guard guard(m_lock);
+            if (m_posted.empty())
+                return;
+            task = std::move(m_posted.front());
+            m_posted.pop_front();
+        }
         task();
+    }
 }
 
 void X11RunLoop::armDescriptor()

@@ -1,12 +1,15 @@
 // The main loop of the X11 host: one epoll set with a timer descriptor for every deadline and an event descriptor
-// for work posted from other threads. The set can itself be watched by another loop (`pollableDescriptor`).
+// for work posted from other threads. Another loop can drive it instead: it calls `prepareToWait` before each of its
+// waits, watches `pollableDescriptor` meanwhile, and calls `turn` when that can be read.
 #pragma once
 
+#include "hosts/x11/X11EventLoop.h"
 #include "hosts/x11/X11TimerQueue.h"
 #include "platform/RunLoop.h"
 
 #include <chrono>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -17,7 +20,7 @@
 
 namespace haloric {
 
-class X11RunLoop final : public RunLoop {
+class X11RunLoop final : public RunLoop, public X11EventLoop {
 public:
     X11RunLoop();
     ~X11RunLoop() override;
@@ -37,14 +40,19 @@ public:
     // flush what was written. A hook that did some work returns true; the hooks are then asked again. Main thread.
     Subscription onBeforeWait(std::function<bool()> hook);
 
-    // Turns the loop until `stop`. Main thread.
-    void run();
-    void stop();
+    // X11EventLoop
+    void run() override;
+    void stop() override;
 
-    // One turn: runs what is due, waiting at most `maximumWait` for something to come. Main thread.
+    // One turn: runs what is due, waiting at most `maximumWait` for something to come. May be called from within a
+    // task, by a loop that such a task runs until the user has answered. Main thread.
     void turn(Seconds maximumWait);
 
-    // Readable whenever a turn would find something to do.
+    // Calls the hooks and sets the descriptors for the next deadline. False when there is work left to do at once.
+    // Main thread.
+    bool prepareToWait();
+
+    // Readable whenever a turn would find something to do, as far as that was known to the last `prepareToWait`.
     int pollableDescriptor() const { return m_epoll; }
 
 private:
@@ -69,7 +77,7 @@ private:
     std::vector<std::shared_ptr<Hook>> m_hooks;
 
     std::mutex m_lock; // guards the next two
-    std::vector<Task> m_posted;
+    std::deque<Task> m_posted;
     std::vector<std::pair<Clock::time_point, Task>> m_postedDelayed;
 };
 

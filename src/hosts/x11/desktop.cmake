@@ -4,6 +4,9 @@ pkg_check_modules(HALORIC_GIO REQUIRED IMPORTED_TARGET gio-unix-2.0)
 
 haloric_library(haloric_x11_desktop
     X11Accessibility.cpp
+    X11ApplicationCatalog.cpp
+    X11ApplicationFiles.cpp
+    X11ApplicationWindows.cpp
     X11AXObserver.cpp
     X11ClientNotice.cpp
     X11ClientReader.cpp

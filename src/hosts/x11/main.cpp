@@ -6,8 +6,9 @@
 #include "hosts/x11/CommandLine.h"
 #include "hosts/x11/NoDesktopShell.h"
 #include "hosts/x11/X11Accessibility.h"
-#include "hosts/x11/X11Alerts.h"
+#include "hosts/x11/X11ApplicationCatalog.h"
 #include "hosts/x11/X11Application.h"
+#include "hosts/x11/X11ApplicationWindows.h"
 #include "hosts/x11/X11Bundle.h"
 #include "hosts/x11/X11Clients.h"
 #include "hosts/x11/X11Compositor.h"
@@ -15,6 +16,7 @@
 #include "hosts/x11/X11Diagnostics.h"
 #include "hosts/x11/X11DisplayLinks.h"
 #include "hosts/x11/X11InputMonitors.h"
+#include "hosts/x11/X11Onboarding.h"
 #include "hosts/x11/X11OwnWindows.h"
 #include "hosts/x11/X11RawInput.h"
 #include "hosts/x11/X11RunLoop.h"
@@ -28,10 +30,18 @@
 #include "hosts/x11/X11WindowManager.h"
 #include "hosts/x11/X11WindowServerLibrary.h"
 #include "hosts/x11/X11Workspace.h"
+#include "hosts/x11/qt/X11FormWindows.h"
+#include "hosts/x11/qt/X11Panels.h"
+#include "hosts/x11/qt/X11QtAlerts.h"
+#include "hosts/x11/qt/X11QtApplication.h"
+#include "hosts/x11/qt/X11QtEventLoop.h"
+#include "hosts/x11/qt/X11QtWindows.h"
+#include "hosts/x11/qt/X11StatusItems.h"
 
 #include <iostream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 using namespace haloric;
@@ -69,6 +79,9 @@ int showDiagnostics(X11Connection& connection, X11RunLoop& runLoop, Log& log, co
 
 int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& signals, Log& log, Processes& processes)
 {
+    Task displayLost; // both connections to the server notice, and either may be the first
+    const X11QtApplication qt([&displayLost] { displayLost(); });
+    X11QtEventLoop loop(runLoop);
     X11Scale scale;
     X11Screens screens(connection, runLoop, scale);
     X11WindowManager windowManager(connection, runLoop);
@@ -80,27 +93,35 @@ int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& s
     X11Compositor compositor(connection);
     X11ToolkitWindows toolkitWindows(connection, runLoop, compositor, scale, clients.table(), log);
     X11RawInput rawInput(connection);
-    const X11OwnWindows ownWindows(connection);
+    X11OwnWindows ownWindows(connection);
+    const X11QtWindows qtWindows(ownWindows);
     X11InputMonitors input(rawInput, ownWindows);
     X11DisplayLinks displayLinks(connection, runLoop, scale);
     X11SerialQueues serialQueues;
-    X11Application application(runLoop);
-    X11Alerts alerts;
+    const X11ApplicationWindows applicationWindows(clients.table(), scale);
+    X11Application application(loop, &applicationWindows);
+    X11QtAlerts alerts;
     const X11Bundle bundle;
-    NoStatusItems statusItems;
-    NoFormWindows formWindows;
+    X11StatusItems statusItems(connection);
+    X11FormWindows formWindows(connection);
     NoHotkeys hotkeys;
     NoLoginItemService loginItems;
     NoUpdaterFramework updaterFramework;
-    NoPanels panels;
-    NoApplicationCatalog applicationCatalog;
+    X11Panels panels;
+    X11ApplicationCatalog applicationCatalog(clients.table(), workspace);
     X11UserDefaults userDefaults(X11UserDefaults::standardFolder(processes));
 
     int exitCode = kSuccess;
-    const auto lost = connection.onLost([&] {
-        log.line("haloric: the X server has gone away");
-        exitCode = kNoDisplay;
+    displayLost = [&] {
+        if (std::exchange(exitCode, kNoDisplay) != kNoDisplay)
+            log.line("haloric: the X server has gone away");
         application.terminate();
+    };
+    const auto lost = connection.onLost(displayLost);
+    const AlertModel onboarding = X11Onboarding::alert();
+    const auto windowManagerCame = windowManager.onChange([&] {
+        if (windowManager.isRunning())
+            alerts.dismiss(onboarding.messageText);
     });
     const auto termination = signals.watch(runLoop, [&application] { application.terminate(); });
 
@@ -126,7 +147,9 @@ int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& s
                          .bundle = bundle,
                          .userDefaults = userDefaults,
                          .processes = processes,
-                         .log = log});
+                         .log = log,
+                         .onboardingAlert = onboarding});
+    X11Onboarding::waitForWindowManager(windowManager, runLoop, [&application] { return application.isTerminated(); });
     entry.run();
     return exitCode;
 }

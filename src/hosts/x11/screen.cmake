@@ -4,7 +4,6 @@ pkg_check_modules(HALORIC_X11_SCREEN REQUIRED IMPORTED_TARGET
 
 haloric_library(haloric_x11
     CommandLine.cpp
-    X11Alerts.cpp
     X11Application.cpp
     X11BlendedSurface.cpp
     X11Bundle.cpp
@@ -21,6 +20,7 @@ haloric_library(haloric_x11
     X11KeyNames.cpp
     X11Keyboard.cpp
     X11MapEcho.cpp
+    X11Onboarding.cpp
     X11OverlayStack.cpp
     X11OwnWindows.cpp
     X11PixelRegion.cpp
@@ -38,7 +38,3 @@ haloric_library(haloric_x11
     X11TranslucentVisual.cpp
     X11ViewContent.cpp
     DEPENDS haloric_x11_desktop haloric_raster haloric_windowserver PkgConfig::HALORIC_X11_SCREEN)
-
-add_executable(haloric main.cpp)
-target_compile_definitions(haloric PRIVATE HALORIC_VERSION="${PROJECT_VERSION}")
-target_link_libraries(haloric PRIVATE haloric_x11 haloric_app haloric_posix haloric_user_defaults)

@@ -6,7 +6,7 @@ import project as common
 
 MOST_LINES = {".cpp": 300, ".mm": 300, ".h": 150, ".py": 200}
 MOST_LINES_OF_TEST_HEADER = 200  # fakes are often headers alone
-CLASS = re.compile(r"^class\s+(?:\[\[\w+\]\]\s+)?(\w+)[^;]*$", re.MULTILINE)
+CLASS = re.compile(r"^class\s+(?:(?:\[\[\w+\]\]|API_AVAILABLE\([^)]*\)\))\s+)?(\w+)[^;]*$", re.MULTILINE)
 ALIAS = re.compile(r"^using\s+(\w+)\s*=", re.MULTILINE)
 
 

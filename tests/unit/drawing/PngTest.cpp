@@ -33,6 +33,16 @@ TEST(Png, an_opaque_picture_is_read_as_opaque)
     std::filesystem::remove(path);
 }
 
+TEST(Png, encoding_gives_the_bytes_of_a_file)
+{
+    Picture picture(3, 2);
+    std::fill(picture.pixels.begin(), picture.pixels.end(), 0x80402010);
+    const std::string path = pathOf("haloric-png-encode-test.png");
+    std::ofstream(path, std::ios::binary) << Png::encode(picture.buffer());
+    EXPECT_EQ(Png::read(path), picture);
+    std::filesystem::remove(path);
+}
+
 TEST(Png, failures_are_told)
 {
     Picture picture(2, 2);

@@ -109,6 +109,25 @@ TEST(ProgramScene, it_waits_for_a_window_manager_that_comes_later)
     EXPECT_TRUE(haloric.waitForHighlight(client->visibleFrame()).has_value()) << haloric.process().standardError();
 }
 
+TEST(ProgramScene, it_says_that_a_window_manager_is_missing_until_one_comes)
+{
+    X11Session session(WindowManager::openbox);
+    session.stopWindowManager();
+    HaloricProcess haloric(session, kStill);
+    const auto isSaid = [&] {
+        const auto children = session.observer().rootChildren();
+        return std::any_of(children.begin(), children.end(), [&](const RootChild& child) {
+            return child.isMapped && session.observer().text(child.window, "WM_NAME") == "Haloric";
+        });
+    };
+    ASSERT_TRUE(session.observer().waitUntil(isSaid)) << haloric.process().standardError();
+    session.startWindowManager();
+    ASSERT_TRUE(session.observer().waitUntil([&] { return !isSaid(); }));
+    const auto client = session.makeClient();
+    ASSERT_TRUE(client->showFocused());
+    EXPECT_TRUE(haloric.waitForHighlight(client->visibleFrame()).has_value()) << haloric.process().standardError();
+}
+
 TEST_P(CompositorScene, without_the_compositor_an_opaque_ring_remains_and_the_glow_returns_with_it)
 {
     const auto client = openFocused();

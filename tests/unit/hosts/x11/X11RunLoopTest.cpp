@@ -5,6 +5,8 @@
 
 #include <unistd.h>
 
+#include <poll.h>
+
 namespace haloric {
 namespace {
 
@@ -41,6 +43,37 @@ TEST_F(X11RunLoopTest, a_task_posted_by_a_task_runs_on_the_next_turn)
     EXPECT_TRUE(ran.empty());
     loop.turn(Seconds(10));
     EXPECT_EQ(ran, std::vector{1});
+}
+
+TEST_F(X11RunLoopTest, tasks_behind_one_that_turns_the_loop_run_from_there)
+{
+    std::string order;
+    loop.post([&] {
+        loop.turn(Seconds(0));
+        order += "first";
+    });
+    loop.post([&] { order += "second "; });
+    loop.turn(Seconds(0));
+    EXPECT_EQ(order, "second first");
+}
+
+TEST_F(X11RunLoopTest, a_loop_around_it_is_woken_for_what_a_turn_under_way_has_left)
+{
+    const auto isReadable = [this] {
+        pollfd set{loop.pollableDescriptor(), POLLIN, 0};
+        return poll(&set, 1, 0) == 1;
+    };
+    bool woken = false;
+    loop.post([&] {
+        EXPECT_FALSE(loop.prepareToWait());
+        woken = isReadable();
+    });
+    loop.post([] {});
+    loop.turn(Seconds(0));
+    EXPECT_TRUE(woken);
+    loop.turn(Seconds(0));
+    EXPECT_TRUE(loop.prepareToWait());
+    EXPECT_FALSE(isReadable());
 }
 
 TEST_F(X11RunLoopTest, a_task_posted_by_another_thread_ends_the_wait)

@@ -1,0 +1,16 @@
+// The main bundle.
+#pragma once
+
+#include "platform/Bundle.h"
+
+namespace haloric {
+
+class MacBundle final : public Bundle {
+public:
+    std::string path() const override;
+    std::optional<std::string> identifier() const override;
+    bool hasInfo(std::string_view key) const override;
+    std::optional<std::string> infoString(std::string_view key) const override;
+};
+
+} // namespace haloric

@@ -1,0 +1,13 @@
+// Ordinary windows of AppKit with a form in them.
+#pragma once
+
+#include "platform/FormWindows.h"
+
+namespace haloric {
+
+class MacFormWindows final : public FormWindows {
+public:
+    std::unique_ptr<FormWindow> make(const FormWindowConfiguration& configuration, const FormModel& form) override;
+};
+
+} // namespace haloric

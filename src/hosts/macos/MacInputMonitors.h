@@ -1,0 +1,16 @@
+// AppKit's event monitors and Core Graphics' event taps.
+#pragma once
+
+#include "platform/InputMonitors.h"
+
+namespace haloric {
+
+class MacInputMonitors final : public InputMonitors {
+public:
+    Subscription addGlobalMouseMonitor(EventMask mask, MouseHandler handler) override;
+    Subscription addLocalMouseMonitor(EventMask mask, MouseHandler handler) override;
+    std::uint64_t pressedMouseButtons() const override;
+    std::unique_ptr<EventTap> createEventTap(const EventTapDescription& description, TapHandler handler) override;
+};
+
+} // namespace haloric

@@ -1,0 +1,13 @@
+// The system's log.
+#pragma once
+
+#include "platform/Log.h"
+
+namespace haloric {
+
+class MacLog final : public Log {
+public:
+    void line(std::string_view text) override;
+};
+
+} // namespace haloric

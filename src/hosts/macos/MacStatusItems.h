@@ -1,0 +1,13 @@
+// Items of the system's status bar.
+#pragma once
+
+#include "platform/StatusItems.h"
+
+namespace haloric {
+
+class MacStatusItems final : public StatusItems {
+public:
+    std::unique_ptr<StatusItem> make(double length) override;
+};
+
+} // namespace haloric

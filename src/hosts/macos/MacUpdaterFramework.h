@@ -1,0 +1,14 @@
+// The update framework in the bundle's own Frameworks folder, loaded and looked up when it is first asked for. A bundle
+// without it has no updates.
+#pragma once
+
+#include "platform/UpdaterFramework.h"
+
+namespace haloric {
+
+class MacUpdaterFramework final : public UpdaterFramework {
+public:
+    std::shared_ptr<UpdaterController> makeStandardController(bool startingUpdater, UpdaterDelegate& delegate) override;
+};
+
+} // namespace haloric

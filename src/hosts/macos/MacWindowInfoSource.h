@@ -1,0 +1,13 @@
+// The system's list of windows.
+#pragma once
+
+#include "platform/WindowInfoSource.h"
+
+namespace haloric {
+
+class MacWindowInfoSource final : public WindowInfoSource {
+public:
+    std::optional<std::vector<WindowInfo>> copyWindowInfo(WindowListOptions options, WindowNumber relativeTo) override;
+};
+
+} // namespace haloric

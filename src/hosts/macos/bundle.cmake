@@ -1,0 +1,34 @@
+# Haloric.app: the program, its information dictionary, its icon and, where one is at hand, the update framework.
+set(HALORIC_UPDATE_FEED "" CACHE STRING "Address of the update feed (SUFeedURL); empty: no update checks")
+set(HALORIC_UPDATE_KEY "" CACHE STRING "Public key that updates are signed with (SUPublicEDKey)")
+set(SPARKLE_FRAMEWORK "" CACHE PATH "The update framework to put into the bundle; empty: none")
+set(HALORIC_BUILD_NUMBER "1" CACHE STRING "CFBundleVersion: raised with each release")
+
+set(packaging "${PROJECT_SOURCE_DIR}/packaging/macos")
+
+# The update keys are there only when a feed is: without one the program offers no updates.
+set(HALORIC_UPDATE_KEYS "")
+if(HALORIC_UPDATE_FEED)
+    string(REPLACE "&" "&amp;" feed "${HALORIC_UPDATE_FEED}")
+    string(APPEND HALORIC_UPDATE_KEYS "\t<key>SUFeedURL</key>\n\t<string>${feed}</string>\n")
+    string(APPEND HALORIC_UPDATE_KEYS "\t<key>SUPublicEDKey</key>\n\t<string>${HALORIC_UPDATE_KEY}</string>\n")
+endif()
+
+add_executable(Haloric MACOSX_BUNDLE main.mm "${packaging}/Haloric.icns")
+set_source_files_properties("${packaging}/Haloric.icns" PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+target_link_libraries(Haloric PRIVATE haloric_macos haloric_app)
+set_target_properties(Haloric PROPERTIES MACOSX_BUNDLE_INFO_PLIST "${packaging}/Info.plist.in")
+
+if(SPARKLE_FRAMEWORK)
+    # Its links stay links, so not by CMake's own copying.
+    add_custom_command(TARGET Haloric POST_BUILD
+        COMMAND "${CMAKE_COMMAND}" -E make_directory "$<TARGET_BUNDLE_CONTENT_DIR:Haloric>/Frameworks"
+        COMMAND cp -R "${SPARKLE_FRAMEWORK}" "$<TARGET_BUNDLE_CONTENT_DIR:Haloric>/Frameworks/"
+        VERBATIM)
+endif()
+
+# The linker signs the program alone. macOS wants the whole bundle signed before it keeps a grant for it.
+find_program(HALORIC_CODESIGN codesign)
+if(HALORIC_CODESIGN)
+    add_custom_command(TARGET Haloric POST_BUILD COMMAND "${packaging}/sign" "$<TARGET_BUNDLE_DIR:Haloric>" VERBATIM)
+endif()

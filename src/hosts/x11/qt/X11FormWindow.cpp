@@ -1,0 +1,124 @@
+#include "hosts/x11/qt/X11FormWindow.h"
+
+#include "hosts/x11/qt/X11ApplicationIcon.h"
+#include "hosts/x11/qt/X11Text.h"
+
+#include <algorithm>
+
+#include <QGuiApplication>
+#include <QHideEvent>
+#include <QScreen>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace haloric {
+
+namespace {
+
+// Bits of the style, as the platform numbers them.
+constexpr std::uint64_t kMiniaturizable = 4;
+constexpr std::uint64_t kResizable = 8;
+
+constexpr int kFrameAllowance = 60; // points that frames and panels need beside a window as high as the screen
+constexpr std::uint32_t kFromPager = 2;
+
+} // namespace
+
+X11FormWindow::X11FormWindow(X11Connection& connection, const FormWindowConfiguration& configuration,
+                             const FormModel& form)
+    : m_connection(connection),
+      m_view(new X11FormView(this))
+{
+    Qt::WindowFlags flags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                            Qt::WindowCloseButtonHint;
+    if ((configuration.styleMask & kMiniaturizable) != 0)
+        flags |= Qt::WindowMinimizeButtonHint;
+    setWindowFlags(flags);
+    setWindowTitle(qtText(configuration.title));
+    setWindowIcon(X11ApplicationIcon::make());
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->addWidget(m_view);
+    for (const QKeySequence& keys : {QKeySequence(Qt::Key_Escape), QKeySequence(Qt::CTRL | Qt::Key_W)})
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this] { close(); });
+    setSize(configuration);
+    m_view->show(form);
+}
+
+X11FormWindow::~X11FormWindow() = default;
+
+void X11FormWindow::setSize(const FormWindowConfiguration& configuration)
+{
+    const int available = QGuiApplication::primaryScreen()->availableSize().height() - kFrameAllowance;
+    const QSize wanted = QSizeF(configuration.contentSize.width, configuration.contentSize.height).toSize();
+    const QSize size(wanted.width(), std::min(wanted.height(), std::max(available, 1)));
+    if ((configuration.styleMask & kResizable) != 0)
+        resize(size);
+    else
+        setFixedSize(size);
+}
+
+void X11FormWindow::setForm(const FormModel& form) { m_view->show(form); }
+
+void X11FormWindow::center()
+{
+    const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+    QRect frame = frameGeometry();
+    frame.moveCenter(available.center());
+    m_place = frame.topLeft();
+    move(*m_place);
+}
+
+void X11FormWindow::makeKeyAndOrderFront()
+{
+    m_wantsFocus = true;
+    if (QWidget::isVisible()) {
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+        raise();
+        activateWindow();
+        askForFocus();
+        return;
+    }
+    if (m_place)
+        move(*m_place);
+    QWidget::show();
+    activateWindow();
+    for (const Task& onAppear : m_view->onAppear())
+        onAppear();
+}
+
+void X11FormWindow::hideEvent(QHideEvent* event)
+{
+    if (!event->spontaneous())
+        m_place = frameGeometry().topLeft();
+    QWidget::hideEvent(event);
+}
+
+bool X11FormWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        m_wantsFocus = false;
+    const bool isHandled = QWidget::event(event);
+    if (event->type() == QEvent::Paint && m_wantsFocus)
+        askForFocus();
+    return isHandled;
+}
+
+// Window managers keep programs from taking the focus that the user has not touched for a while, and this one may be
+// called by a key that they know nothing of. What a panel asks for on the user's behalf is granted.
+void X11FormWindow::askForFocus()
+{
+    m_wantsFocus = false;
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = static_cast<xcb_window_t>(winId());
+    message.type = m_connection.atom("_NET_ACTIVE_WINDOW");
+    message.data.data32[0] = kFromPager;
+    xcb_send_event(m_connection.raw(), 0, m_connection.root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    m_connection.flush();
+}
+
+} // namespace haloric

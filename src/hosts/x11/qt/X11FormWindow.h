@@ -1,0 +1,41 @@
+// A window with a form. Escape and Control+W close it; closed, it is hidden and keeps its place. Main thread.
+#pragma once
+
+#include "hosts/x11/X11Connection.h"
+#include "hosts/x11/qt/X11FormView.h"
+#include "platform/FormWindows.h"
+
+#include <optional>
+
+#include <QPoint>
+#include <QWidget>
+
+namespace haloric {
+
+class X11FormWindow final : public QWidget, public FormWindow {
+public:
+    // The connection outlives it.
+    X11FormWindow(X11Connection& connection, const FormWindowConfiguration& configuration, const FormModel& form);
+    ~X11FormWindow() override;
+
+    // FormWindow
+    void setForm(const FormModel& form) override;
+    void center() override;
+    void makeKeyAndOrderFront() override;
+    bool isVisible() const override { return QWidget::isVisible(); }
+
+protected:
+    void hideEvent(QHideEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    void setSize(const FormWindowConfiguration& configuration);
+    void askForFocus();
+
+    X11Connection& m_connection;
+    X11FormView* m_view;
+    std::optional<QPoint> m_place; // of the frame, while hidden
+    bool m_wantsFocus = false;
+};
+
+} // namespace haloric

@@ -1,0 +1,130 @@
+#include "hosts/x11/qt/X11Images.h"
+
+#include "drawing/raster/RasterCanvas.h"
+#include "hosts/x11/X11ApplicationFiles.h"
+#include "hosts/x11/qt/X11Symbols.h"
+#include "hosts/x11/qt/X11Text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include <QFileInfo>
+#include <QImage>
+#include <QPainter>
+
+namespace haloric {
+
+namespace {
+
+constexpr double kSeparatorOpacity = 0.2; // of the text's colour
+constexpr double kDefaultSize = 16;       // points, of pictures that have no size of their own
+constexpr int kMiddle = 128;              // of lightness
+constexpr double kRimOpacity = 0.3;
+constexpr int kSizes[] = {16, 18, 20, 22, 24, 28, 32, 36, 40, 44, 48, 64};
+
+Color colorOf(const QColor& color) { return {color.redF(), color.greenF(), color.blueF(), color.alphaF()}; }
+
+SystemColors systemColors(const QPalette& palette)
+{
+    return {.separator = colorOf(palette.color(QPalette::WindowText)).withAlpha(kSeparatorOpacity)};
+}
+
+// In the colour of the palette's text, as opaque as it was.
+void colorAll(QImage& image, const QColor& color)
+{
+    QPainter painter(&image);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(image.rect(), color);
+}
+
+QPixmap draw(const DrawnImage& drawn, const Size& points, double pixelsPerPoint, const QPalette& palette)
+{
+    QImage image(static_cast<int>(std::lround(points.width * pixelsPerPoint)),
+                 static_cast<int>(std::lround(points.height * pixelsPerPoint)), QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull() || !drawn.draw)
+        return {};
+    const PixelBuffer buffer{reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
+                             static_cast<int>(image.bytesPerLine())};
+    RasterResources resources;
+    const double scale = std::min(image.width() / drawn.size.width, image.height() / drawn.size.height);
+    RasterCanvas canvas(resources, buffer, {.scale = scale, .size = drawn.size}, RasterContents::cleared);
+    drawn.draw(canvas, systemColors(palette));
+    if (drawn.isFlipped)
+        image.mirror(false, true);
+    if (drawn.isTemplate)
+        colorAll(image, palette.color(QPalette::WindowText));
+    image.setDevicePixelRatio(pixelsPerPoint);
+    return QPixmap::fromImage(std::move(image));
+}
+
+QIcon iconOf(const FileIcon& file, const QPalette& palette)
+{
+    const auto application = X11ApplicationFiles::at(file.path);
+    if (!application || application->icon.empty())
+        return X11Symbols::icon("app", palette);
+    const QString name = qtText(application->icon);
+    if (QFileInfo(name).isAbsolute())
+        return QIcon(name);
+    return QIcon::fromTheme(name, X11Symbols::icon("app", palette));
+}
+
+// A rim of the opposite lightness: panels may be dark where windows are light, and nothing tells.
+QPixmap rimmed(const QPixmap& picture, const QColor& color)
+{
+    QImage rim = picture.toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    colorAll(rim, color.lightness() < kMiddle ? Qt::white : Qt::black);
+    QPixmap both(picture.size());
+    both.fill(Qt::transparent);
+    QPainter painter(&both);
+    painter.setOpacity(kRimOpacity);
+    for (const auto& [x, y] : {std::pair(-1, 0), std::pair(1, 0), std::pair(0, -1), std::pair(0, 1)})
+        painter.drawImage(x, y, rim);
+    painter.setOpacity(1);
+    painter.drawPixmap(0, 0, picture);
+    return both;
+}
+
+QIcon sized(const DrawnImage& drawn, const QPalette& palette)
+{
+    QIcon icon;
+    for (const int size : kSizes) {
+        const double larger = std::max(drawn.size.width, drawn.size.height);
+        QPixmap pixmap = draw(drawn, drawn.size, size / larger, palette);
+        pixmap.setDevicePixelRatio(1);
+        icon.addPixmap(drawn.isTemplate ? rimmed(pixmap, palette.color(QPalette::WindowText)) : pixmap);
+    }
+    return icon;
+}
+
+} // namespace
+
+QIcon X11Images::icon(const Image& image, const QPalette& palette)
+{
+    if (const auto* drawn = std::get_if<DrawnImage>(&image))
+        return sized(*drawn, palette);
+    if (const auto* file = std::get_if<FileIcon>(&image))
+        return iconOf(*file, palette);
+    if (const auto* symbol = std::get_if<SymbolImage>(&image))
+        return X11Symbols::icon(symbol->name, palette);
+    return {};
+}
+
+QPixmap X11Images::pixmap(const Image& image, const Size& points, double pixelsPerPoint, const QPalette& palette)
+{
+    if (const auto* drawn = std::get_if<DrawnImage>(&image))
+        return draw(*drawn, points, pixelsPerPoint, palette);
+    const double width = points.width > 0 ? points.width : kDefaultSize;
+    const double height = points.height > 0 ? points.height : kDefaultSize;
+    const QIcon found = icon(image, palette);
+    if (found.isNull())
+        return {};
+    QPixmap exact((QSizeF(width, height) * pixelsPerPoint).toSize());
+    exact.setDevicePixelRatio(pixelsPerPoint);
+    exact.fill(Qt::transparent);
+    QPainter painter(&exact);
+    found.paint(&painter, QRectF(0, 0, width, height).toRect()); // in the middle, when it has no such size
+    return exact;
+}
+
+} // namespace haloric

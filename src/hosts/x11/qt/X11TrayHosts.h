@@ -1,0 +1,44 @@
+// Whether there is a tray to put an item into: a manager of the older kind, which owns the selection
+// `_NET_SYSTEM_TRAY_Sn`, or a host of status notifier items on the session bus. Main thread.
+//
+// Qt decides for one of the two kinds when it is first asked for an item, and never again; so nobody asks it before one
+// is there. At the start of a session programs come up in any order.
+#pragma once
+
+#include "foundation/Publisher.h"
+#include "foundation/Task.h"
+#include "hosts/x11/X11Connection.h"
+
+#include <memory>
+
+namespace haloric {
+
+class X11NotifierHosts;
+
+class X11TrayHosts {
+public:
+    // The connection outlives it.
+    explicit X11TrayHosts(X11Connection& connection);
+    ~X11TrayHosts();
+    X11TrayHosts(const X11TrayHosts&) = delete;
+    X11TrayHosts& operator=(const X11TrayHosts&) = delete;
+
+    // Once true, it stays so: an item that is there finds the next tray by itself.
+    bool wereSeen() const { return m_wereSeen; }
+
+    // Called once, when the first tray is seen.
+    Subscription onSeen(Task handler) { return m_seen.subscribe(std::move(handler)); }
+
+private:
+    bool hasManager() const;
+    void noteSeen();
+
+    X11Connection& m_connection;
+    xcb_atom_t m_selection;
+    bool m_wereSeen = false;
+    Publisher<> m_seen;
+    Subscription m_managers;
+    std::unique_ptr<X11NotifierHosts> m_notifierHosts;
+};
+
+} // namespace haloric

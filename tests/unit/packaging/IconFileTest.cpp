@@ -1,0 +1,63 @@
+#include "icon/IconFile.h"
+
+#include "drawing/raster/Png.h"
+#include "icon/IconPicture.h"
+#include "support/PictureDifference.h"
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace haloric {
+namespace {
+
+constexpr int kTolerance = 1; // what Cairo's versions may differ by
+
+std::string keptIcon()
+{
+    std::ostringstream bytes;
+    bytes << std::ifstream(HALORIC_ICON, std::ios::binary).rdbuf();
+    return bytes.str();
+}
+
+std::optional<Picture> decode(std::string_view png)
+{
+    const std::string path = (std::filesystem::path(testing::TempDir()) / "haloric-icon-test.png").string();
+    std::ofstream(path, std::ios::binary) << png;
+    auto picture = Png::read(path);
+    std::filesystem::remove(path);
+    return picture;
+}
+
+TEST(IconFile, the_kept_icon_is_what_the_tool_draws)
+{
+    const std::string file = keptIcon();
+    for (const IconFile::Member& member : IconFile::members()) {
+        SCOPED_TRACE(member.type);
+        const std::optional<Picture> kept = decode(IconFile::find(file, member.type));
+        ASSERT_TRUE(kept) << "draw it anew: haloric-icon " << HALORIC_ICON;
+        const Picture drawn = IconPicture::draw(member.pixels);
+        ASSERT_EQ(kept->width, member.pixels);
+        ASSERT_EQ(kept->height, member.pixels);
+        EXPECT_LE(PictureDifference::of(*kept, drawn).largest, kTolerance)
+            << "draw it anew: haloric-icon " << HALORIC_ICON;
+    }
+}
+
+TEST(IconFile, every_member_of_a_file_can_be_found)
+{
+    const std::string file = IconFile::bytes();
+    for (const IconFile::Member& member : IconFile::members())
+        EXPECT_TRUE(IconFile::find(file, member.type).starts_with("\x89PNG")) << member.type;
+    EXPECT_TRUE(IconFile::find(file, "none").empty());
+}
+
+TEST(IconFile, nothing_is_found_in_a_file_that_is_cut_off)
+{
+    const std::string file = IconFile::bytes();
+    for (const std::size_t length : {std::size_t{0}, std::size_t{7}, std::size_t{12}, file.size() - 1})
+        EXPECT_TRUE(IconFile::find(file.substr(0, length), "icp4").empty()) << length;
+}
+
+} // namespace
+} // namespace haloric

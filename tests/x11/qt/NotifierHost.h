@@ -1,0 +1,63 @@
+// A tray of the newer kind on a session bus of its own: it takes in status notifier items and reads their menus, as the
+// panels of several desktops do. Nothing happens outside of its calls.
+#pragma once
+
+#include "x11/support/ChildProcess.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace haloric {
+
+class NotifierHost {
+public:
+    // What a menu shows, in order, with the items of submenus behind the item that opens them.
+    struct Item {
+        int id = 0;
+        std::string label;
+        bool isEnabled = true;
+        bool isVisible = true;
+        bool hasToggle = false;
+        bool isOn = false;
+        std::string shortcut; // such as "Control+comma"
+        bool hasIcon = false;
+    };
+
+    // Starts the bus; with `present`, the tray is there as well.
+    enum class Presence { later, present };
+    NotifierHost(const Environment& environment, Presence presence);
+    ~NotifierHost();
+    NotifierHost(const NotifierHost&) = delete;
+    NotifierHost& operator=(const NotifierHost&) = delete;
+
+    std::string address() const { return m_address; } // of the bus
+
+    void appear(); // the tray
+
+    // Waits until a program has put an item into the tray.
+    [[nodiscard]] bool waitForItem();
+
+    std::string toolTip();
+    bool hasPicture();
+    void activate(); // as by a left click
+
+    std::vector<Item> menu();
+    std::optional<Item> item(const std::string& label);
+
+    // Waits until the item with that label is as `predicate` wants it.
+    [[nodiscard]] bool waitForItem(const std::string& label, const std::function<bool(const Item&)>& predicate);
+
+    void click(const std::string& label);
+
+private:
+    struct Bus;
+
+    std::unique_ptr<ChildProcess> m_daemon;
+    std::string m_address;
+    std::unique_ptr<Bus> m_bus;
+};
+
+} // namespace haloric

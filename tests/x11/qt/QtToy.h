@@ -1,0 +1,74 @@
+// The program that shows the user interface with a toy behind it (program/main.cpp), on a test's desktop.
+#pragma once
+
+#include "x11/support/ChildProcess.h"
+#include "x11/support/X11Session.h"
+
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace haloric {
+
+// As in keysymdef.h.
+namespace Key {
+inline constexpr std::uint32_t kTab = 0xFF09;
+inline constexpr std::uint32_t kReturn = 0xFF0D;
+inline constexpr std::uint32_t kEscape = 0xFF1B;
+inline constexpr std::uint32_t kSpace = 0x20;
+inline constexpr std::uint32_t kHome = 0xFF50;
+inline constexpr std::uint32_t kLeft = 0xFF51;
+inline constexpr std::uint32_t kUp = 0xFF52;
+inline constexpr std::uint32_t kRight = 0xFF53;
+inline constexpr std::uint32_t kDown = 0xFF54;
+inline constexpr std::uint32_t kEnd = 0xFF57;
+inline constexpr std::uint32_t kControl = 0xFFE3;
+} // namespace Key
+
+class QtToy {
+public:
+    // Returns when the program runs. `environment` is added to the session's.
+    explicit QtToy(X11Session& session, const Environment& environment = {});
+    ~QtToy();
+    QtToy(const QtToy&) = delete;
+    QtToy& operator=(const QtToy&) = delete;
+
+    ChildProcess& process() { return *m_process; }
+
+    // One line for the program.
+    void tell(const std::string& line);
+
+    // Waits for a line that starts with `start`, and passes over what stands before it. None when the patience ends.
+    std::optional<std::string> hear(const std::string& start);
+    [[nodiscard]] bool hears(const std::string& start) { return hear(start).has_value(); }
+
+    // Whether the program has said such a line since what was heard last, after everything that has been done to it.
+    bool hasSaid(const std::string& start);
+
+    // Waits until a widget with that name is visible; its place on the root. Empty when there is none.
+    ScreenRect place(const std::string& name);
+    bool isVisible(const std::string& name);
+    std::string described(const std::string& name); // to assistive technology: name, description
+    [[nodiscard]] bool click(const std::string& name, std::uint8_t button = XCB_BUTTON_INDEX_1);
+    void press(std::uint32_t keySymbol);
+
+    // Shows the form and waits until it has the keyboard.
+    [[nodiscard]] bool showForm();
+    std::string focused();
+    [[nodiscard]] bool waitForFocus(const std::string& name);
+    [[nodiscard]] bool tabTo(const std::string& name);
+
+private:
+    std::string ask(const std::string& question);
+    void takeIn();
+
+    X11Session& m_session;
+    int m_commands = -1;
+    std::unique_ptr<ChildProcess> m_process;
+    std::size_t m_read = 0;            // so much of the output
+    std::deque<std::string> m_answers; // to questions
+    std::deque<std::string> m_news;    // anything else
+};
+
+} // namespace haloric

@@ -1,0 +1,84 @@
+#include "x11/qt/program/WidgetFinder.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QListView>
+#include <QMenu>
+#include <QWidget>
+
+namespace haloric {
+
+namespace {
+
+std::optional<QRect> onRoot(const QWidget& widget, const QRect& part)
+{
+    const double scale = widget.devicePixelRatio();
+    const QPointF topLeft = widget.mapToGlobal(QPointF(part.topLeft()));
+    return QRectF(topLeft * scale, QSizeF(part.size()) * scale).toRect();
+}
+
+QString plain(QString text) { return text.replace("&&", "&"); }
+
+QWidget* named(const QString& name)
+{
+    for (QWidget* widget : QApplication::allWidgets()) {
+        const auto* button = qobject_cast<QAbstractButton*>(widget);
+        const bool isCalledSo = widget->objectName() == name || widget->metaObject()->className() == name ||
+                                (button && plain(button->text()) == name);
+        if (widget->isVisible() && isCalledSo)
+            return widget;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+std::optional<QRect> WidgetFinder::find(const std::string& name)
+{
+    const QString wanted = QString::fromStdString(name);
+    for (const QWidget* widget : QApplication::allWidgets()) {
+        if (!widget->isVisible())
+            continue;
+        if (const auto* menu = qobject_cast<const QMenu*>(widget)) {
+            for (QAction* action : menu->actions()) {
+                if (plain(action->text()) == wanted && menu->actionGeometry(action).isValid())
+                    return onRoot(*menu, menu->actionGeometry(action));
+            }
+        }
+        if (const auto* list = qobject_cast<const QListView*>(widget)) {
+            for (int row = 0; list->model() && row < list->model()->rowCount(); ++row) {
+                const QModelIndex index = list->model()->index(row, 0);
+                if (!list->isRowHidden(row) && index.data().toString() == wanted)
+                    return onRoot(*list->viewport(), list->visualRect(index));
+            }
+        }
+    }
+    const QWidget* widget = named(wanted);
+    return widget ? onRoot(*widget, widget->rect()) : std::nullopt;
+}
+
+std::string WidgetFinder::focused()
+{
+    const QWidget* widget = QApplication::focusWidget();
+    if (!widget)
+        return {};
+    const auto* button = qobject_cast<const QAbstractButton*>(widget);
+    QString name = widget->objectName();
+    if (name.isEmpty())
+        name = button ? plain(button->text()) : widget->metaObject()->className();
+    return name.toStdString();
+}
+
+std::string WidgetFinder::described(const std::string& name)
+{
+    QWidget* widget = named(QString::fromStdString(name));
+    QAccessibleInterface* accessible = widget ? QAccessible::queryAccessibleInterface(widget) : nullptr;
+    if (!accessible)
+        return {};
+    return accessible->text(QAccessible::Name).toStdString() + ", " +
+           accessible->text(QAccessible::Description).toStdString();
+}
+
+} // namespace haloric

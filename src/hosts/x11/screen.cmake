@@ -15,9 +15,11 @@ haloric_library(haloric_x11
     X11DiagnosticsSources.cpp
     X11DisplayLinks.cpp
     X11EventTap.cpp
+    X11Hotkeys.cpp
     X11ImageUploader.cpp
     X11InfoDictionary.cpp
     X11InputMonitors.cpp
+    X11KeyCombination.cpp
     X11KeyNames.cpp
     X11Keyboard.cpp
     X11MapEcho.cpp

@@ -25,6 +25,12 @@ void X11Application::terminate()
     m_runLoop.stop();
 }
 
+void X11Application::reopen()
+{
+    if (m_delegate && m_launched && !m_terminated)
+        m_delegate->applicationShouldHandleReopen(false); // there is no handling of the platform's own
+}
+
 ProcessID X11Application::processID() const { return static_cast<ProcessID>(getpid()); }
 
 } // namespace haloric

@@ -22,6 +22,9 @@ public:
     void run() override;
     void terminate() override; // the second time it does nothing
 
+    // The user has started the program again: tells the delegate, once launching has begun.
+    void reopen();
+
     ProcessID processID() const override;
     std::optional<OwnWindow> keyWindow() const override { return {}; }
     std::optional<OwnWindow> mainWindow() const override { return {}; }

@@ -1,6 +1,7 @@
 // The program on X11: its adapters, and the entry sequence that they are handed to.
 #include "app/ApplicationPlatform.h"
 #include "app/EntrySequence.h"
+#include "app/InstanceControl.h"
 #include "hosts/posix/PosixProcesses.h"
 #include "hosts/posix/StandardErrorLog.h"
 #include "hosts/x11/CommandLine.h"
@@ -27,11 +28,16 @@
 #include "hosts/x11/X11WindowManager.h"
 #include "hosts/x11/X11WindowServerLibrary.h"
 #include "hosts/x11/X11Workspace.h"
+#include "hosts/x11/instance/X11InstanceContact.h"
+#include "hosts/x11/instance/X11InstanceServer.h"
 
 #include <iostream>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <unistd.h>
 
 using namespace haloric;
 
@@ -66,8 +72,23 @@ int showDiagnostics(X11Connection& connection, X11RunLoop& runLoop, Log& log, co
     return kSuccess;
 }
 
-int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& signals, Log& log, Processes& processes)
+// What a start on a display brings along.
+struct Start {
+    X11Connection& connection;
+    X11RunLoop& runLoop;
+    X11TerminationSignals& signals;
+    Log& log;
+    Processes& processes;
+    const X11InstanceSeat* seat; // null: none could be taken
+    bool opensSettings;
+};
+
+int run(const Start& start)
 {
+    X11Connection& connection = start.connection;
+    X11RunLoop& runLoop = start.runLoop;
+    Log& log = start.log;
+    Processes& processes = start.processes;
     X11Scale scale;
     X11Screens screens(connection, runLoop, scale);
     X11WindowManager windowManager(connection, runLoop);
@@ -94,7 +115,7 @@ int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& s
         exitCode = kNoDisplay;
         application.terminate();
     });
-    const auto termination = signals.watch(runLoop, [&application] { application.terminate(); });
+    const auto termination = start.signals.watch(runLoop, [&application] { application.terminate(); });
 
     EntrySequence entry({.runLoop = runLoop,
                          .serialQueues = serialQueues,
@@ -112,8 +133,37 @@ int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& s
                          .userDefaults = userDefaults,
                          .processes = processes,
                          .log = log});
+
+    InstanceControl control(
+        runLoop, entry.settingsStore(), [&application] { application.reopen(); },
+        [&application] { application.terminate(); });
+    std::optional<X11InstanceServer> server;
+    if (start.seat)
+        server.emplace(runLoop, start.seat->listeningDescriptor(), geteuid(), [&control](std::string_view line) {
+            const auto command = InstanceCommand::parse(line);
+            return command ? control.perform(*command).bytes() : std::string();
+        });
+    if (start.opensSettings)
+        control.perform({.kind = InstanceCommand::Kind::reopen}); // once launching has finished
     entry.run();
     return exitCode;
+}
+
+X11InstanceContact contactWithRunning(const Processes& processes)
+{
+    const auto display = processes.environmentVariable("DISPLAY");
+    return {display ? X11InstancePlace::find(processes, *display) : std::nullopt,
+            {.output = std::cout, .errors = std::cerr}};
+}
+
+// Of the running instance; when there is none, what the next one will read.
+int printSettings(const Processes& processes)
+{
+    if (const auto exitCode = contactWithRunning(processes).command({.kind = InstanceCommand::Kind::printSettings}))
+        return *exitCode;
+    X11UserDefaults userDefaults(X11UserDefaults::standardFolder(processes));
+    std::cout << InstanceControl::printedSettings(SettingsStore(userDefaults)).text;
+    return kSuccess;
 }
 
 int runOnDisplay(CommandLine::Action action)
@@ -122,16 +172,27 @@ int runOnDisplay(CommandLine::Action action)
     X11RunLoop runLoop;
     StandardErrorLog log;
     PosixProcesses processes;
+    const auto name = processes.environmentVariable("DISPLAY");
+    X11InstanceContact::Arrival arrival;
+    if (name && action != CommandLine::Action::showDiagnostics)
+        arrival = contactWithRunning(processes).arrive();
+    if (arrival.exitCode)
+        return *arrival.exitCode;
     const auto connection = X11Connection::open(kDisplay, runLoop);
     if (!connection) {
-        const auto name = processes.environmentVariable("DISPLAY");
         log.line(name ? "haloric: the X display \"" + *name + "\" does not answer"
                       : "haloric: no X display: DISPLAY is not set");
         return kNoDisplay;
     }
     if (action == CommandLine::Action::showDiagnostics)
         return showDiagnostics(*connection, runLoop, log, processes);
-    return run(*connection, runLoop, signals, log, processes);
+    return run({.connection = *connection,
+                .runLoop = runLoop,
+                .signals = signals,
+                .log = log,
+                .processes = processes,
+                .seat = arrival.seat.get(),
+                .opensSettings = action == CommandLine::Action::openSettings});
 }
 
 } // namespace
@@ -151,7 +212,12 @@ int main(int argumentCount, char** argumentValues)
     case CommandLine::Action::refuse:
         std::cerr << commandLine.complaint << "\nTry 'haloric --help'.\n";
         return kWrongUsage;
+    case CommandLine::Action::command:
+        return contactWithRunning(PosixProcesses()).requireCommand(commandLine.command);
+    case CommandLine::Action::printSettings:
+        return printSettings(PosixProcesses());
     case CommandLine::Action::run:
+    case CommandLine::Action::openSettings:
     case CommandLine::Action::showDiagnostics:
         break;
     }

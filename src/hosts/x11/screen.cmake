@@ -39,7 +39,12 @@ haloric_library(haloric_x11
     X11ToolkitWindows.cpp
     X11TranslucentVisual.cpp
     X11ViewContent.cpp
-    DEPENDS haloric_x11_desktop haloric_raster haloric_windowserver PkgConfig::HALORIC_X11_SCREEN)
+    instance/X11InstanceClient.cpp
+    instance/X11InstanceContact.cpp
+    instance/X11InstancePlace.cpp
+    instance/X11InstanceSeat.cpp
+    instance/X11InstanceServer.cpp
+    DEPENDS haloric_x11_desktop haloric_raster haloric_windowserver haloric_app haloric_user_defaults PkgConfig::HALORIC_X11_SCREEN)
 
 add_executable(haloric main.cpp)
 target_compile_definitions(haloric PRIVATE HALORIC_VERSION="${PROJECT_VERSION}")

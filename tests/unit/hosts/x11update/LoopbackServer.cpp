@@ -44,7 +44,9 @@ std::vector<std::string> LoopbackServer::requests() const
 
 std::string LoopbackServer::reply(const std::string& status, const std::string& headers, const std::string& body)
 {
-    return "HTTP/1.1 " + status + "\r\nConnection: close\r\n" + headers + "\r\n" + body;
+    const bool hasLength = headers.find("Content-Length") != std::string::npos;
+    return "HTTP/1.1 " + status + "\r\nConnection: close\r\n" + headers +
+           (hasLength ? "" : "Content-Length: " + std::to_string(body.size()) + "\r\n") + "\r\n" + body;
 }
 
 void LoopbackServer::serve()
@@ -78,8 +80,11 @@ void LoopbackServer::serve(PosixDescriptor peer)
             return;
         rest.remove_prefix(static_cast<std::size_t>(count));
     }
-    if (m_keepsOpen)
+    if (m_ending == Ending::never)
         m_open.push_back(std::move(peer));
+    // A client that sees the end before it has read the reply may ask once more.
+    while (m_ending == Ending::byClient && recv(peer.number(), part.data(), part.size(), 0) > 0) {
+    }
 }
 
 } // namespace haloric

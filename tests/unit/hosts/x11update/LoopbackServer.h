@@ -28,8 +28,12 @@ public:
     // What was asked for, head lines included, in order.
     std::vector<std::string> requests() const;
 
-    // From now on replies are sent, but connections stay open, as if more were to come.
-    void keepOpen() { m_keepsOpen = true; }
+    enum class Ending {
+        byClient, // once it has the whole reply
+        never,    // as if more were to come
+        atOnce,   // whether it has the whole reply or not
+    };
+    void setEnding(Ending ending) { m_ending = ending; }
 
     static std::string reply(const std::string& status, const std::string& headers, const std::string& body);
     static std::string feed(const std::string& body) { return reply("200 OK", "", body); }
@@ -46,7 +50,7 @@ private:
     PosixDescriptor m_listening;
     std::uint16_t m_port = 0;
     std::atomic<bool> m_ends = false;
-    std::atomic<bool> m_keepsOpen = false;
+    std::atomic<Ending> m_ending = Ending::byClient;
     mutable std::mutex m_lock; // guards the next
     std::vector<std::string> m_requests;
     std::vector<PosixDescriptor> m_open;

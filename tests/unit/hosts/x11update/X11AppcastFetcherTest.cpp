@@ -49,7 +49,7 @@ TEST_F(X11AppcastFetcherTest, redirections_are_followed_up_to_a_limit_and_nothin
     for (const std::string& request : server.requests())
         EXPECT_EQ(request.find("Cookie:"), std::string::npos) << request;
     EXPECT_EQ(fetch(server.address("/6")).error, "The update feed is redirected too often.");
-    EXPECT_EQ(server.requests().size(), 6U + 6U);
+    EXPECT_EQ(server.requests().size(), 6U + 6U) << testing::PrintToString(server.requests());
 }
 
 TEST_F(X11AppcastFetcherTest, what_is_not_secure_is_not_even_asked)
@@ -92,18 +92,19 @@ TEST_F(X11AppcastFetcherTest, a_feed_that_is_too_large_is_cut_off)
 TEST_F(X11AppcastFetcherTest, a_server_that_does_not_come_to_an_end_is_left_in_time)
 {
     limits.time = std::chrono::milliseconds(100);
-    for (const std::string& beginning :
-         {std::string(), std::string("HTTP/1.1 200 OK\r\n"), LoopbackServer::feed("half")}) {
+    for (const std::string& beginning : {std::string(), std::string("HTTP/1.1 200 OK\r\n"),
+                                         LoopbackServer::reply("200 OK", "Content-Length: 9\r\n", "half")}) {
         LoopbackServer server([&](const std::string&) { return beginning; });
-        server.keepOpen();
+        server.setEnding(LoopbackServer::Ending::never);
         EXPECT_EQ(fetch(server.address()).error, "The update feed did not arrive in time.") << beginning;
     }
 }
 
 TEST_F(X11AppcastFetcherTest, a_body_that_ends_too_early_is_an_error)
 {
-    const LoopbackServer server(
+    LoopbackServer server(
         [](const std::string&) { return LoopbackServer::reply("200 OK", "Content-Length: 100\r\n", "half"); });
+    server.setEnding(LoopbackServer::Ending::atOnce);
     EXPECT_NE(fetch(server.address()).error, "");
 }
 

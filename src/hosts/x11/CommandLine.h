@@ -1,6 +1,8 @@
 // What the program was asked to do when it was started. Pure.
 #pragma once
 
+#include "app/InstanceCommand.h"
+
 #include <span>
 #include <string>
 #include <string_view>
@@ -8,10 +10,20 @@
 namespace haloric {
 
 struct CommandLine {
-    enum class Action { run, showHelp, showVersion, showDiagnostics, refuse };
+    enum class Action {
+        run,
+        openSettings, // of the running instance, or of this one when there is none
+        command,      // for the running instance
+        printSettings,
+        showHelp,
+        showVersion,
+        showDiagnostics,
+        refuse,
+    };
 
     Action action = Action::run;
-    std::string complaint; // for refuse: one line that says what is wrong
+    InstanceCommand command = {}; // for command
+    std::string complaint = {};   // for refuse: one line that says what is wrong
 
     // `arguments` without the program's name. The first argument that settles the matter does.
     static CommandLine parse(std::span<const std::string_view> arguments);

@@ -27,6 +27,10 @@ public:
     void terminate() override; // the second time it does nothing
     bool isTerminated() const { return m_terminated; }
 
+    // The user has started the program again, or wants its settings from the start: tells the delegate, once launching
+    // has finished.
+    void reopen();
+
     ProcessID processID() const override;
     std::optional<OwnWindow> keyWindow() const override;
     std::optional<OwnWindow> mainWindow() const override;
@@ -36,6 +40,7 @@ private:
     const X11ApplicationWindows* m_windows;
     ApplicationDelegate* m_delegate = nullptr;
     bool m_launched = false;
+    bool m_reopensOnceLaunched = false;
     bool m_terminated = false;
 };
 

@@ -34,7 +34,7 @@ X11InfoDictionary readDictionary(const std::filesystem::path& file)
 
 X11Bundle::X11Bundle() : X11Bundle(runningExecutable()) {}
 
-X11Bundle::X11Bundle(const std::filesystem::path& executable)
+X11Bundle::X11Bundle(const std::filesystem::path& executable) : m_executable(executable)
 {
     const auto folder = bundleFolder(executable);
     m_path = folder.string();

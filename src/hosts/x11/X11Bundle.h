@@ -18,11 +18,16 @@ public:
     explicit X11Bundle(const std::filesystem::path& executable);
 
     std::string path() const override { return m_path; }
+
+    // The program's own file: an absolute path.
+    const std::filesystem::path& executable() const { return m_executable; }
+
     std::optional<std::string> identifier() const override { return infoString("CFBundleIdentifier"); }
     bool hasInfo(std::string_view key) const override { return m_info.contains(key); }
     std::optional<std::string> infoString(std::string_view key) const override { return m_info.string(key); }
 
 private:
+    std::filesystem::path m_executable;
     std::string m_path;
     X11InfoDictionary m_info;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <string_view>
 
 #define XK_LATIN1
 #define XK_MISCELLANY
@@ -69,6 +70,13 @@ std::uint64_t modifierFlag(std::uint32_t symbol)
     }
 }
 
+struct LetterRow {
+    std::string_view letters;
+    std::uint8_t firstKeyCode;
+};
+
+constexpr LetterRow kLetterRows[] = {{"qwertyuiop", 24}, {"asdfghjkl", 38}, {"zxcvbnm", 52}};
+
 constexpr std::size_t kSymbolsOfTwoLayouts = 4;
 
 } // namespace
@@ -81,6 +89,17 @@ std::optional<std::int64_t> virtualKeyNumber(std::uint32_t keySymbol)
     return found == std::end(kOtherKeys) ? std::nullopt : std::optional(found->number);
 }
 
+std::uint8_t keyCodeOfLetterPosition(std::int64_t number)
+{
+    for (const LetterRow& row : kLetterRows) {
+        for (std::size_t index = 0; index < row.letters.size(); ++index) {
+            if (letterOrDigit(static_cast<std::uint32_t>(row.letters[index])) == number)
+                return static_cast<std::uint8_t>(row.firstKeyCode + index);
+        }
+    }
+    return 0;
+}
+
 X11Key keyWithSymbols(std::span<const std::uint32_t> keySymbols)
 {
     X11Key key;
@@ -88,6 +107,7 @@ X11Key keyWithSymbols(std::span<const std::uint32_t> keySymbols)
         return key;
     key.modifier = modifierFlag(keySymbols.front());
     key.isCapsLock = key.modifier == kCapsLockFlag;
+    key.isOtherLock = keySymbols.front() == XK_Num_Lock || keySymbols.front() == XK_Scroll_Lock;
     key.isPrintScreen = keySymbols.front() == XK_Print;
     key.number = virtualKeyNumber(keySymbols.front());
     for (const auto symbol : keySymbols.first(std::min(keySymbols.size(), kSymbolsOfTwoLayouts))) {

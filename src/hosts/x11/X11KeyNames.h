@@ -12,6 +12,7 @@ struct X11Key {
     std::optional<std::int64_t> number; // virtual key number; absent for a key that has none here
     std::uint64_t modifier = 0;         // the flag that it sets while it is held; 0 for most keys
     bool isCapsLock = false;            // sets its flag by turns
+    bool isOtherLock = false;           // Num Lock, Scroll Lock: modifiers that no flag tells of
     bool isPrintScreen = false;
     friend bool operator==(const X11Key&, const X11Key&) = default;
 };
@@ -26,6 +27,9 @@ constexpr std::int64_t kKeyNumberOf5 = 23;
 
 // The number of a key symbol.
 std::optional<std::int64_t> virtualKeyNumber(std::uint32_t keySymbol);
+
+// The key where the ANSI layout has the letter of that number; 0 for other numbers. X numbers keys by their place.
+std::uint8_t keyCodeOfLetterPosition(std::int64_t number);
 
 // The key that bears these symbols, in the order of the core keyboard mapping (plain, shifted, then the same for a
 // second layout). A letter or digit on any of them names the key, so that the digits of layouts that have them on the

@@ -1,47 +1,29 @@
-// The program on X11: its adapters, and the entry sequence that they are handed to.
-#include "app/ApplicationPlatform.h"
-#include "app/EntrySequence.h"
+// The program on X11, from its command line.
+#include "app/InstanceControl.h"
 #include "hosts/posix/PosixProcesses.h"
 #include "hosts/posix/StandardErrorLog.h"
 #include "hosts/x11/CommandLine.h"
-#include "hosts/x11/NoDesktopShell.h"
-#include "hosts/x11/X11Accessibility.h"
-#include "hosts/x11/X11Application.h"
-#include "hosts/x11/X11ApplicationCatalog.h"
-#include "hosts/x11/X11ApplicationWindows.h"
-#include "hosts/x11/X11Bundle.h"
 #include "hosts/x11/X11Clients.h"
 #include "hosts/x11/X11Compositor.h"
 #include "hosts/x11/X11Connection.h"
 #include "hosts/x11/X11Diagnostics.h"
 #include "hosts/x11/X11DisplayLinks.h"
-#include "hosts/x11/X11InputMonitors.h"
-#include "hosts/x11/X11Onboarding.h"
-#include "hosts/x11/X11OwnWindows.h"
+#include "hosts/x11/X11Program.h"
 #include "hosts/x11/X11RawInput.h"
 #include "hosts/x11/X11RunLoop.h"
 #include "hosts/x11/X11Scale.h"
 #include "hosts/x11/X11Screens.h"
-#include "hosts/x11/X11SerialQueues.h"
 #include "hosts/x11/X11TerminationSignals.h"
 #include "hosts/x11/X11ToolkitWindows.h"
 #include "hosts/x11/X11UserDefaults.h"
-#include "hosts/x11/X11WindowInfoSource.h"
 #include "hosts/x11/X11WindowManager.h"
-#include "hosts/x11/X11WindowServerLibrary.h"
-#include "hosts/x11/X11Workspace.h"
-#include "hosts/x11/qt/X11FormWindows.h"
-#include "hosts/x11/qt/X11Panels.h"
-#include "hosts/x11/qt/X11QtAlerts.h"
-#include "hosts/x11/qt/X11QtApplication.h"
-#include "hosts/x11/qt/X11QtEventLoop.h"
-#include "hosts/x11/qt/X11QtWindows.h"
-#include "hosts/x11/qt/X11StatusItems.h"
+#include "hosts/x11/instance/X11InstanceContact.h"
+#include "settings/SettingsStore.h"
 
 #include <iostream>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 using namespace haloric;
@@ -77,81 +59,21 @@ int showDiagnostics(X11Connection& connection, X11RunLoop& runLoop, Log& log, co
     return kSuccess;
 }
 
-int run(X11Connection& connection, X11RunLoop& runLoop, X11TerminationSignals& signals, Log& log, Processes& processes)
+X11InstanceContact contactWithRunning(const Processes& processes)
 {
-    Task displayLost; // both connections to the server notice, and either may be the first
-    const X11QtApplication qt([&displayLost] { displayLost(); });
-    X11QtEventLoop loop(runLoop);
-    X11Scale scale;
-    X11Screens screens(connection, runLoop, scale);
-    X11WindowManager windowManager(connection, runLoop);
-    X11Clients clients(connection, runLoop);
-    X11Workspace workspace(clients, runLoop);
-    X11Accessibility accessibility(clients, windowManager, scale);
-    X11WindowInfoSource windowInfoSource(clients.table(), scale);
-    X11WindowServerLibrary windowServerLibrary(connection, kDisplay, clients, scale);
-    X11Compositor compositor(connection);
-    X11ToolkitWindows toolkitWindows(connection, runLoop, compositor, scale, clients.table(), log);
-    X11RawInput rawInput(connection);
-    X11OwnWindows ownWindows(connection);
-    const X11QtWindows qtWindows(ownWindows);
-    X11InputMonitors input(rawInput, ownWindows);
-    X11DisplayLinks displayLinks(connection, runLoop, scale);
-    X11SerialQueues serialQueues;
-    const X11ApplicationWindows applicationWindows(clients.table(), scale);
-    X11Application application(loop, &applicationWindows);
-    X11QtAlerts alerts;
-    const X11Bundle bundle;
-    X11StatusItems statusItems(connection);
-    X11FormWindows formWindows(connection);
-    NoHotkeys hotkeys;
-    NoLoginItemService loginItems;
-    NoUpdaterFramework updaterFramework;
-    X11Panels panels;
-    X11ApplicationCatalog applicationCatalog(clients.table(), workspace);
+    const auto display = processes.environmentVariable("DISPLAY");
+    return {display ? X11InstancePlace::find(processes, *display) : std::nullopt,
+            {.output = std::cout, .errors = std::cerr}};
+}
+
+// Of the running instance; when there is none, what the next one will read.
+int printSettings(const Processes& processes)
+{
+    if (const auto exitCode = contactWithRunning(processes).command({.kind = InstanceCommand::Kind::printSettings}))
+        return *exitCode;
     X11UserDefaults userDefaults(X11UserDefaults::standardFolder(processes));
-
-    int exitCode = kSuccess;
-    displayLost = [&] {
-        if (std::exchange(exitCode, kNoDisplay) != kNoDisplay)
-            log.line("haloric: the X server has gone away");
-        application.terminate();
-    };
-    const auto lost = connection.onLost(displayLost);
-    const AlertModel onboarding = X11Onboarding::alert();
-    const auto windowManagerCame = windowManager.onChange([&] {
-        if (windowManager.isRunning())
-            alerts.dismiss(onboarding.messageText);
-    });
-    const auto termination = signals.watch(runLoop, [&application] { application.terminate(); });
-
-    EntrySequence entry({.runLoop = runLoop,
-                         .serialQueues = serialQueues,
-                         .displayLinks = displayLinks,
-                         .workspace = workspace,
-                         .screens = screens,
-                         .accessibility = accessibility,
-                         .windowInfoSource = windowInfoSource,
-                         .windowServerLibrary = windowServerLibrary,
-                         .toolkitWindows = toolkitWindows,
-                         .input = input,
-                         .application = application,
-                         .alerts = alerts,
-                         .statusItems = statusItems,
-                         .formWindows = formWindows,
-                         .hotkeys = hotkeys,
-                         .loginItems = loginItems,
-                         .updaterFramework = updaterFramework,
-                         .panels = panels,
-                         .applicationCatalog = applicationCatalog,
-                         .bundle = bundle,
-                         .userDefaults = userDefaults,
-                         .processes = processes,
-                         .log = log,
-                         .onboardingAlert = onboarding});
-    X11Onboarding::waitForWindowManager(windowManager, runLoop, [&application] { return application.isTerminated(); });
-    entry.run();
-    return exitCode;
+    std::cout << InstanceControl::printedSettings(SettingsStore(userDefaults)).text;
+    return kSuccess;
 }
 
 int runOnDisplay(CommandLine::Action action)
@@ -160,16 +82,27 @@ int runOnDisplay(CommandLine::Action action)
     X11RunLoop runLoop;
     StandardErrorLog log;
     PosixProcesses processes;
+    const auto name = processes.environmentVariable("DISPLAY");
+    X11InstanceContact::Arrival arrival;
+    if (name && action != CommandLine::Action::showDiagnostics)
+        arrival = contactWithRunning(processes).arrive();
+    if (arrival.exitCode)
+        return *arrival.exitCode;
     const auto connection = X11Connection::open(kDisplay, runLoop);
     if (!connection) {
-        const auto name = processes.environmentVariable("DISPLAY");
         log.line(name ? "haloric: the X display \"" + *name + "\" does not answer"
                       : "haloric: no X display: DISPLAY is not set");
         return kNoDisplay;
     }
     if (action == CommandLine::Action::showDiagnostics)
         return showDiagnostics(*connection, runLoop, log, processes);
-    return run(*connection, runLoop, signals, log, processes);
+    return runX11Program({.connection = *connection,
+                          .runLoop = runLoop,
+                          .signals = signals,
+                          .log = log,
+                          .processes = processes,
+                          .seat = arrival.seat.get(),
+                          .opensSettings = action == CommandLine::Action::openSettings});
 }
 
 } // namespace
@@ -189,7 +122,12 @@ int main(int argumentCount, char** argumentValues)
     case CommandLine::Action::refuse:
         std::cerr << commandLine.complaint << "\nTry 'haloric --help'.\n";
         return kWrongUsage;
+    case CommandLine::Action::command:
+        return contactWithRunning(PosixProcesses()).requireCommand(commandLine.command);
+    case CommandLine::Action::printSettings:
+        return printSettings(PosixProcesses());
     case CommandLine::Action::run:
+    case CommandLine::Action::openSettings:
     case CommandLine::Action::showDiagnostics:
         break;
     }

@@ -14,9 +14,11 @@ haloric_library(haloric_x11
     X11DiagnosticsSources.cpp
     X11DisplayLinks.cpp
     X11EventTap.cpp
+    X11Hotkeys.cpp
     X11ImageUploader.cpp
     X11InfoDictionary.cpp
     X11InputMonitors.cpp
+    X11KeyCombination.cpp
     X11KeyNames.cpp
     X11Keyboard.cpp
     X11MapEcho.cpp
@@ -37,4 +39,9 @@ haloric_library(haloric_x11
     X11ToolkitWindows.cpp
     X11TranslucentVisual.cpp
     X11ViewContent.cpp
-    DEPENDS haloric_x11_desktop haloric_raster haloric_windowserver PkgConfig::HALORIC_X11_SCREEN)
+    instance/X11InstanceClient.cpp
+    instance/X11InstanceContact.cpp
+    instance/X11InstancePlace.cpp
+    instance/X11InstanceSeat.cpp
+    instance/X11InstanceServer.cpp
+    DEPENDS haloric_x11_desktop haloric_raster haloric_windowserver haloric_app haloric_user_defaults PkgConfig::HALORIC_X11_SCREEN)

@@ -15,6 +15,28 @@ TEST(CommandLine, each_option_has_its_action)
     EXPECT_EQ(parse({"-h"}).action, Action::showHelp);
     EXPECT_EQ(parse({"--version"}).action, Action::showVersion);
     EXPECT_EQ(parse({"--diagnostics"}).action, Action::showDiagnostics);
+    EXPECT_EQ(parse({"--settings"}).action, Action::openSettings);
+    EXPECT_EQ(parse({"--print-settings"}).action, Action::printSettings);
+}
+
+TEST(CommandLine, commands_for_the_running_program_are_taken_down)
+{
+    const auto quit = parse({"--quit"});
+    EXPECT_EQ(quit.action, Action::command);
+    EXPECT_EQ(quit.command, (InstanceCommand{InstanceCommand::Kind::quit, ""}));
+    const auto toggle = parse({"--toggle", "glow"});
+    EXPECT_EQ(toggle.action, Action::command);
+    EXPECT_EQ(toggle.command, (InstanceCommand{InstanceCommand::Kind::toggle, "glow"}));
+}
+
+TEST(CommandLine, toggling_needs_an_effect_that_there_is)
+{
+    for (const std::vector<std::string_view>& arguments :
+         {std::vector<std::string_view>{"--toggle"}, {"--toggle", ""}, {"--toggle", "sound"}, {"--toggle", "--quit"}}) {
+        const auto commandLine = parse(arguments);
+        EXPECT_EQ(commandLine.action, Action::refuse);
+        EXPECT_EQ(commandLine.complaint, "haloric: --toggle needs one of border, glow, tint, dim, pulse");
+    }
 }
 
 TEST(CommandLine, an_unknown_option_is_refused_by_name)
@@ -32,7 +54,8 @@ TEST(CommandLine, a_file_name_and_an_empty_argument_are_refused_too)
 
 TEST(CommandLine, the_help_names_every_option)
 {
-    for (const char* option : {"--help", "--version", "--diagnostics"})
+    for (const char* option :
+         {"--help", "--version", "--diagnostics", "--settings", "--toggle", "--quit", "--print-settings"})
         EXPECT_THAT(std::string(CommandLine::helpText()), testing::HasSubstr(option));
 }
 

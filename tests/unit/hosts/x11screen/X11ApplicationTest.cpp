@@ -17,6 +17,11 @@ struct RecordingDelegate final : ApplicationDelegate {
         if (whenLaunched)
             whenLaunched();
     }
+    bool applicationShouldHandleReopen(bool hasVisibleWindows) override
+    {
+        events.emplace_back(hasVisibleWindows ? "reopened with windows" : "reopened");
+        return false;
+    }
     void applicationWillTerminate() override { events.emplace_back("terminating"); }
 };
 
@@ -56,6 +61,18 @@ TEST_F(X11ApplicationTest, a_second_termination_does_nothing)
     });
     application.run();
     EXPECT_EQ(delegate.events.size(), 2U);
+}
+
+TEST_F(X11ApplicationTest, reopening_reaches_the_delegate_after_launch_and_until_termination)
+{
+    application.reopen();
+    loop.post([this] {
+        application.reopen();
+        application.terminate();
+        application.reopen();
+    });
+    application.run();
+    EXPECT_THAT(delegate.events, testing::ElementsAre("launched", "reopened", "reopened", "terminating"));
 }
 
 TEST_F(X11ApplicationTest, it_tells_its_process)

@@ -46,7 +46,25 @@ TEST(X11KeyNames, modifiers_have_their_flags)
     EXPECT_EQ(key({XK_Caps_Lock}).modifier, 0x10000U);
     EXPECT_TRUE(key({XK_Caps_Lock}).isCapsLock);
     EXPECT_EQ(key({XK_a}).modifier, 0U);
-    EXPECT_EQ(key({XK_Num_Lock}), X11Key());
+}
+
+TEST(X11KeyNames, locks_without_a_flag_are_known_as_locks)
+{
+    for (const std::uint32_t symbol : {XK_Num_Lock, XK_Scroll_Lock}) {
+        EXPECT_TRUE(key({symbol}).isOtherLock);
+        EXPECT_EQ(key({symbol}).modifier, 0U);
+    }
+    EXPECT_FALSE(key({XK_Caps_Lock}).isOtherLock);
+    EXPECT_FALSE(key({XK_f}).isOtherLock);
+}
+
+TEST(X11KeyNames, letters_have_their_places_on_the_ansi_layout)
+{
+    EXPECT_EQ(keyCodeOfLetterPosition(3), 41);   // F
+    EXPECT_EQ(keyCodeOfLetterPosition(12), 24);  // Q
+    EXPECT_EQ(keyCodeOfLetterPosition(46), 58);  // M
+    EXPECT_EQ(keyCodeOfLetterPosition(21), 0);   // a digit
+    EXPECT_EQ(keyCodeOfLetterPosition(1000), 0); // no key at all
 }
 
 TEST(X11KeyNames, digits_on_the_shifted_level_name_the_key)

@@ -1,0 +1,50 @@
+#include "hosts/x11/update/UpdateOffer.h"
+
+#include "hosts/x11/update/AppVersion.h"
+#include "hosts/x11/update/ReleaseNotes.h"
+
+#include <QUrl>
+
+namespace haloric {
+namespace {
+
+bool isForUs(const AppcastItem& item)
+{
+    return AppVersion::isVersion(item.version) && item.channel.empty() &&
+           (item.system.empty() || item.system == "linux");
+}
+
+std::string firstSecurePage(const AppcastItem& item, const Appcast& appcast)
+{
+    for (const std::string& address : {item.page, appcast.page, item.download}) {
+        if (UpdateOffer::isSecurePage(address))
+            return address;
+    }
+    return {};
+}
+
+} // namespace
+
+std::optional<UpdateOffer> UpdateOffer::find(const Appcast& appcast, std::string_view installed)
+{
+    const AppcastItem* newest = nullptr;
+    for (const AppcastItem& item : appcast.items) {
+        if (isForUs(item) && AppVersion::compare(item.version, newest ? newest->version : installed) > 0)
+            newest = &item;
+    }
+    if (!newest)
+        return {};
+    return UpdateOffer{
+        .version = ReleaseNotes::plainText(newest->displayVersion.empty() ? newest->version : newest->displayVersion),
+        .notes = ReleaseNotes::plainText(newest->description),
+        .page = firstSecurePage(*newest, appcast),
+    };
+}
+
+bool UpdateOffer::isSecurePage(std::string_view address)
+{
+    const QUrl url(QString::fromUtf8(address.data(), static_cast<qsizetype>(address.size())), QUrl::StrictMode);
+    return url.isValid() && url.scheme() == QLatin1String("https") && !url.host().isEmpty() && url.userInfo().isEmpty();
+}
+
+} // namespace haloric

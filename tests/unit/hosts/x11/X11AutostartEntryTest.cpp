@@ -1,0 +1,66 @@
+#include "hosts/x11/X11AutostartEntry.h"
+
+namespace haloric {
+namespace {
+
+using State = X11AutostartEntry::State;
+
+std::string execLine(std::string_view launcher)
+{
+    const std::string text = X11AutostartEntry::text(launcher);
+    const auto begin = text.find("\nExec=") + 1;
+    return text.substr(begin, text.find('\n', begin) - begin);
+}
+
+TEST(X11AutostartEntry, it_starts_the_program_by_its_quoted_path)
+{
+    EXPECT_EQ(execLine("/opt/My Haloric.app/haloric"), R"(Exec="/opt/My Haloric.app/haloric")");
+}
+
+TEST(X11AutostartEntry, what_is_special_in_quotes_is_escaped_and_escaped_again_as_a_value)
+{
+    EXPECT_EQ(execLine("/a$b`c\"d"), R"(Exec="/a\\$b\\`c\\"d")");
+    EXPECT_EQ(execLine("/a\\b"), R"(Exec="/a\\\\b")");
+}
+
+TEST(X11AutostartEntry, a_per_cent_sign_is_no_field_code_and_not_looked_up_as_one)
+{
+    EXPECT_EQ(execLine("/100%f"), R"(Exec=/usr/bin/env "/100%%f")");
+}
+
+TEST(X11AutostartEntry, line_ends_in_a_path_stay_in_its_line)
+{
+    EXPECT_EQ(execLine("/a\nHidden=true\t\r"), R"(Exec="/a\nHidden=true\t\r")");
+    EXPECT_EQ(X11AutostartEntry::stateOf(X11AutostartEntry::text("/a\nHidden=true")), State::enabled);
+}
+
+TEST(X11AutostartEntry, what_it_writes_is_enabled)
+{
+    EXPECT_EQ(X11AutostartEntry::stateOf(X11AutostartEntry::text("/opt/haloric")), State::enabled);
+}
+
+TEST(X11AutostartEntry, either_mark_of_the_desktops_disables_it)
+{
+    for (const char* mark : {"Hidden=true", "X-GNOME-Autostart-enabled=false", "  Hidden =  true  \r"})
+        EXPECT_EQ(X11AutostartEntry::stateOf("[Desktop Entry]\nExec=haloric\n" + std::string(mark)), State::disabled)
+            << mark;
+}
+
+TEST(X11AutostartEntry, other_keys_comments_and_groups_do_not_disable_it)
+{
+    for (const char* line :
+         {"Hidden=false", "X-GNOME-Autostart-enabled=true", "OnlyShowIn=GNOME;", "NotShowIn=KDE;", "#Hidden=true",
+          "Hidden[de]=true", "[Desktop Action other]\nHidden=true", "NoDisplay=true", "garbage"})
+        EXPECT_EQ(X11AutostartEntry::stateOf("[Desktop Entry]\nExec=haloric\n" + std::string(line)), State::enabled)
+            << line;
+}
+
+TEST(X11AutostartEntry, what_starts_nothing_is_no_entry)
+{
+    for (const char* text : {"", "\n\n", "Exec=haloric", "[Desktop Entry]", "[Desktop Entry]\nExec=\n",
+                             "[Other]\nExec=haloric", "\xff\xfe\0binary"})
+        EXPECT_EQ(X11AutostartEntry::stateOf(text), State::unusable) << text;
+}
+
+} // namespace
+} // namespace haloric

@@ -186,6 +186,12 @@ TEST_F(PosixProcessesTest, no_file_stays_open_here)
     EXPECT_EQ(openFiles(), before);
 }
 
+// The sanitizer's look at an object's type takes a pipe, for which there is no file left here.
+__attribute__((no_sanitize("vptr"))) bool launchUnlookedAt(PosixProcesses& processes)
+{
+    return processes.launch(HALORIC_PROCESS_PROBE, {});
+}
+
 TEST_F(PosixProcessesTest, without_a_free_file_nothing_is_started)
 {
     // Few enough to be taken at once, whatever the limit is here.
@@ -196,7 +202,7 @@ TEST_F(PosixProcessesTest, without_a_free_file_nothing_is_started)
     std::vector<int> taken;
     for (int next = open("/dev/null", O_RDONLY); next >= 0; next = open("/dev/null", O_RDONLY))
         taken.push_back(next);
-    EXPECT_FALSE(processes.launch(HALORIC_PROCESS_PROBE, {}));
+    EXPECT_FALSE(launchUnlookedAt(processes));
     for (const int descriptor : taken)
         close(descriptor);
     setrlimit(RLIMIT_NOFILE, &before);

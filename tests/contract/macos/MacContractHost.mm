@@ -3,6 +3,7 @@
 #include "hosts/macos/CFOwned.h"
 #include "hosts/macos/MacConversions.h"
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>

@@ -115,6 +115,18 @@ TEST_F(Tray, the_menu_is_used_by_keys)
     EXPECT_TRUE(toy->hears("menu Quit Haloric"));
 }
 
+TEST_F(Tray, the_keys_that_the_menu_shows_work_while_it_is_open)
+{
+    startPanel();
+    toy.emplace(session);
+    toy->tell("tray");
+    openMenu(XCB_BUTTON_INDEX_1);
+    ASSERT_TRUE(session.observer().waitUntil([this] { return toy->isVisible("Border"); }));
+    session.input().chord({Key::kControl, ','});
+    EXPECT_TRUE(toy->hears("menu Settings…"));
+    EXPECT_TRUE(session.observer().waitUntil([this] { return !toy->isVisible("Border"); }));
+}
+
 TEST_F(Tray, a_preset_is_chosen_from_the_submenu)
 {
     startPanel();

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include <QAbstractButton>
 #include <QCollator>
 #include <QCoreApplication>
 #include <QDialogButtonBox>
@@ -44,6 +45,8 @@ X11ApplicationChooser::X11ApplicationChooser(const std::string& prompt)
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
     m_confirm = buttons->addButton(qtLabel(prompt), QDialogButtonBox::AcceptRole);
     m_confirm->setDefault(true);
+    for (QAbstractButton* button : buttons->buttons())
+        button->setIcon({}); // some styles put signs there
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) { filter(text); });
@@ -76,7 +79,9 @@ void X11ApplicationChooser::fill()
         return collator.compare(qtText(a.name), qtText(b.name)) < 0;
     });
     for (const X11ApplicationFile& file : files) {
-        auto* item = new QListWidgetItem(X11Images::icon(FileIcon{file.path}, palette()), qtText(file.name), m_list);
+        const QPixmap icon =
+            X11Images::pixmap(FileIcon{file.path}, {kIconSize, kIconSize}, devicePixelRatio(), palette());
+        auto* item = new QListWidgetItem(icon, qtText(file.name), m_list);
         item->setData(kPathRole, qtText(file.path));
     }
 }

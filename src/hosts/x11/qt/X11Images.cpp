@@ -116,7 +116,15 @@ QPixmap X11Images::pixmap(const Image& image, const Size& points, double pixelsP
         return draw(*drawn, points, pixelsPerPoint, palette);
     const double width = points.width > 0 ? points.width : kDefaultSize;
     const double height = points.height > 0 ? points.height : kDefaultSize;
-    return icon(image, palette).pixmap(QSizeF(width, height).toSize(), pixelsPerPoint);
+    const QIcon found = icon(image, palette);
+    if (found.isNull())
+        return {};
+    QPixmap exact((QSizeF(width, height) * pixelsPerPoint).toSize());
+    exact.setDevicePixelRatio(pixelsPerPoint);
+    exact.fill(Qt::transparent);
+    QPainter painter(&exact);
+    found.paint(&painter, QRectF(0, 0, width, height).toRect()); // in the middle, when it has no such size
+    return exact;
 }
 
 } // namespace haloric

@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QKeySequence>
 
 namespace haloric {
@@ -33,6 +34,7 @@ void show(QAction& action, const MenuItem& item)
 X11Menu::X11Menu(const MenuModel& model, MenuDelegate& delegate) : m_model(model), m_delegate(delegate)
 {
     build(m_menu, model.items, {});
+    m_menu.installEventFilter(this);
     QObject::connect(&m_menu, &QMenu::aboutToShow, &m_menu, [this] { aboutToShow(); });
 }
 
@@ -92,6 +94,22 @@ void X11Menu::updateImages(const QMenu& menu, const std::vector<MenuItem>& items
         if (action.menu())
             updateImages(*action.menu(), items[index].submenu);
     }
+}
+
+// Qt keeps shortcuts for windows; these hold while the menu is open.
+bool X11Menu::eventFilter(QObject* object, QEvent* event)
+{
+    if (object == &m_menu && event->type() == QEvent::KeyPress) {
+        const QKeySequence keys(static_cast<QKeyEvent*>(event)->keyCombination());
+        for (QAction* action : m_menu.actions()) {
+            if (!action->shortcut().isEmpty() && action->shortcut() == keys && action->isEnabled()) {
+                m_menu.hide();
+                action->trigger();
+                return true;
+            }
+        }
+    }
+    return QObject::eventFilter(object, event);
 }
 
 void X11Menu::aboutToShow()

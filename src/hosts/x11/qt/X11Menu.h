@@ -9,18 +9,17 @@
 #include <vector>
 
 #include <QMenu>
+#include <QObject>
 
 class QAction;
 
 namespace haloric {
 
-class X11Menu {
+class X11Menu final : public QObject {
 public:
     // Both outlive it.
     X11Menu(const MenuModel& model, MenuDelegate& delegate);
-    ~X11Menu();
-    X11Menu(const X11Menu&) = delete;
-    X11Menu& operator=(const X11Menu&) = delete;
+    ~X11Menu() override;
 
     // Takes over what the items show.
     void update();
@@ -36,6 +35,7 @@ private:
     void build(QMenu& menu, const std::vector<MenuItem>& items, const Position& parent);
     void update(const QMenu& menu, const std::vector<MenuItem>& items);
     void updateImages(const QMenu& menu, const std::vector<MenuItem>& items);
+    bool eventFilter(QObject* object, QEvent* event) override;
     void aboutToShow();
     void perform(const Position& position);
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <mutex>
 #include <sstream>
 #include <stdexcept>
 
@@ -42,7 +43,9 @@ MacContractHost::MacContractHost()
         throw std::runtime_error("cannot make a log file");
     ::dup2(file, STDERR_FILENO);
     ::close(file);
-    [NSApp finishLaunching];
+    m_application.setActivationPolicy(ActivationPolicy::accessory); // else its windows would not be shown
+    static std::once_flag launched;                                 // one application object serves all tests
+    std::call_once(launched, [] { [NSApp finishLaunching]; });
 }
 
 MacContractHost::~MacContractHost()

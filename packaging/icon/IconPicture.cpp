@@ -1,64 +1,172 @@
 #include "icon/IconPicture.h"
 
+#include "drawing/FlippedCanvas.h"
 #include "drawing/raster/RasterCanvas.h"
-#include "overlay/HighlightView.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 
 namespace haloric {
+
 namespace {
 
-// All in points of a picture that is 1024 wide.
-constexpr double kSide = 1024;
-constexpr RoundedRect kTile{{100, 100, 824, 824}, 186};
-constexpr RoundedRect kWindowBehind{{430, 450, 380, 300}, 36};
-constexpr RoundedRect kWindow{{232, 262, 470, 380}, 44};
-constexpr double kTitleBarHeight = 92;
-constexpr double kDotRadius = 17;
-constexpr double kDotDistance = 58;
-constexpr double kGlowRadius = 150;
-constexpr double kBorderWidth = 26;
-constexpr int kSmallestWithDots = 64; // pixels
+// Lengths are parts of the picture's side, and become pixels in IconDrawing.
+constexpr int kSmallestDetailed = 48; // pixels: title bar and brackets
+constexpr int kSmallestWithDots = 96; // pixels: the dots of the title bar
+constexpr double kMargin = 100.0 / 1024;
+constexpr double kSmallMargin = 1.0 / 16; // so that little of few pixels is lost
+constexpr double kTileRadius = 0.225;     // of the tile's side
+constexpr Size kWindowSize{0.43, 0.33};
+constexpr Size kSmallWindowSize{0.46, 0.36};
+constexpr double kWindowRadius = 0.045;
+constexpr double kTitleBarHeight = 0.075;
+constexpr double kBorderWidth = 0.026;
+constexpr double kSmallBorderWidth = 1.0 / 16;
+constexpr double kGlowRadius = 0.24;
+constexpr double kNearGlowRadius = 0.09;
+constexpr double kLeastGlowRadius = 4;     // pixels
+constexpr double kBracketDistance = 0.105; // from the window
+constexpr double kBracketLength = 0.085;
+constexpr double kBracketWidth = 0.020;
 
-constexpr Color kTileColor{0.09, 0.11, 0.18, 1};
-constexpr Color kBehindColor{0.30, 0.34, 0.43, 1};
-constexpr Color kWindowColor{0.96, 0.97, 0.99, 1};
-constexpr Color kTitleBarColor{0.82, 0.85, 0.90, 1};
-constexpr Color kDotColor{0.58, 0.62, 0.69, 1};
+constexpr Color kTileTop{0.17, 0.20, 0.31, 1};
+constexpr Color kTileBottom{0.05, 0.06, 0.11, 1};
+constexpr Color kTileEdge{1, 1, 1, 0.10};
+constexpr Color kGlow{0.04, 0.52, 1, 1};
+constexpr Color kBorder{0.30, 0.66, 1, 1};
+constexpr Color kWindow{0.95, 0.97, 1, 1};
+constexpr Color kTitleBar{0.77, 0.84, 0.94, 1};
+constexpr Color kDot{0.45, 0.53, 0.66, 1};
+constexpr Color kBracket{0.62, 0.70, 0.86, 1};
 
-Path pathOf(const RoundedRect& shape) { return Path().add(shape); }
+constexpr double mixed(double from, double to, double part) { return from + (to - from) * part; }
 
-void drawWindow(Canvas& canvas, bool hasDots)
-{
-    const Rect& frame = kWindow.rect;
-    const double barBottom = frame.maxY() - kTitleBarHeight;
-    canvas.fill(pathOf(kWindow), kWindowColor, FillRule::nonZero);
-    canvas.save();
-    canvas.clip(pathOf(kWindow), FillRule::nonZero);
-    canvas.fillRect({frame.x, barBottom, frame.width, kTitleBarHeight}, kTitleBarColor,
-                    CompositingOperation::sourceOver);
-    canvas.restore();
-    for (int i = 1; hasDots && i <= 3; ++i) {
-        const Point middle{frame.x + kBorderWidth + (i - 0.5) * kDotDistance,
-                           barBottom + (kTitleBarHeight - kBorderWidth) / 2};
-        const Rect dot{middle.x - kDotRadius, middle.y - kDotRadius, 2 * kDotRadius, 2 * kDotRadius};
-        canvas.fill(Path::roundedRect(dot, kDotRadius), kDotColor, FillRule::nonZero);
+class IconDrawing {
+public:
+    IconDrawing(Canvas& canvas, int pixels)
+        : m_canvas(canvas),
+          m_side(pixels),
+          m_isDetailed(pixels >= kSmallestDetailed)
+    {
+        const double margin = whole(m_isDetailed ? kMargin : kSmallMargin);
+        m_tile = Rect{0, 0, m_side, m_side}.insetBy(margin);
+        m_tileShape = Path::roundedRect(m_tile, m_tile.width * kTileRadius);
+        const Size window = m_isDetailed ? kWindowSize : kSmallWindowSize;
+        const double width = wholeLike(window.width);
+        const double height = wholeLike(window.height);
+        m_window = {(m_side - width) / 2, (m_side - height) / 2, width, height};
+        m_radius = std::max(1.0, m_side * kWindowRadius);
+        m_windowShape = Path::roundedRect(m_window, m_radius);
+        m_borderWidth = m_isDetailed ? m_side * kBorderWidth : whole(kSmallBorderWidth);
     }
-}
 
-void drawHighlight(Canvas& canvas, double borderWidth)
-{
-    HighlightView highlight;
-    highlight.windowRect = kWindow.rect;
-    highlight.settings.cornerRadius = kWindow.radius;
-    highlight.settings.borderWidth = borderWidth;
-    highlight.settings.glowRadius = kGlowRadius;
-    highlight.settings.glowOpacity = 1;
-    canvas.save();
-    canvas.clip(pathOf(kTile), FillRule::nonZero);
-    highlight.draw(canvas, {0, 0, kSide, kSide});
-    canvas.restore();
-}
+    void draw()
+    {
+        m_canvas.save();
+        m_canvas.clip(m_tileShape, FillRule::nonZero);
+        drawTile();
+        drawGlow(m_side * kGlowRadius);
+        drawGlow(std::max(kLeastGlowRadius, m_side * kNearGlowRadius));
+        m_canvas.restore();
+        drawWindow();
+        if (m_isDetailed) {
+            drawTileEdge();
+            drawBrackets();
+        }
+    }
+
+private:
+    double whole(double part) const { return std::max(1.0, std::round(m_side * part)); }
+
+    // Even or odd as the side is, so that what is centred has its edges on whole pixels.
+    double wholeLike(double part) const
+    {
+        const int side = static_cast<int>(m_side);
+        const int length = static_cast<int>(std::round(m_side * part));
+        return std::max(1, length + (side - length) % 2);
+    }
+
+    // One row of pixels after the other: the canvas knows no gradients.
+    void drawTile()
+    {
+        for (double y = m_tile.minY(); y < m_tile.maxY(); ++y) {
+            const double part = (y - m_tile.minY()) / m_tile.height;
+            const Color color{mixed(kTileTop.red, kTileBottom.red, part),
+                              mixed(kTileTop.green, kTileBottom.green, part),
+                              mixed(kTileTop.blue, kTileBottom.blue, part), 1};
+            m_canvas.fillRect({m_tile.x, y, m_tile.width, 1}, color, CompositingOperation::sourceOver);
+        }
+    }
+
+    // The tile stands out from a dark background, too.
+    void drawTileEdge()
+    {
+        const double width = std::max(1.0, m_side / 256);
+        m_canvas.stroke(Path::roundedRect(m_tile.insetBy(width / 2), m_tile.width * kTileRadius - width / 2), kTileEdge,
+                        width);
+    }
+
+    void drawGlow(double radius)
+    {
+        m_canvas.save();
+        m_canvas.setShadow({.blurRadius = radius, .offset = {}, .color = kGlow});
+        m_canvas.fill(Path::roundedRect(m_window.insetBy(-m_borderWidth), m_radius + m_borderWidth), kGlow,
+                      FillRule::nonZero);
+        m_canvas.restore();
+    }
+
+    void drawWindow()
+    {
+        m_canvas.fill(m_windowShape, kWindow, FillRule::nonZero);
+        if (m_isDetailed)
+            drawTitleBar();
+        const double half = m_borderWidth / 2;
+        m_canvas.stroke(Path::roundedRect(m_window.insetBy(-half), m_radius + half), kBorder, m_borderWidth);
+    }
+
+    void drawTitleBar()
+    {
+        const double height = whole(kTitleBarHeight);
+        m_canvas.save();
+        m_canvas.clip(m_windowShape, FillRule::nonZero);
+        m_canvas.fillRect({m_window.x, m_window.y, m_window.width, height}, kTitleBar,
+                          CompositingOperation::sourceOver);
+        m_canvas.restore();
+        if (m_side < kSmallestWithDots)
+            return;
+        const double radius = height * 0.19;
+        for (int i = 0; i < 3; ++i) {
+            const Point middle{m_window.x + height * (0.62 + 0.66 * i), m_window.y + height / 2};
+            m_canvas.fill(Path::roundedRect({middle.x - radius, middle.y - radius, 2 * radius, 2 * radius}, radius),
+                          kDot, FillRule::nonZero);
+        }
+    }
+
+    void drawBrackets()
+    {
+        const double width = std::max(2.0, std::round(m_side * kBracketWidth));
+        const Rect outer = m_window.insetBy(-std::round(m_side * kBracketDistance) - std::fmod(width, 2) / 2);
+        const double length = m_side * kBracketLength;
+        const auto corner = [length](double x, double y, double towardsX, double towardsY) {
+            return Polyline{{{x, y + towardsY * length}, {x, y}, {x + towardsX * length, y}}};
+        };
+        const std::array<Polyline, 4> brackets{
+            corner(outer.minX(), outer.minY(), 1, 1), corner(outer.maxX(), outer.minY(), -1, 1),
+            corner(outer.minX(), outer.maxY(), 1, -1), corner(outer.maxX(), outer.maxY(), -1, -1)};
+        m_canvas.strokeLines(brackets, kBracket, {width, LineCap::round, LineJoin::round});
+    }
+
+    Canvas& m_canvas;
+    double m_side;
+    bool m_isDetailed;
+    Rect m_tile;
+    Rect m_window; // inside its border
+    double m_radius = 0;
+    double m_borderWidth = 0;
+    Path m_tileShape;
+    Path m_windowShape;
+};
 
 } // namespace
 
@@ -66,13 +174,10 @@ Picture IconPicture::draw(int pixels)
 {
     Picture picture(pixels, pixels);
     RasterResources resources;
-    const double scale = pixels / kSide;
-    RasterCanvas canvas(resources, picture.buffer(), {.scale = scale, .size = {kSide, kSide}},
-                        RasterContents::transparent);
-    canvas.fill(pathOf(kTile), kTileColor, FillRule::nonZero);
-    canvas.fill(pathOf(kWindowBehind), kBehindColor, FillRule::nonZero);
-    drawWindow(canvas, pixels >= kSmallestWithDots);
-    drawHighlight(canvas, std::max(kBorderWidth, 1.5 / scale)); // else it would vanish in a small picture
+    const double side = pixels;
+    RasterCanvas canvas(resources, picture.buffer(), {.scale = 1, .size = {side, side}}, RasterContents::transparent);
+    FlippedCanvas flipped(canvas, side);
+    IconDrawing(flipped, pixels).draw();
     return picture;
 }
 

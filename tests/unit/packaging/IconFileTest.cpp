@@ -59,15 +59,5 @@ TEST(IconFile, nothing_is_found_in_a_file_that_is_cut_off)
         EXPECT_TRUE(IconFile::find(file.substr(0, length), "icp4").empty()) << length;
 }
 
-TEST(IconPicture, its_corners_are_transparent_and_its_middle_is_not)
-{
-    for (const int pixels : {16, 128, 1024}) {
-        const Picture picture = IconPicture::draw(pixels);
-        EXPECT_EQ(picture.at(0, 0), 0u) << pixels;
-        EXPECT_EQ(picture.at(pixels - 1, pixels - 1), 0u) << pixels;
-        EXPECT_EQ(picture.at(pixels / 2, pixels / 2) >> 24, 0xffu) << pixels;
-    }
-}
-
 } // namespace
 } // namespace haloric

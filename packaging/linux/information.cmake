@@ -1,0 +1,11 @@
+# write_information(FILE): the information dictionary of the bundle. It has a feed only where HALORIC_FEED_URL names one:
+# without, the program offers no update checks.
+function(write_information file)
+    set(HALORIC_FEED_ENTRY "")
+    if(HALORIC_FEED_URL)
+        string(REPLACE "&" "&amp;" feed "${HALORIC_FEED_URL}")
+        string(REPLACE "<" "&lt;" feed "${feed}")
+        set(HALORIC_FEED_ENTRY "\t<key>SUFeedURL</key>\n\t<string>${feed}</string>\n")
+    endif()
+    configure_file("${CMAKE_CURRENT_FUNCTION_LIST_DIR}/Info.plist.in" "${file}" @ONLY)
+endfunction()

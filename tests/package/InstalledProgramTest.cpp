@@ -1,0 +1,55 @@
+// The program as it was installed, on a desktop of its own. The environment names it: HALORIC_INSTALLED_PROGRAM.
+#include "hosts/x11/X11Bundle.h"
+#include "x11/support/X11Session.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace haloric {
+namespace {
+
+std::filesystem::path installedProgram()
+{
+    const char* path = std::getenv("HALORIC_INSTALLED_PROGRAM");
+    return path ? path : "HALORIC_INSTALLED_PROGRAM is not set";
+}
+
+bool isAround(const RootChild& window, const ScreenRect& frame)
+{
+    const ScreenRect& outer = window.geometry;
+    return outer.x < frame.x && outer.y < frame.y && outer.right() > frame.right() && outer.bottom() > frame.bottom();
+}
+
+TEST(InstalledProgram, it_is_a_bundle_with_an_identifier_a_version_and_an_icon)
+{
+    const X11Bundle bundle(std::filesystem::canonical(installedProgram()));
+    EXPECT_TRUE(bundle.path().ends_with("/usr/lib/haloric/Haloric.app")) << bundle.path();
+    EXPECT_EQ(bundle.identifier(), "com.kestrow.haloric");
+    EXPECT_EQ(bundle.infoString("CFBundleName"), "Haloric");
+    EXPECT_EQ(bundle.infoString("CFBundleShortVersionString"), HALORIC_VERSION);
+    EXPECT_TRUE(bundle.infoString("CFBundleVersion").has_value());
+    const std::filesystem::path folder = bundle.path();
+    EXPECT_TRUE(is_regular_file(folder / bundle.infoString("CFBundleExecutable").value_or("none")));
+    EXPECT_TRUE(is_regular_file(folder / bundle.infoString("CFBundleIconFile").value_or("none")));
+}
+
+TEST(InstalledProgram, it_surrounds_the_focused_window_and_ends_when_told)
+{
+    X11Session session(WindowManager::openbox);
+    const auto client = session.makeClient();
+    ASSERT_TRUE(client->showFocused());
+    ChildProcess program({{installedProgram().string()}, session.environment(), {}, -1});
+    const auto isHighlighted = [&] {
+        for (const RootChild& window : session.observer().overlaysOf(program.pid()))
+            if (isAround(window, client->visibleFrame()))
+                return true;
+        return !program.isRunning();
+    };
+    EXPECT_TRUE(session.observer().waitUntil(isHighlighted));
+    EXPECT_TRUE(program.isRunning()) << program.standardError();
+    EXPECT_EQ(program.terminate(), 0) << program.standardError();
+}
+
+} // namespace
+} // namespace haloric

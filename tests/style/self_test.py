@@ -127,6 +127,9 @@ class SelfTest(unittest.TestCase):
         assert_slip("MacOverlayWindow.mm", "== 330", "== 331", "== 330")
         assert_slip("MacAXObserver.mm", "kCFRunLoopCommonModes", "kCFRunLoopDefaultMode", "kCFRunLoopDefaultMode")
         assert_slip("src/overlay/OverlayWindow.cpp", "kFloatingLevel = 3", "kFloatingLevel = 4", "kFloatingLevel = 3")
+        plist = (REPOSITORY / "packaging/macos/Info.plist.in").read_text()
+        self.assert_passes("macos", {"packaging/macos/Info.plist.in": plist})
+        self.assert_fails("macos", {"packaging/macos/Info.plist.in": plist.replace("<true/>", "<false/>")}, "LSUIElement")
         assert_slip("MacLog.mm", '@"%@"', '@"%s"', "NSLog")
         assert_slip("MacWorkspace.mm", "SpaceDidChangeNotification", "SpaceChanged", "activeSpaceDidChange")
 

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "platform/SerialQueue.h"
+#include "support/JoiningThread.h"
 
 #include <condition_variable>
 #include <deque>
 #include <memory>
 #include <mutex>
-#include <thread>
 #include <utility>
 
 namespace haloric {
@@ -41,7 +41,7 @@ private:
         std::mutex m_mutex;
         std::condition_variable m_changed;
         std::deque<Task> m_blocks;
-        std::jthread m_thread{[this] {
+        JoiningThread m_thread{[this] {
             while (const Task block = next())
                 block();
         }};

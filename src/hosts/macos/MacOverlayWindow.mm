@@ -2,6 +2,8 @@
 
 #include "hosts/macos/MacConversions.h"
 
+#include <cstdlib>
+
 // The seam's numbers are the system's.
 static_assert(NSWindowStyleMaskBorderless == 0);
 static_assert(NSBackingStoreBuffered == 2);

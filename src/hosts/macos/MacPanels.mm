@@ -4,6 +4,8 @@
 
 #import <UniformTypeIdentifiers/UniformTypeIdentifiers.h>
 
+#include <cstdlib>
+
 namespace haloric {
 namespace {
 

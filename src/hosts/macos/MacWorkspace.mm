@@ -3,6 +3,7 @@
 #include "hosts/macos/MacConversions.h"
 #include "hosts/macos/MacNotifications.h"
 
+#include <cstdlib>
 #include <utility>
 
 namespace haloric {

@@ -3,7 +3,9 @@
 #include "hosts/macos/CFOwned.h"
 #include "hosts/macos/MacConversions.h"
 
+#include <algorithm>
 #include <fstream>
+#include <mutex>
 #include <sstream>
 #include <stdexcept>
 
@@ -41,7 +43,9 @@ MacContractHost::MacContractHost()
         throw std::runtime_error("cannot make a log file");
     ::dup2(file, STDERR_FILENO);
     ::close(file);
-    [NSApp finishLaunching];
+    m_application.setActivationPolicy(ActivationPolicy::accessory); // else its windows would not be shown
+    static std::once_flag launched;                                 // one application object serves all tests
+    std::call_once(launched, [] { [NSApp finishLaunching]; });
 }
 
 MacContractHost::~MacContractHost()

@@ -4,12 +4,28 @@ Each file of the table in macos_table.py holds each of its fragments. A constant
 the table does not know is a slip as well, or a new one to be added there.
 """
 
+import plistlib
 import re
 
 from macos_table import ADAPTERS, PORTABLE
 import project as common
 
 FOLDER = "src/hosts/macos/"
+
+INFORMATION = "packaging/macos/Info.plist.in"
+INFORMATION_VALUES = {
+    "CFBundleExecutable": "Haloric",
+    "CFBundleIconFile": "Haloric",
+    "CFBundleIdentifier": "com.kestrow.haloric",
+    "CFBundleName": "Haloric",
+    "CFBundlePackageType": "APPL",
+    "CFBundleShortVersionString": "${PROJECT_VERSION}",
+    "CFBundleVersion": "${HALORIC_BUILD_NUMBER}",
+    "LSMinimumSystemVersion": "${CMAKE_OSX_DEPLOYMENT_TARGET}",
+    "LSUIElement": True,
+    "NSHighResolutionCapable": True,
+    "NSPrincipalClass": "NSApplication",
+}
 
 # Constants of the system by their names' shape.
 CONSTANT = re.compile(r"\b(?:k(?:AX|CG|CF|CV)\w+|(?:RTLD|DISPATCH|QOS|NSEC)_\w+|NS\w+Notification\b(?!\*)"
@@ -37,6 +53,14 @@ def check_fragments(project, path, fragments):
             project.problem(path, f"does not hold “{fragment}”")
 
 
+def check_information(project):
+    text = project.read(INFORMATION).replace("${HALORIC_UPDATE_KEYS}", "")
+    values = plistlib.loads(text.encode())
+    for key, value in INFORMATION_VALUES.items():
+        if values.get(key) != value:
+            project.problem(INFORMATION, f"{key} is {values.get(key)!r}, not {value!r}")
+
+
 def check_names(project, paths):
     for path in PORTABLE.keys() - paths:
         project.problem(path, "is in the table, but not there")
@@ -48,6 +72,8 @@ def check(project, _):
     known = squeezed(" ".join(fragment for fragments in ADAPTERS.values() for fragment in fragments))
     paths = {str(path): path for path in project.cpp_files("src/")}
     adapters = [path for name, path in paths.items() if name.startswith(FOLDER)]
+    if (project.root / INFORMATION).is_file():
+        check_information(project)
     if adapters:
         check_names(project, paths.keys())
     for name in PORTABLE.keys() & paths.keys():

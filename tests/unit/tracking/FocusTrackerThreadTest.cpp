@@ -11,6 +11,7 @@
 #include "support/FakeWindowInfoSource.h"
 #include "support/FakeWindowServerLibrary.h"
 #include "support/FakeWorkspace.h"
+#include "support/JoiningThread.h"
 #include "support/PostingRunLoop.h"
 #include "support/ThreadedSerialQueues.h"
 #include "windowserver/WindowServer.h"
@@ -96,7 +97,7 @@ TEST_F(FocusTrackerThread, a_tracker_may_be_destroyed_while_its_query_blocks)
     };
     tracker->start();
     asked.wait();
-    std::jthread application7([&] { answer.count_down(); });
+    const JoiningThread application7([&] { answer.count_down(); });
     tracker.reset(); // waits for the answer
 
     // What the query posted still comes, and finds nobody.

@@ -1,9 +1,10 @@
 #include "windowserver/LiveInstance.h"
 
+#include "support/JoiningThread.h"
+
 #include <atomic>
 #include <latch>
 #include <memory>
-#include <thread>
 
 namespace haloric {
 namespace {
@@ -45,7 +46,7 @@ TEST(LiveInstance, the_object_waits_for_a_call_that_has_found_it)
     std::latch entered(1);
     std::latch mayLeave(1);
     std::atomic<bool> finished = false;
-    std::jthread caller([&] {
+    const JoiningThread caller([&] {
         LiveInstance<Server>::use([&](Server& found) {
             entered.count_down();
             mayLeave.wait();
@@ -54,7 +55,7 @@ TEST(LiveInstance, the_object_waits_for_a_call_that_has_found_it)
         });
     });
     entered.wait();
-    std::jthread releaser([&] { mayLeave.count_down(); });
+    const JoiningThread releaser([&] { mayLeave.count_down(); });
     server.reset();
     EXPECT_TRUE(finished);
 }

@@ -1,8 +1,9 @@
 #include "hosts/posix/StandardErrorLog.h"
 
+#include "support/JoiningThread.h"
+
 #include <map>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <sys/socket.h>
@@ -57,7 +58,7 @@ TEST_F(StandardErrorLogTest, lines_of_several_threads_do_not_mix)
     StandardErrorLog log(stream());
     std::map<std::string, int> counts;
     {
-        std::vector<std::jthread> writers;
+        std::vector<JoiningThread> writers;
         for (const std::string& text : texts)
             writers.emplace_back([&log, &text] {
                 for (int line = 0; line < kLines; ++line)

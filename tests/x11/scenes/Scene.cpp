@@ -50,7 +50,8 @@ std::unique_ptr<TestClient> Scene::openFocused(TestClient::Options options)
     EXPECT_TRUE(session.observer().waitUntil([&] {
         return session.observer().capture(inside).at(inside.x + inside.width / 2, inside.y + inside.height / 2) ==
                options.color;
-    })) << "the window " << options.title << " is not painted";
+    })) << "the window "
+        << options.title << " is not painted";
     return client;
 }
 

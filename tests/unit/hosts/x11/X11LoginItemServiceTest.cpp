@@ -129,8 +129,8 @@ TEST_F(X11LoginItemServiceTest, a_folder_that_may_not_be_changed_is_told)
 TEST_F(X11LoginItemServiceTest, the_folder_follows_the_environment)
 {
     FakeProcesses processes;
-    processes.environment = {{"HOME", "/home/me"}};
-    EXPECT_EQ(X11LoginItemService::standardFolder(processes), "/home/me/.config/autostart");
+    processes.environment = {{"HOME", "/users/me"}};
+    EXPECT_EQ(X11LoginItemService::standardFolder(processes), "/users/me/.config/autostart");
     processes.environment["XDG_CONFIG_HOME"] = "/elsewhere";
     EXPECT_EQ(X11LoginItemService::standardFolder(processes), "/elsewhere/autostart");
     processes.environment = {};

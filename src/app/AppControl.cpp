@@ -14,7 +14,7 @@ void AppControl::restart(const Bundle& bundle, Processes& processes, Application
     if (path.ends_with(".app")) {
         // The pause lets this instance end first; the quotes keep blanks in the path. A shell that cannot be
         // launched is no reason to stay.
-        processes.launch("/bin/sh", {"-c", "sleep 0.4; /usr/bin/open \"" + path + "\""});
+        processes.launch("/bin/sh", {"-c", "sleep 0.4; " + bundle.openCommand() + " \"" + path + "\""});
     }
     application.terminate();
 }

@@ -17,6 +17,9 @@ public:
     // The bundle identifier; absent outside a bundle, or when it has none.
     virtual std::optional<std::string> identifier() const = 0;
 
+    // The beginning of a shell command that opens a bundle; the path follows, in double quotes.
+    virtual std::string openCommand() const { return "/usr/bin/open"; }
+
     // Whether the information dictionary has a value of that key, of any type.
     virtual bool hasInfo(std::string_view key) const = 0;
 

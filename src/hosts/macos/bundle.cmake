@@ -1,5 +1,5 @@
 # Haloric.app: the program, its information dictionary, its icon and, where one is at hand, the update framework.
-set(HALORIC_UPDATE_FEED "" CACHE STRING "Address of the update feed (SUFeedURL); empty: no update checks")
+set(HALORIC_FEED_URL "" CACHE STRING "Address of the update feed (SUFeedURL); empty: no update checks")
 set(HALORIC_UPDATE_KEY "" CACHE STRING "Public key that updates are signed with (SUPublicEDKey)")
 set(SPARKLE_FRAMEWORK "" CACHE PATH "The update framework to put into the bundle; empty: none")
 set(HALORIC_BUILD_NUMBER "1" CACHE STRING "CFBundleVersion: raised with each release")
@@ -8,8 +8,8 @@ set(packaging "${PROJECT_SOURCE_DIR}/packaging/macos")
 
 # The update keys are there only when a feed is: without one the program offers no updates.
 set(HALORIC_UPDATE_KEYS "")
-if(HALORIC_UPDATE_FEED)
-    string(REPLACE "&" "&amp;" feed "${HALORIC_UPDATE_FEED}")
+if(HALORIC_FEED_URL)
+    string(REPLACE "&" "&amp;" feed "${HALORIC_FEED_URL}")
     string(APPEND HALORIC_UPDATE_KEYS "\t<key>SUFeedURL</key>\n\t<string>${feed}</string>\n")
     string(APPEND HALORIC_UPDATE_KEYS "\t<key>SUPublicEDKey</key>\n\t<string>${HALORIC_UPDATE_KEY}</string>\n")
 endif()

@@ -30,7 +30,17 @@ X11InfoDictionary readDictionary(const std::filesystem::path& file)
     return X11InfoDictionary::parse(xml);
 }
 
+std::string shellQuoted(std::string_view text)
+{
+    std::string quoted = "'";
+    for (const char character : text)
+        quoted += character == '\'' ? std::string("'\\''") : std::string(1, character);
+    return quoted + "'";
+}
+
 } // namespace
+
+std::string X11Bundle::openCommand() const { return shellQuoted(m_executable.string()) + " #"; }
 
 X11Bundle::X11Bundle() : X11Bundle(runningExecutable()) {}
 

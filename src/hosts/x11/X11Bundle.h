@@ -19,6 +19,9 @@ public:
 
     std::string path() const override { return m_path; }
 
+    // This program again: no tool opens bundles here. It knows its bundle, so the path that follows is a comment.
+    std::string openCommand() const override;
+
     // The program's own file: an absolute path.
     const std::filesystem::path& executable() const { return m_executable; }
 

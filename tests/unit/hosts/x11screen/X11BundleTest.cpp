@@ -41,6 +41,19 @@ TEST_F(X11BundleTest, a_program_deeper_in_a_bundle_finds_it)
     EXPECT_EQ(X11Bundle(makeBundle(kPlist) / "bin" / "haloric").path(), (folder / "My Haloric.app").string());
 }
 
+TEST_F(X11BundleTest, it_is_opened_by_its_program_whatever_the_path)
+{
+    const auto program = folder / "it's a \"b\"" / "haloric";
+    std::filesystem::create_directories(program.parent_path());
+    std::ofstream(program) << "#!/bin/sh\nprintf '%s' \"$#\" > \"$0.ran\"\n";
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    const X11Bundle bundle(program);
+    ASSERT_EQ(std::system((bundle.openCommand() + " \"" + bundle.path() + "\"").c_str()), 0);
+    std::string argumentCount;
+    std::getline(std::ifstream(program.string() + ".ran"), argumentCount);
+    EXPECT_EQ(argumentCount, "0");
+}
+
 TEST_F(X11BundleTest, outside_a_bundle_it_is_the_programs_folder_and_no_dictionary_counts)
 {
     std::ofstream(folder / "Info.plist") << kPlist;

@@ -1,7 +1,6 @@
 #include "hosts/x11/X11Hotkeys.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace haloric {
 
@@ -152,9 +151,9 @@ void X11Hotkeys::receivePress(const xcb_key_press_event_t& event)
 void X11Hotkeys::deliver(HotkeyEventType type)
 {
     const auto handlers = m_handlers; // they may come and go meanwhile
-    for (const Handler& handler : std::views::reverse(handlers)) {
-        const bool isInstalled = std::ranges::find(m_handlers, handler.ref, &Handler::ref) != m_handlers.end();
-        if (isInstalled && handler.type == type && handler.call() == kNoError)
+    for (auto handler = handlers.rbegin(); handler != handlers.rend(); ++handler) {
+        const bool isInstalled = std::ranges::find(m_handlers, handler->ref, &Handler::ref) != m_handlers.end();
+        if (isInstalled && handler->type == type && handler->call() == kNoError)
             return;
     }
 }

@@ -61,7 +61,7 @@ std::weak_ordering AppVersion::compare(std::string_view a, std::string_view b)
     while (!a.empty() || !b.empty()) {
         const Part partOfA = takePart(a);
         const Part partOfB = takePart(b);
-        if (const auto order = comparePart(partOfA, partOfB); order != 0)
+        if (const auto order = comparePart(partOfA, partOfB); std::is_neq(order))
             return order;
     }
     return std::weak_ordering::equivalent;

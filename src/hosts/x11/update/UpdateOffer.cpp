@@ -5,6 +5,8 @@
 
 #include <QUrl>
 
+#include <compare>
+
 namespace haloric {
 namespace {
 
@@ -29,7 +31,7 @@ std::optional<UpdateOffer> UpdateOffer::find(const Appcast& appcast, std::string
 {
     const AppcastItem* newest = nullptr;
     for (const AppcastItem& item : appcast.items) {
-        if (isForUs(item) && AppVersion::compare(item.version, newest ? newest->version : installed) > 0)
+        if (isForUs(item) && std::is_gt(AppVersion::compare(item.version, newest ? newest->version : installed)))
             newest = &item;
     }
     if (!newest)

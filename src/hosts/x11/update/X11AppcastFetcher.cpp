@@ -115,7 +115,8 @@ private:
         drop();
         QTimer::singleShot(0, &m_context, [this, download = std::move(download)] {
             const auto done = std::move(m_done);
-            const AppcastDownload result = download; // `done` may be the end of this
+            // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): `done` may be the end of what holds it
+            const AppcastDownload result = download;
             done(result);
         });
     }

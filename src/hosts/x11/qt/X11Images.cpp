@@ -1,6 +1,6 @@
 #include "hosts/x11/qt/X11Images.h"
 
-#include "drawing/raster/RasterCanvas.h"
+#include "drawing/raster/ImageRaster.h"
 #include "hosts/x11/X11ApplicationFiles.h"
 #include "hosts/x11/qt/X11Symbols.h"
 #include "hosts/x11/qt/X11Text.h"
@@ -40,18 +40,15 @@ void colorAll(QImage& image, const QColor& color)
 
 QPixmap draw(const DrawnImage& drawn, const Size& points, double pixelsPerPoint, const QPalette& palette)
 {
-    QImage image(static_cast<int>(std::lround(points.width * pixelsPerPoint)),
-                 static_cast<int>(std::lround(points.height * pixelsPerPoint)), QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull() || !drawn.draw)
+    const QSize pixels(static_cast<int>(std::lround(points.width * pixelsPerPoint)),
+                       static_cast<int>(std::lround(points.height * pixelsPerPoint)));
+    if (pixels.isEmpty() || !drawn.draw)
         return {};
-    const PixelBuffer buffer{reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
-                             static_cast<int>(image.bytesPerLine())};
-    RasterResources resources;
-    const double scale = std::min(image.width() / drawn.size.width, image.height() / drawn.size.height);
-    RasterCanvas canvas(resources, buffer, {.scale = scale, .size = drawn.size}, RasterContents::cleared);
-    drawn.draw(canvas, systemColors(palette));
-    if (drawn.isFlipped)
-        image.mirror(false, true);
+    const double scale = std::min(pixels.width() / drawn.size.width, pixels.height() / drawn.size.height);
+    const Picture picture = ImageRaster::render(drawn, scale, systemColors(palette));
+    const QImage rendered(reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width, picture.height,
+                          QImage::Format_ARGB32_Premultiplied);
+    QImage image = rendered.copy(QRect(QPoint(0, 0), pixels)); // its own pixels, as large as was asked for
     if (drawn.isTemplate)
         colorAll(image, palette.color(QPalette::WindowText));
     image.setDevicePixelRatio(pixelsPerPoint);

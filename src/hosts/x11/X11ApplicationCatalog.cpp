@@ -6,6 +6,7 @@
 #include <memory>
 
 #include <glib.h>
+#include <unistd.h>
 
 namespace haloric {
 
@@ -34,7 +35,9 @@ std::vector<RunningApplication> X11ApplicationCatalog::runningApplications() con
     for (const X11Client& client : m_clients.stacking())
         isRegular[client.pid] = isRegular[client.pid] || isOrdinary(client);
     std::vector<RunningApplication> applications;
-    for (const auto& [pid, regular] : isRegular) {
+    for (auto& [pid, regular] : isRegular) {
+        regular = regular && pid != static_cast<ProcessID>(
+                                        ::getpid()); // this program stays in the background, whatever windows it has
         applications.push_back(
             {regular ? ActivationPolicy::regular : ActivationPolicy::accessory, m_workspace.bundleIdentifier(pid)});
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "x11/support/ChildProcess.h"
+#include "x11/support/Key.h"
 #include "x11/support/X11Session.h"
 
 #include <deque>
@@ -10,21 +11,6 @@
 #include <string>
 
 namespace haloric {
-
-// As in keysymdef.h.
-namespace Key {
-inline constexpr std::uint32_t kTab = 0xFF09;
-inline constexpr std::uint32_t kReturn = 0xFF0D;
-inline constexpr std::uint32_t kEscape = 0xFF1B;
-inline constexpr std::uint32_t kSpace = 0x20;
-inline constexpr std::uint32_t kHome = 0xFF50;
-inline constexpr std::uint32_t kLeft = 0xFF51;
-inline constexpr std::uint32_t kUp = 0xFF52;
-inline constexpr std::uint32_t kRight = 0xFF53;
-inline constexpr std::uint32_t kDown = 0xFF54;
-inline constexpr std::uint32_t kEnd = 0xFF57;
-inline constexpr std::uint32_t kControl = 0xFFE3;
-} // namespace Key
 
 class QtToy {
 public:

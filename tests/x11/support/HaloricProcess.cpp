@@ -7,9 +7,11 @@ namespace haloric {
 namespace {
 
 ChildProcess::Options prepare(X11Session& session, const std::string& settings,
-                              const std::vector<std::string>& arguments)
+                              const std::vector<std::string>& arguments, const Environment& added)
 {
     ChildProcess::Options options{{HaloricProcess::program().string()}, session.environment(), {}, -1};
+    for (const auto& [name, value] : added)
+        options.environment[name] = value;
     options.command.insert(options.command.end(), arguments.begin(), arguments.end());
     if (!settings.empty()) {
         const auto file = HaloricProcess::settingsFile(options.environment);
@@ -22,9 +24,9 @@ ChildProcess::Options prepare(X11Session& session, const std::string& settings,
 } // namespace
 
 HaloricProcess::HaloricProcess(X11Session& session, const std::string& settings,
-                               const std::vector<std::string>& arguments)
+                               const std::vector<std::string>& arguments, const Environment& added)
     : m_session(session),
-      m_process(prepare(session, settings, arguments))
+      m_process(prepare(session, settings, arguments, added))
 {
 }
 

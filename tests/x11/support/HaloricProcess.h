@@ -14,9 +14,10 @@ namespace haloric {
 
 class HaloricProcess {
 public:
-    // Starts the program in `session`'s environment. `settings` is the stored record as JSON; empty: none is stored.
+    // Starts the program in `session`'s environment and what is `added` to it. `settings` is the stored record as JSON;
+    // empty: none is stored.
     HaloricProcess(X11Session& session, const std::string& settings = {},
-                   const std::vector<std::string>& arguments = {});
+                   const std::vector<std::string>& arguments = {}, const Environment& added = {});
 
     static std::filesystem::path program() { return HALORIC_PROGRAM; }
 

@@ -25,7 +25,8 @@ void X11StatusItem::appear()
 {
     m_icon = std::make_unique<QSystemTrayIcon>();
     connect(m_icon.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
-        if (reason == QSystemTrayIcon::Trigger)
+        // The second click of two quick ones comes here only when the menu has gone again in between.
+        if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick)
             openMenu();
     });
     m_icon->setToolTip(qtText(m_toolTip));

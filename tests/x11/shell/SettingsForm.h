@@ -1,0 +1,29 @@
+// The settings window by the keyboard: which control the tabulator reaches when, and what has been stored after a key.
+#pragma once
+
+#include "x11/shell/Shell.h"
+
+namespace haloric {
+
+class SettingsForm : public Shell {
+protected:
+    // Starts the program and opens its settings; the first control has the keyboard then.
+    void open(const std::string& settings = kStill);
+
+    // Moves the keyboard to a control, named as in order(). Does not wait: keys are taken in their order.
+    void goTo(const std::string& name);
+    void press(std::uint32_t key) { session.input().chord({key}); }
+
+    // Controls that take the keyboard, from top to bottom, as the stored record lets them.
+    std::vector<std::string> order();
+
+    // Opens the dialog of the colour well that has the keyboard, and chooses a colour by the pointer.
+    [[nodiscard]] bool chooseColor(const std::string& title);
+
+    ScreenRect frame() { return shell->frame(); }
+
+private:
+    std::string m_current;
+};
+
+} // namespace haloric

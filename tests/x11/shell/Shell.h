@@ -1,0 +1,34 @@
+// A desktop with a tray, a focused window and the program, and the record that the program stores.
+#pragma once
+
+#include "settings/Settings.h"
+#include "x11/scenes/Scene.h"
+#include "x11/support/ProgramShell.h"
+
+#include <functional>
+#include <optional>
+
+namespace haloric {
+
+class Shell : public Scene {
+protected:
+    // Opens a window, starts the program around it and puts it into the tray.
+    void startInTray(const std::string& settings = kStill);
+
+    // What the file holds now; none while there is no such file.
+    std::optional<Settings> stored();
+    [[nodiscard]] bool waitForStored(const std::function<bool(const Settings&)>& predicate);
+
+    // Waits until the pixel shows that colour.
+    [[nodiscard]] bool waitForPixel(int x, int y, Pixel color);
+    [[nodiscard]] bool waitForOtherPixel(int x, int y, Pixel color);
+    Pixel pixelAt(int x, int y) { return session.observer().capture({x, y, 1, 1}).at(x, y); }
+
+    TrayPanel panel{session};
+    std::unique_ptr<TestClient> client;
+    std::optional<ProgramShell> shell;
+};
+
+Pixel pixelOf(const RGBA& color);
+
+} // namespace haloric

@@ -1,0 +1,91 @@
+#include "x11/support/TrayPanel.h"
+
+namespace haloric {
+
+TrayPanel::TrayPanel(X11Session& session) : m_session(session) { start(); }
+
+void TrayPanel::start()
+{
+    m_process = std::make_unique<ChildProcess>(ChildProcess::Options{
+        {"trayer", "--edge", "top", "--align", "left", "--height", "24", "--widthtype", "request"},
+        m_session.environment(),
+        m_session.server().folder() / "panel.log",
+        -1});
+}
+
+bool TrayPanel::restart()
+{
+    m_process.reset();
+    DesktopObserver& observer = m_session.observer();
+    if (!observer.waitUntil([&] { return iconBelow(observer.root()) == XCB_WINDOW_NONE; }))
+        return false;
+    start();
+    return true;
+}
+
+// The icon is a window of the program inside of the panel. Panels move about while they take one in.
+ScreenRect TrayPanel::findIcon()
+{
+    DesktopObserver& observer = m_session.observer();
+    ScreenRect icon;
+    const auto isThere = [&] {
+        const xcb_window_t window = iconBelow(observer.root());
+        icon = observer.rectOnRoot(window);
+        return window != XCB_WINDOW_NONE && isReachedAt(window, icon.x + icon.width / 2, icon.y + icon.height / 2);
+    };
+    if (!observer.waitUntil(isThere)) {
+        m_session.keepFailure("no-icon");
+        return {};
+    }
+    return icon;
+}
+
+bool TrayPanel::clickIcon(std::uint8_t button)
+{
+    const ScreenRect icon = findIcon();
+    m_session.input().moveTo(icon.x + icon.width / 2, icon.y + icon.height / 2);
+    m_session.input().press(button);
+    m_session.input().release(button);
+    return icon.width > 0;
+}
+
+xcb_window_t TrayPanel::iconBelow(xcb_window_t window)
+{
+    for (const xcb_window_t child : childrenOf(window)) {
+        const bool isInside = window != m_session.observer().root();
+        if (isInside && m_session.observer().text(child, "WM_CLASS").starts_with("com.kestrow.haloric"))
+            return child;
+        if (const xcb_window_t found = iconBelow(child))
+            return found;
+    }
+    return XCB_WINDOW_NONE;
+}
+
+std::vector<xcb_window_t> TrayPanel::childrenOf(xcb_window_t window)
+{
+    xcb_connection_t* raw = m_session.observer().raw();
+    const TestConnection::Reply<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(raw, xcb_query_tree(raw, window), nullptr));
+    if (!tree)
+        return {};
+    const xcb_window_t* first = xcb_query_tree_children(tree.get());
+    return {first, first + xcb_query_tree_children_length(tree.get())};
+}
+
+bool TrayPanel::isReachedAt(xcb_window_t wanted, int x, int y)
+{
+    xcb_connection_t* raw = m_session.observer().raw();
+    const xcb_window_t root = m_session.observer().root();
+    for (xcb_window_t window = root; window != wanted;) {
+        const auto cookie =
+            xcb_translate_coordinates(raw, root, window, static_cast<std::int16_t>(x), static_cast<std::int16_t>(y));
+        const TestConnection::Reply<xcb_translate_coordinates_reply_t> reply(
+            xcb_translate_coordinates_reply(raw, cookie, nullptr));
+        if (!reply || reply->child == XCB_WINDOW_NONE)
+            return false;
+        window = reply->child;
+    }
+    return true;
+}
+
+} // namespace haloric

@@ -67,7 +67,7 @@ TEST_P(MenuShell, the_last_item_ends_the_program_and_nothing_of_it_stays)
     const auto menu = shell->openMenu();
     ASSERT_TRUE(menu);
     session.input().clickAt(menu->x + menu->width / 2, menu->bottom() - 12);
-    EXPECT_EQ(haloric->process().waitForExit(), 0);
+    EXPECT_EQ(haloric->process().waitForExit(), 0) << log();
     EXPECT_TRUE(haloric->waitForNothing());
     EXPECT_TRUE(waitForPixel(middleX(), frame().bottom() + 2, X11Session::kDesktopColor));
 }

@@ -38,7 +38,7 @@ TEST_P(NotifierShell, a_preset_settings_and_the_end_are_chosen)
     tray.click("Settings…");
     EXPECT_TRUE(shell->waitUntilActive());
     tray.click("Quit Haloric");
-    EXPECT_EQ(haloric->process().waitForExit(), 0);
+    EXPECT_EQ(haloric->process().waitForExit(), 0) << log();
 }
 
 } // namespace

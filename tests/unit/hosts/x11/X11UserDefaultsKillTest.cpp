@@ -21,7 +21,9 @@ namespace {
 // The saving program, with the pipe on which it acknowledges.
 class Saver {
 public:
-    Saver(const std::string& folder, int firstNumber)
+    enum class Run { Free, Traced };
+
+    Saver(const std::string& folder, int firstNumber, Run run)
     {
         int ends[2];
         EXPECT_EQ(pipe2(ends, O_CLOEXEC), 0);
@@ -29,7 +31,8 @@ public:
         m_process = fork();
         if (m_process == 0) {
             dup2(ends[1], STDOUT_FILENO);
-            execl(HALORIC_SETTINGS_SAVER, HALORIC_SETTINGS_SAVER, folder.c_str(), number.c_str(), nullptr);
+            execl(HALORIC_SETTINGS_SAVER, HALORIC_SETTINGS_SAVER, folder.c_str(), number.c_str(),
+                  run == Run::Traced ? "traced" : nullptr, nullptr);
             _exit(127);
         }
         close(ends[1]);
@@ -46,13 +49,14 @@ public:
         }
     }
 
-    // Stops the program, and lets it go on to the n-th entry into the system or return from it. False when this
-    // process may not do so.
+    // Waits until the program, which was started to be traced, stops after its first save, and lets it go on to the
+    // n-th entry into the system or return from it. False when it may not be traced: it has ended then.
     bool stepThroughSystemCalls(int count)
     {
-        if (ptrace(PTRACE_ATTACH, m_process, nullptr, nullptr) != 0)
+        int status = 0;
+        waitpid(m_process, &status, 0);
+        if (!WIFSTOPPED(status))
             return false;
-        waitpid(m_process, nullptr, 0);
         for (int step = 0; step < count; ++step) {
             ptrace(PTRACE_SYSCALL, m_process, nullptr, nullptr);
             waitpid(m_process, nullptr, 0);
@@ -94,7 +98,7 @@ protected:
     int kills = 0;
     int killsBetween = 0; // those that fell between the making of the new file and its replacing the old one
 
-    Saver startSaver() const { return Saver(folder.path().string(), next); }
+    Saver startSaver(Saver::Run run) const { return Saver(folder.path().string(), next, run); }
 
     // Kills the program and looks at what it left: the record that it acknowledged last, or the one after it.
     void killAndCheck(Saver& saver)
@@ -132,7 +136,7 @@ TEST_F(X11UserDefaultsKillTest, a_thousand_saves_with_kills_at_random_moments_le
     constexpr std::uint64_t kSeed = 4711;
     std::mt19937_64 random(kSeed);
     while (saves < 1'000 || kills < 150) {
-        Saver saver = startSaver();
+        Saver saver = startSaver(Saver::Run::Free);
         saver.waitForSaves(static_cast<int>(random() % 16));
         // A moment that has nothing to do with the acknowledgement: somewhere within a save or two.
         const std::uint64_t turns = random() % 400'000;
@@ -147,8 +151,7 @@ TEST_F(X11UserDefaultsKillTest, a_kill_between_any_two_steps_of_a_save_leaves_a_
 {
     constexpr int kStepsOfTwoSaves = 80; // about forty calls; what matters is that they are more than those of a save
     for (int steps = 0; steps < kStepsOfTwoSaves; ++steps) {
-        Saver saver = startSaver();
-        saver.waitForSaves(1);
+        Saver saver = startSaver(Saver::Run::Traced);
         if (!saver.stepThroughSystemCalls(steps))
             GTEST_SKIP() << "this process may not trace another";
         ASSERT_NO_FATAL_FAILURE(killAndCheck(saver)) << "after " << steps << " steps";

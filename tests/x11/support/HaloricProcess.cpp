@@ -7,9 +7,10 @@ namespace haloric {
 namespace {
 
 ChildProcess::Options prepare(X11Session& session, const std::string& settings,
-                              const std::vector<std::string>& arguments, const Environment& added)
+                              const std::vector<std::string>& arguments, const Environment& added,
+                              const std::filesystem::path& program)
 {
-    ChildProcess::Options options{{HaloricProcess::program().string()}, session.environment(), {}, -1};
+    ChildProcess::Options options{{program.string()}, session.environment(), {}, -1};
     for (const auto& [name, value] : added)
         options.environment[name] = value;
     options.command.insert(options.command.end(), arguments.begin(), arguments.end());
@@ -24,9 +25,10 @@ ChildProcess::Options prepare(X11Session& session, const std::string& settings,
 } // namespace
 
 HaloricProcess::HaloricProcess(X11Session& session, const std::string& settings,
-                               const std::vector<std::string>& arguments, const Environment& added)
+                               const std::vector<std::string>& arguments, const Environment& added,
+                               const std::filesystem::path& program)
     : m_session(session),
-      m_process(prepare(session, settings, arguments, added))
+      m_process(prepare(session, settings, arguments, added, program))
 {
 }
 

@@ -15,11 +15,12 @@ namespace haloric {
 class HaloricProcess {
 public:
     // Starts the program in `session`'s environment and what is `added` to it. `settings` is the stored record as JSON;
-    // empty: none is stored.
+    // empty: what is stored stays. `program` is the one to start, if not that of the build.
     HaloricProcess(X11Session& session, const std::string& settings = {},
-                   const std::vector<std::string>& arguments = {}, const Environment& added = {});
+                   const std::vector<std::string>& arguments = {}, const Environment& added = {},
+                   const std::filesystem::path& program = HaloricProcess::program());
 
-    static std::filesystem::path program() { return HALORIC_PROGRAM; }
+    static std::filesystem::path program() { return HALORIC_PROGRAM; } // of the build
 
     // Where the program finds the record that this environment gives it.
     static std::filesystem::path settingsFile(const Environment& environment);

@@ -31,6 +31,9 @@ protected:
     // Starts the program, or its bundle, with these arguments, and waits for its end; its exit code.
     std::optional<int> startAnother(const std::vector<std::string>& arguments);
 
+    // Returns after the running program has come back to its loop and answered there, so after what it did before.
+    void waitUntilIdle() { EXPECT_EQ(startAnother({"--print-settings"}), 0); }
+
     TrayPanel panel{session};
     std::optional<ProgramBundle> bundle; // where it was installed
     std::unique_ptr<TestClient> client;

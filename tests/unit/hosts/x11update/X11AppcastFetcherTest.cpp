@@ -1,8 +1,8 @@
 // The way to a feed, from a server in this process; nothing leaves the machine.
 #include "hosts/x11/update/X11AppcastFetcher.h"
 
-#include "LoopbackServer.h"
 #include "QtTestLoop.h"
+#include "support/LoopbackServer.h"
 
 #include <optional>
 

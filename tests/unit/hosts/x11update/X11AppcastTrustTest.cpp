@@ -1,9 +1,9 @@
 // Whom a feed is taken from: servers that prove who they are, and nobody else.
 #include "hosts/x11/update/X11AppcastFetcher.h"
 
-#include "LoopbackServer.h"
 #include "QtTestLoop.h"
 #include "TlsServer.h"
+#include "support/LoopbackServer.h"
 
 #include <optional>
 

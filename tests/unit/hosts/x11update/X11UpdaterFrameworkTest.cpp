@@ -1,6 +1,5 @@
 #include "hosts/x11/update/X11UpdaterFramework.h"
 
-#include "LoopbackServer.h"
 #include "QtTestLoop.h"
 #include "hosts/sim/SimRunLoop.h"
 #include "hosts/x11/update/X11AppcastFetcher.h"
@@ -9,6 +8,7 @@
 #include "support/FakeUpdateProgress.h"
 #include "support/FakeUserDefaults.h"
 #include "support/FakeWorkspace.h"
+#include "support/LoopbackServer.h"
 
 namespace haloric {
 namespace {

@@ -69,7 +69,7 @@ TEST_P(SettingsPixels, each_control_of_an_effect_changes_the_screen)
         ASSERT_NO_FATAL_FAILURE(expectChange(name, key, spot));
 }
 
-TEST_P(SettingsPixels, a_slider_is_followed_at_each_step_of_a_held_key)
+TEST_P(SettingsPixels, a_slider_is_followed_at_each_of_its_steps)
 {
     open(R"({"pulseEnabled": false, "borderWidth": 1})");
     goTo("borderWidth");

@@ -50,11 +50,11 @@ QNetworkRequest requestFor(const QUrl& url, const QSslConfiguration& trust)
 
 class X11AppcastFetcher::Transfer {
 public:
-    Transfer(std::shared_ptr<QNetworkAccessManager> manager, const Limits& limits, QSslConfiguration trust,
+    Transfer(std::shared_ptr<QNetworkAccessManager> manager, const Limits& limits, const QSslConfiguration& trust,
              std::function<void(const AppcastDownload&)> done)
         : m_manager(std::move(manager)),
           m_limits(limits),
-          m_trust(std::move(trust)),
+          m_trust(trust),
           m_done(std::move(done))
     {
         m_deadline.setSingleShot(true);

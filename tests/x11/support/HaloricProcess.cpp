@@ -7,16 +7,17 @@ namespace haloric {
 namespace {
 
 ChildProcess::Options prepare(X11Session& session, const std::string& settings,
-                              const std::vector<std::string>& arguments, const Environment& added)
+                              const std::vector<std::string>& arguments, const Environment& added,
+                              const std::filesystem::path& program)
 {
-    ChildProcess::Options options{{HaloricProcess::program().string()}, session.environment(), {}, -1};
+    ChildProcess::Options options{{program.string()}, session.environment(), {}, -1};
     for (const auto& [name, value] : added)
         options.environment[name] = value;
     options.command.insert(options.command.end(), arguments.begin(), arguments.end());
     if (!settings.empty()) {
-        const auto file = HaloricProcess::settingsFile(options.environment);
-        std::filesystem::create_directories(file.parent_path());
-        std::ofstream(file) << settings;
+        const auto stored = HaloricProcess::settingsFile(options.environment);
+        std::filesystem::create_directories(stored.parent_path());
+        std::ofstream(stored) << settings;
     }
     return options;
 }
@@ -24,9 +25,10 @@ ChildProcess::Options prepare(X11Session& session, const std::string& settings,
 } // namespace
 
 HaloricProcess::HaloricProcess(X11Session& session, const std::string& settings,
-                               const std::vector<std::string>& arguments, const Environment& added)
+                               const std::vector<std::string>& arguments, const Environment& added,
+                               const std::filesystem::path& file)
     : m_session(session),
-      m_process(prepare(session, settings, arguments, added))
+      m_process(prepare(session, settings, arguments, added, file))
 {
 }
 

@@ -6,9 +6,9 @@
 #include "desktop/MovementWatcher.h"
 #include "desktop/Percentiles.h"
 #include "desktop/ProcessFigures.h"
-#include "desktop/Require.h"
 #include "desktop/UiBench.h"
 #include "x11/support/HaloricProcess.h"
+#include "x11/support/Require.h"
 
 #include <chrono>
 #include <cstdio>

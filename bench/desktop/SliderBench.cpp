@@ -1,8 +1,8 @@
 #include "desktop/Percentiles.h"
-#include "desktop/Require.h"
 #include "desktop/TrayDesktop.h"
 #include "desktop/UiBench.h"
 #include "x11/support/Key.h"
+#include "x11/support/Require.h"
 
 #include <cstdio>
 #include <set>

@@ -12,12 +12,6 @@ constexpr ScreenRect kEverything{0, 0, 1 << 15, 1 << 15};
 
 } // namespace
 
-void require(bool holds, const std::string& what)
-{
-    if (!holds)
-        throw std::runtime_error(what);
-}
-
 ScreenImage settledScreen(X11Session& session) { return settledScreen(session, kEverything); }
 
 ScreenImage settledScreen(X11Session& session, const ScreenRect& area)

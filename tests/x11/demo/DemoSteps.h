@@ -1,15 +1,13 @@
-// What the walks share: to insist on what must be seen, to wait until a desktop is still, and to keep a picture of it.
+// What the walks share: to wait until a desktop is still, and to keep a picture of it.
 #pragma once
 
+#include "x11/support/Require.h"
 #include "x11/support/X11Session.h"
 
 #include <filesystem>
 #include <string>
 
 namespace haloric {
-
-// Throws std::runtime_error with `what` unless `holds`.
-void require(bool holds, const std::string& what);
 
 // Waits until the screen has stopped changing, and gives its picture. Throws when it does not come to rest.
 ScreenImage settledScreen(X11Session& session);

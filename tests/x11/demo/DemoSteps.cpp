@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <stdexcept>
 
 namespace haloric {
 namespace {

@@ -5,7 +5,7 @@
 #   ./bench.sh                     all of them, on private displays
 #   ./bench.sh drawing [option…]   drawing alone; options are Google Benchmark's, as --benchmark_filter=glow
 #   ./bench.sh logic [option…]     one tick of the tracker and one pass of the overlay
-#   ./bench.sh lag|idle|start      the whole program on a desktop
+#   ./bench.sh lag|idle|start|ui   the whole program on a desktop
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -16,9 +16,9 @@ cmake --build --preset bench --parallel "$(nproc)" \
 
 case "${1:-all}" in
     drawing | logic) exec "build-bench/bin/haloric-$1-bench" "${@:2}" ;;
-    lag | idle | start) exec build-bench/bin/haloric-desktop-bench "$1" ;;
+    lag | idle | start | ui) exec build-bench/bin/haloric-desktop-bench "$1" ;;
     all)
-        for what in lag idle start; do
+        for what in lag idle start ui; do
             build-bench/bin/haloric-desktop-bench "$what"
         done
         build-bench/bin/haloric-logic-bench

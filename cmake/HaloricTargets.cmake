@@ -11,9 +11,11 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 
 find_program(HALORIC_CCACHE ccache)
 if(HALORIC_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    # Precompiled headers and ccache agree only when timestamps and defines are left out of the hash.
+    # Precompiled headers and ccache agree only when timestamps and defines are left out of the hash. A second clone
+    # profits from the first: paths are taken from the clone's own folder.
     set(CMAKE_CXX_COMPILER_LAUNCHER
         "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+        "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=true
         "${HALORIC_CCACHE}")
 endif()
 
@@ -37,8 +39,12 @@ function(haloric_library name)
     target_link_libraries(${name} PUBLIC haloric_options ${arg_DEPENDS})
 endfunction()
 
-# What the thread sanitizer is worth building for.
+# What the thread sanitizer is worth building for, and all that tests more than units.
 add_custom_target(haloric_thread_tests)
+add_custom_target(haloric_system_tests)
+
+# Tests are compiled once for each time that they run, so what counts is the compiler's time, not theirs.
+set(HALORIC_TEST_OPTIONS "$<$<CONFIG:RelWithDebInfo>:-O1;-g1>")
 
 # haloric_test(NAME SOURCES… [DEPENDS targets…] [LABELS labels…]): a GoogleTest program whose tests run under ctest.
 function(haloric_test name)
@@ -46,6 +52,7 @@ function(haloric_test name)
     add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
     target_link_libraries(${name} PRIVATE haloric_options ${arg_DEPENDS} GTest::gmock_main)
+    target_compile_options(${name} PRIVATE "${HALORIC_TEST_OPTIONS}")
     target_precompile_headers(${name} REUSE_FROM haloric_test_pch)
     # One label, because the discovery cannot pass a list on; `ctest -L threads` finds it inside "unit-threads".
     list(JOIN arg_LABELS "-" label)
@@ -53,5 +60,8 @@ function(haloric_test name)
         PROPERTIES LABELS "${label}" TIMEOUT 600)
     if("threads" IN_LIST arg_LABELS)
         add_dependencies(haloric_thread_tests ${name})
+    endif()
+    if(NOT "unit" IN_LIST arg_LABELS)
+        add_dependencies(haloric_system_tests ${name})
     endif()
 endfunction()

@@ -1,16 +1,18 @@
 // Measures the program on a desktop of its own: how closely the highlight follows a drag, what an idle program
-// costs, and how long the first highlight takes.
+// costs, how long the first highlight takes, and how quickly the settings answer.
 //
-//   haloric-desktop-bench lag|idle|start
+//   haloric-desktop-bench lag|idle|start|ui
 
 #include "desktop/MovementWatcher.h"
 #include "desktop/Percentiles.h"
 #include "desktop/ProcessFigures.h"
+#include "desktop/UiBench.h"
 #include "x11/support/HaloricProcess.h"
+#include "x11/support/Require.h"
 
 #include <chrono>
 #include <cstdio>
-#include <stdexcept>
+#include <exception>
 #include <string_view>
 #include <thread>
 
@@ -19,12 +21,6 @@ namespace {
 
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
-
-void require(bool holds, const char* what)
-{
-    if (!holds)
-        throw std::runtime_error(what);
-}
 
 xcb_window_t highlightOf(HaloricProcess& haloric, TestClient& client)
 {
@@ -137,7 +133,13 @@ int run(std::string_view what)
         measureStart();
         return 0;
     }
-    std::fprintf(stderr, "usage: haloric-desktop-bench lag|idle|start\n");
+    if (what == "ui") {
+        measureSettingsWindow();
+        measureSlider();
+        measureSaves();
+        return 0;
+    }
+    std::fprintf(stderr, "usage: haloric-desktop-bench lag|idle|start|ui\n");
     return 2;
 }
 

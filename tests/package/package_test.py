@@ -73,6 +73,13 @@ class PackageTest(unittest.TestCase):
         for name in TEXTS:
             self.assertIsNone(re.search(rb"@[A-Z_]+@", self.content(name)), name)
 
+    def test_the_guide_leads_to_nothing_that_is_not_installed(self):
+        guide = self.content("usr/share/doc/haloric/user-guide.md.gz").decode()
+        self.assertIn("\n## Troubleshooting\n", guide)
+        self.assertNotIn("<img", guide)
+        links = re.findall(r"\]\(([^)]*)\)", guide)
+        self.assertEqual([link for link in links if not link.startswith(("#", "https://"))], [])
+
     def test_lintian_has_no_objection(self):
         options = [] if os.geteuid() != 0 else ["--allow-root"]
         found = self.assert_succeeds("lintian", *options, "--fail-on", "error,warning", self.package)

@@ -114,6 +114,12 @@ class SelfTest(unittest.TestCase):
         self.assert_fails("documents", {"bad.md": "[gone](gone.md)\n"}, "does not exist")
         self.assert_fails("documents", {"bad.md": "[gone](README.md#gone)\n"}, "no such heading")
 
+    def test_pictures_that_are_missing_or_not_shown(self):
+        shown = '<img src="docs/pictures/shown.png" width="9" alt="shown">\n'
+        self.assert_fails("documents", {"bad.md": shown}, "does not exist")
+        self.assert_fails("documents", {"docs/pictures/shown.png": ""}, "is in no document")
+        self.assert_passes("documents", {"good.md": shown, "docs/pictures/shown.png": ""})
+
     def test_a_constant_that_is_not_what_it_should_be(self):
         def assert_slip(file, right, wrong, expected):
             paths = [*(REPOSITORY / "src/hosts/macos").iterdir(), *(REPOSITORY / path for path in PORTABLE)]

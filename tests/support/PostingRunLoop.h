@@ -4,6 +4,7 @@
 #include "platform/RunLoop.h"
 
 #include <condition_variable>
+#include <cstddef>
 #include <deque>
 #include <mutex>
 #include <utility>
@@ -30,14 +31,38 @@ public:
     void runUntil(Condition done)
     {
         while (!done())
-            next()();
+            waitAndRunOne();
     }
 
-private:
-    Task next()
+    void waitAndRunOne()
     {
         std::unique_lock lock(m_mutex);
         m_changed.wait(lock, [this] { return !m_tasks.empty(); });
+        const Task task = takeFirst();
+        lock.unlock();
+        task();
+    }
+
+    // Runs what has been posted, and what that posts; how many there were.
+    std::size_t runAll()
+    {
+        std::size_t count = 0;
+        for (Task task = takeNext(); task; task = takeNext()) {
+            task();
+            ++count;
+        }
+        return count;
+    }
+
+private:
+    Task takeNext()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_tasks.empty() ? Task() : takeFirst();
+    }
+
+    Task takeFirst()
+    {
         Task task = std::move(m_tasks.front());
         m_tasks.pop_front();
         return task;

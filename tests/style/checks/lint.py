@@ -1,7 +1,7 @@
 """clang-tidy finds nothing in the sources, the benchmarks and what the tests share.
 
 A file is looked at again only when it, one of the project's headers that it reaches, its command, .clang-tidy or
-clang-tidy itself has changed.
+clang-tidy itself has changed. What was found clean is kept in the user's cache folder, for every clone.
 """
 
 import concurrent.futures
@@ -23,7 +23,7 @@ WARNING = re.compile(r"^.*(?:warning|error): .*$", re.MULTILINE)
 
 
 def extend(parser):
-    parser.add_argument("--build", default="build", help="holds compile_commands.json and the cache")
+    parser.add_argument("--build", default="build", help="holds compile_commands.json")
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
 
 
@@ -58,7 +58,7 @@ def reached_files(project, path, seen):
 
 def fingerprint(project, path, arguments, constant):
     digest = hashlib.sha256(constant)
-    digest.update("\0".join(arguments).encode())
+    digest.update("\0".join(arguments).replace(str(project.root), "").encode())
     seen = set()
     reached_files(project, path, seen)
     for file in sorted(seen):
@@ -74,9 +74,14 @@ def lint(project, path, arguments):
     return found or ([result.stderr.strip()] if result.returncode != 0 else [])
 
 
+def cache_folder():
+    standard = pathlib.Path.home() / ".cache"
+    return pathlib.Path(os.environ.get("XDG_CACHE_HOME") or standard) / "haloric-lint"
+
+
 def check(project, options):
     build = (project.root / options.build).resolve()
-    cache = build / "lint-cache"
+    cache = cache_folder()
     cache.mkdir(parents=True, exist_ok=True)
     version = subprocess.run(["clang-tidy", "--version"], check=True, capture_output=True).stdout
     constant = version + (project.root / ".clang-tidy").read_bytes()

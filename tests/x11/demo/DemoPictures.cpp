@@ -1,114 +1,161 @@
 #include "x11/demo/DemoPictures.h"
 
-#include <functional>
-#include <memory>
-
-#include <cairo/cairo.h>
+#include "x11/demo/DemoPainter.h"
 
 namespace haloric {
 namespace {
 
-void setColor(cairo_t* context, Pixel color)
+using Font = DemoPainter::Font;
+
+struct Scenery {
+    Pixel skyTop;
+    Pixel skyBottom;
+    Pixel sun;
+    Pixel far;
+    Pixel near;
+};
+
+// Two hills and a sun; `turn` moves them, so that no two pictures are alike.
+void paintScenery(DemoPainter& painter, const Scenery& colors, double x, double y, double width, double height,
+                  double turn)
 {
-    constexpr double kMost = 255.0;
-    cairo_set_source_rgb(context, static_cast<double>((color >> 16) & 0xFF) / kMost,
-                         static_cast<double>((color >> 8) & 0xFF) / kMost, static_cast<double>(color & 0xFF) / kMost);
+    painter.fillDownward(colors.skyTop, colors.skyBottom, x, y, width, height);
+    painter.disc(colors.sun, x + width * (0.2 + 0.6 * turn), y + height * 0.32, height * 0.11);
+    const double bottom = y + height;
+    painter.hill(colors.far,
+                 {{x, bottom - height * 0.30},
+                  {x + width * (0.25 + 0.3 * turn), bottom - height * 0.55},
+                  {x + width, bottom - height * 0.22}},
+                 bottom);
+    painter.hill(colors.near,
+                 {{x, bottom - height * 0.12},
+                  {x + width * (0.8 - 0.5 * turn), bottom - height * 0.34},
+                  {x + width, bottom - height * 0.16}},
+                 bottom);
 }
 
-void fill(cairo_t* context, Pixel color, double x, double y, double width, double height)
-{
-    setColor(context, color);
-    cairo_rectangle(context, x, y, width, height);
-    cairo_fill(context);
-}
-
-void write(cairo_t* context, Pixel color, const char* family, double size, double x, double y, const char* text)
-{
-    setColor(context, color);
-    cairo_select_font_face(context, family, CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
-    cairo_set_font_size(context, size);
-    cairo_move_to(context, x, y);
-    cairo_show_text(context, text);
-}
-
-ScreenImage paint(int width, int height, const std::function<void(cairo_t*)>& draw)
-{
-    std::vector<Pixel> pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-    const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
-        cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels.data()), CAIRO_FORMAT_RGB24, width,
-                                            height, width * static_cast<int>(sizeof(Pixel))),
-        cairo_surface_destroy);
-    const std::unique_ptr<cairo_t, decltype(&cairo_destroy)> context(cairo_create(surface.get()), cairo_destroy);
-    draw(context.get());
-    cairo_surface_flush(surface.get());
-    return {{0, 0, width, height}, std::move(pixels)};
-}
+constexpr Scenery kSceneries[] = {
+    {0x9CCBE8, 0xE3F1F5, 0xFFF4C8, 0x7FA98A, 0x4E8062}, {0xF2B880, 0xFBE3C0, 0xFFF3DA, 0xC47B5A, 0x87503F},
+    {0x7C9ED9, 0xD5E2F5, 0xFFFFFF, 0x8FA0C4, 0x57688F}, {0xE59AA6, 0xF9DCCB, 0xFFEFD6, 0xA4708F, 0x6A4A6E},
+    {0x8FD3C8, 0xEAF7EC, 0xFFF8D2, 0x5FA79A, 0x34766F}, {0x4C5C8A, 0xB7A6C4, 0xF7E7C6, 0x47507A, 0x2C3357},
+};
 
 } // namespace
 
-ScreenImage paintDesktop(int width, int height)
+ScreenImage paintDesktop(int width, int height, int scale)
 {
-    return paint(width, height, [&](cairo_t* context) {
-        cairo_pattern_t* slope = cairo_pattern_create_linear(0, 0, width, height);
-        cairo_pattern_add_color_stop_rgb(slope, 0, 0.80, 0.84, 0.89);
-        cairo_pattern_add_color_stop_rgb(slope, 1, 0.55, 0.63, 0.72);
-        cairo_set_source(context, slope);
-        cairo_paint(context);
-        cairo_pattern_destroy(slope);
-    });
+    DemoPainter painter(width, height, scale);
+    painter.fillDownward(0x7188AB, 0xB9C0CE, 0, 0, width, height);
+    const double w = width;
+    const double h = height;
+    painter.hill(0x8795B0, {{0, h * 0.62}, {w * 0.3, h * 0.48}, {w * 0.62, h * 0.70}, {w, h * 0.52}}, h);
+    painter.hill(0x74829F, {{0, h * 0.74}, {w * 0.42, h * 0.86}, {w * 0.75, h * 0.68}, {w, h * 0.76}}, h);
+    painter.hill(0x616E8C, {{0, h * 0.93}, {w * 0.22, h * 0.84}, {w * 0.6, h * 0.97}, {w, h * 0.88}}, h);
+    return painter.picture();
 }
 
-ScreenImage paintNotes(int width, int height)
+ScreenImage paintNotes(int width, int height, int scale)
 {
-    return paint(width, height, [&](cairo_t* context) {
-        fill(context, 0xFBFAF7, 0, 0, width, height);
-        fill(context, 0xEFEBE2, 0, 0, 150, height);
-        int y = 40;
-        for (const char* title : {"Today", "Groceries", "Holiday plans", "Books"}) {
-            write(context, 0x6B6457, "sans", 14, 18, y, title);
-            y += 32;
-        }
-        write(context, 0x2B2A27, "sans", 24, 178, 52, "Today");
-        y = 92;
-        for (const char* line : {"Call the plumber about the kitchen", "Finish the chapter on tides",
-                                 "Water the tomatoes before noon", "Tickets for Saturday"}) {
-            write(context, 0x45433E, "sans", 15, 178, y, line);
-            y += 30;
-        }
-    });
+    constexpr double kSide = 150;
+    DemoPainter painter(width, height, scale);
+    painter.fill(0xFCFBF8, 0, 0, width, height);
+    painter.fill(0xF1EEE7, 0, 0, kSide, height);
+    painter.fill(0xE0DBCF, 8, 16, kSide - 16, 28, 6);
+    double y = 35;
+    for (const char* title : {"Today", "Groceries", "Holiday plans", "Books"}) {
+        painter.write(0x57524A, Font::sans, 13, 18, y, title);
+        y += 32;
+    }
+    painter.write(0x2B2A27, Font::bold, 21, kSide + 26, 46, "Today");
+    y = 84;
+    bool isDone = true;
+    for (const char* line :
+         {"Call the plumber at nine", "Finish the chapter on tides", "Water the tomatoes", "Tickets for Saturday"}) {
+        painter.fill(0xB9B2A4, kSide + 26, y - 12, 15, 15, 4);
+        painter.fill(isDone ? 0xB9B2A4 : 0xFCFBF8, kSide + 27, y - 11, 13, 13, 3);
+        if (isDone)
+            painter.stroke(0xFCFBF8, 1.8, {{kSide + 30, y - 4}, {kSide + 32.7, y - 1.4}, {kSide + 37.2, y - 7.6}});
+        painter.write(isDone ? 0x9A9488 : 0x45433E, Font::sans, 14, kSide + 52, y, line);
+        isDone = false;
+        y += 30;
+    }
+    return painter.picture();
 }
 
-ScreenImage paintGallery(int width, int height)
+ScreenImage paintGallery(int width, int height, int scale)
 {
-    return paint(width, height, [&](cairo_t* context) {
-        fill(context, 0xF2F4F6, 0, 0, width, height);
-        constexpr Pixel kTones[] = {0x7BA05B, 0xD9A441, 0x5B8FA8, 0xB5651D, 0x8E6C8A, 0x4F7942};
-        constexpr int kColumns = 3;
-        constexpr double kGap = 20;
-        const double side = (width - (kColumns + 1) * kGap) / kColumns;
-        for (int index = 0; index < 6; ++index) {
-            const int column = index % kColumns;
-            const int row = index / kColumns;
-            const double x = kGap + column * (side + kGap);
-            const double y = kGap + row * (side * 0.75 + kGap);
-            fill(context, kTones[index], x, y, side, side * 0.75);
-            fill(context, 0xDCE6EC, x, y, side, side * 0.32);
-        }
-    });
+    constexpr int kColumns = 3;
+    constexpr double kGap = 16;
+    constexpr double kCaption = 22;
+    DemoPainter painter(width, height, scale);
+    painter.fill(0xF4F5F7, 0, 0, width, height);
+    const double side = (width - (kColumns + 1) * kGap) / kColumns;
+    constexpr const char* kCaptions[] = {"Meadow", "Dunes", "Ridge", "Evening", "Lagoon", "Dusk"};
+    for (int index = 0; index < 6; ++index) {
+        const double x = kGap + index % kColumns * (side + kGap);
+        const int row = index / kColumns;
+        const double y = kGap + row * (side * 0.68 + kCaption + kGap);
+        paintScenery(painter, kSceneries[index], x, y, side, side * 0.68, index * 37 % 100 / 100.0);
+        painter.write(0x5B616B, Font::sans, 12, x + 2, y + side * 0.68 + 17, kCaptions[index]);
+    }
+    return painter.picture();
 }
 
-ScreenImage paintTerminal(int width, int height)
+ScreenImage paintTerminal(int width, int height, int scale)
 {
-    return paint(width, height, [&](cairo_t* context) {
-        fill(context, 0x22272E, 0, 0, width, height);
-        int y = 34;
-        for (const char* line :
-             {"~ $ make", "[1/3] tide.cpp", "[2/3] moon.cpp", "[3/3] almanac", "~ $ ./almanac --today",
-              "High water 06:12 and 18:40", "Low water 00:03 and 12:25", "~ $ _"}) {
-            write(context, 0xC6D0DA, "monospace", 15, 18, y, line);
-            y += 26;
-        }
-    });
+    constexpr Pixel kText = 0xC9D1D9;
+    constexpr Pixel kPrompt = 0x7FB685;
+    constexpr Pixel kFigure = 0xE3B778;
+    constexpr double kLeft = 16;
+    constexpr double kLine = 22;
+    constexpr double kSize = 13;
+    DemoPainter painter(width, height, scale);
+    painter.fill(0x20252C, 0, 0, width, height);
+    double y = 28;
+    const auto command = [&](const char* text) {
+        painter.write(kPrompt, Font::monospace, kSize, kLeft, y, "~ $");
+        painter.write(kText, Font::monospace, kSize, kLeft + 32, y, text);
+        y += kLine;
+    };
+    const auto answer = [&](const char* name, const char* value) {
+        painter.write(kText, Font::monospace, kSize, kLeft, y, name);
+        painter.write(kFigure, Font::monospace, kSize, kLeft + 96, y, value);
+        y += kLine;
+    };
+    command("make");
+    answer("[1/3]", "tide.cpp");
+    answer("[2/3]", "moon.cpp");
+    answer("[3/3]", "almanac");
+    command("./almanac --today");
+    answer("High water", "06:12  18:40");
+    answer("Low water", "00:03  12:25");
+    answer("Moon", "waxing, 71%");
+    command("");
+    painter.fill(kText, kLeft + 32, y - kLine - 12, 8, 15);
+    return painter.picture();
+}
+
+ScreenImage paintIcon(SampleApplication application, int size, int scale)
+{
+    DemoPainter painter(size, size, scale);
+    const double unit = size / 16.0;
+    switch (application) {
+    case SampleApplication::notes:
+        painter.fill(0xF3DDA0, 0, 0, size, size);
+        for (const double y : {4.5, 8.0, 11.5})
+            painter.stroke(0x8A7340, unit * 1.2, {{unit * 4, unit * y}, {unit * 12, unit * y}});
+        break;
+    case SampleApplication::gallery:
+        paintScenery(painter, kSceneries[0], 0, 0, size, size, 0.6);
+        break;
+    case SampleApplication::terminal:
+        painter.fill(0x20252C, 0, 0, size, size);
+        painter.stroke(0x7FB685, unit * 1.5,
+                       {{unit * 3.5, unit * 4.5}, {unit * 7, unit * 8}, {unit * 3.5, unit * 11.5}});
+        painter.stroke(0xC9D1D9, unit * 1.5, {{unit * 8.5, unit * 11.5}, {unit * 12.5, unit * 11.5}});
+        break;
+    }
+    return painter.picture();
 }
 
 } // namespace haloric

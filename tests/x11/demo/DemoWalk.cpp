@@ -1,12 +1,11 @@
 #include "x11/demo/DemoWalk.h"
 
 #include "x11/demo/DemoPictures.h"
+#include "x11/demo/DemoSteps.h"
+#include "x11/demo/SampleWindows.h"
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
-#include <fstream>
-#include <stdexcept>
 
 namespace haloric {
 namespace {
@@ -15,14 +14,7 @@ constexpr int kWidth = 1600;
 constexpr int kHeight = 1000;
 constexpr int kPulseMargin = 60;
 constexpr int kVisibleDifference = 12;
-constexpr std::chrono::milliseconds kStillness{500};
 constexpr std::chrono::milliseconds kPulsePatience{1500};
-
-void require(bool holds, const std::string& what)
-{
-    if (!holds)
-        throw std::runtime_error(what);
-}
 
 std::size_t changedPixels(const ScreenImage& a, const ScreenImage& b)
 {
@@ -41,20 +33,9 @@ DemoWalk::DemoWalk(std::filesystem::path folder)
       m_session(WindowManager::openbox, Compositor::picom, {.width = kWidth, .height = kHeight})
 {
     m_session.observer().setDesktopPicture(paintDesktop(kWidth, kHeight));
-    m_notes = openWindow("Notes", "SampleNotes", {120, 130, 620, 420});
-    m_notes->setPicture(paintNotes(620, 420));
-    m_gallery = openWindow("Gallery", "SampleGallery", {880, 110, 560, 380});
-    m_gallery->setPicture(paintGallery(560, 380));
-    m_terminal = openWindow("Terminal", "SampleTerminal", {560, 480, 600, 380});
-    m_terminal->setPicture(paintTerminal(600, 380));
-}
-
-std::unique_ptr<TestClient> DemoWalk::openWindow(const char* title, const char* className, const ScreenRect& content)
-{
-    auto client = m_session.makeClient(
-        {.title = title, .className = className, .content = content, .application = TestClient::Application::ownOne});
-    require(client->show(), std::string("the window ") + title + " does not appear");
-    return client;
+    m_notes = openSample(m_session, SampleApplication::notes, {120, 130, 620, 420});
+    m_gallery = openSample(m_session, SampleApplication::gallery, {880, 110, 560, 380});
+    m_terminal = openSample(m_session, SampleApplication::terminal, {560, 480, 600, 380});
 }
 
 void DemoWalk::run()
@@ -92,7 +73,7 @@ void DemoWalk::requireHighlight(TestClient& client)
 void DemoWalk::showFocus()
 {
     requireHighlight(*m_notes);
-    keep(settled(), "1-focus", "the focused window has a border and a glow");
+    keep(settledScreen(m_session), "1-focus", "the focused window has a border and a glow");
 }
 
 void DemoWalk::showPulse()
@@ -116,7 +97,7 @@ void DemoWalk::showPulse()
             return false;
         },
         kPulsePatience);
-    const ScreenImage after = settled();
+    const ScreenImage after = settledScreen(m_session);
     const std::size_t changedForGood = changedPixels(before, m_session.observer().capture(around));
     require(most > changedForGood, "no pulse was seen after the focus had moved");
     keep(widest, "2-pulse", "the focus moves: a pulse runs out from the window that has it now");
@@ -140,7 +121,7 @@ void DemoWalk::showDrag()
     requireHighlight(*m_gallery);
     keep(m_session.observer().capture(), "4-drag", "in the middle of a drag, the button still down");
     m_session.input().release();
-    settled();
+    settledScreen(m_session);
 }
 
 void DemoWalk::showDimming(const char* name, const char* description, const std::string& settings)
@@ -148,7 +129,7 @@ void DemoWalk::showDimming(const char* name, const char* description, const std:
     const ScreenImage before = m_session.observer().capture();
     start(settings);
     requireHighlight(*m_gallery);
-    const ScreenImage after = settled();
+    const ScreenImage after = settledScreen(m_session);
     const auto middle = [&](const ScreenImage& image) {
         const ScreenRect content = m_terminal->content();
         return image.at(content.x + content.width / 2, content.bottom() - 20);
@@ -158,29 +139,9 @@ void DemoWalk::showDimming(const char* name, const char* description, const std:
     stop();
 }
 
-ScreenImage DemoWalk::settled()
-{
-    ScreenImage last = m_session.observer().capture();
-    auto since = std::chrono::steady_clock::now();
-    const bool isStill = m_session.observer().waitUntil([&] {
-        ScreenImage now = m_session.observer().capture();
-        const auto moment = std::chrono::steady_clock::now();
-        if (now != last) {
-            last = std::move(now);
-            since = moment;
-        }
-        return moment - since >= kStillness;
-    });
-    require(isStill, "the screen does not come to rest");
-    return last;
-}
-
 void DemoWalk::keep(const ScreenImage& picture, const char* name, const char* description)
 {
-    const auto path = m_folder / (std::string(name) + ".png");
-    require(picture.savePng(path), "cannot write " + path.string());
-    std::printf("%s: %s\n", path.c_str(), description);
-    std::fflush(stdout);
+    keepPicture(picture, m_folder / (std::string(name) + ".png"), description);
 }
 
 } // namespace haloric

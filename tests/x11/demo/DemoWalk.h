@@ -19,7 +19,6 @@ public:
     void run();
 
 private:
-    std::unique_ptr<TestClient> openWindow(const char* title, const char* className, const ScreenRect& content);
     void start(const std::string& settings);
     void stop();
     void focus(TestClient& client);
@@ -28,9 +27,6 @@ private:
     void showPulse();
     void showDrag();
     void showDimming(const char* name, const char* description, const std::string& settings);
-
-    // Waits until the screen has stopped changing.
-    ScreenImage settled();
     void keep(const ScreenImage& picture, const char* name, const char* description);
 
     std::filesystem::path m_folder;

@@ -1,14 +1,30 @@
 // haloric-demo [FOLDER]: walks through what the program does and writes pictures to FOLDER (./pictures).
+// haloric-demo --documentation FOLDER PROGRAM: writes the pictures of the documentation, and the frames of the moving
+// one, as PROGRAM shows them.
 #include "x11/demo/DemoWalk.h"
+#include "x11/demo/DocumentationWalk.h"
 
 #include <cstdio>
 #include <exception>
+#include <span>
+#include <string_view>
 
 int main(int argumentCount, char** arguments)
 {
-    const std::filesystem::path folder = std::filesystem::absolute(argumentCount > 1 ? arguments[1] : "pictures");
+    std::span<char*> words(arguments + 1, static_cast<std::size_t>(argumentCount - 1));
+    const bool isForDocumentation = !words.empty() && std::string_view(words.front()) == "--documentation";
+    if (isForDocumentation && words.size() != 3) {
+        std::fprintf(stderr, "usage: haloric-demo --documentation FOLDER PROGRAM\n");
+        return 2;
+    }
+    if (isForDocumentation)
+        words = words.subspan(1);
+    const std::filesystem::path folder = std::filesystem::absolute(words.empty() ? "pictures" : words.front());
     try {
-        haloric::DemoWalk(folder).run();
+        if (isForDocumentation)
+            haloric::DocumentationWalk(folder, words.back()).run();
+        else
+            haloric::DemoWalk(folder).run();
     } catch (const std::exception& error) {
         std::fprintf(stderr, "haloric-demo: %s\n", error.what());
         return 1;

@@ -15,9 +15,9 @@ ChildProcess::Options prepare(X11Session& session, const std::string& settings,
         options.environment[name] = value;
     options.command.insert(options.command.end(), arguments.begin(), arguments.end());
     if (!settings.empty()) {
-        const auto file = HaloricProcess::settingsFile(options.environment);
-        std::filesystem::create_directories(file.parent_path());
-        std::ofstream(file) << settings;
+        const auto stored = HaloricProcess::settingsFile(options.environment);
+        std::filesystem::create_directories(stored.parent_path());
+        std::ofstream(stored) << settings;
     }
     return options;
 }
@@ -26,9 +26,9 @@ ChildProcess::Options prepare(X11Session& session, const std::string& settings,
 
 HaloricProcess::HaloricProcess(X11Session& session, const std::string& settings,
                                const std::vector<std::string>& arguments, const Environment& added,
-                               const std::filesystem::path& program)
+                               const std::filesystem::path& file)
     : m_session(session),
-      m_process(prepare(session, settings, arguments, added, program))
+      m_process(prepare(session, settings, arguments, added, file))
 {
 }
 

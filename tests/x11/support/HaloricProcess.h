@@ -15,12 +15,12 @@ namespace haloric {
 class HaloricProcess {
 public:
     // Starts the program in `session`'s environment and what is `added` to it. `settings` is the stored record as JSON;
-    // empty: what is stored stays. `program` is the one to start, if not that of the build.
+    // empty: what is stored stays. `file` is the program, where it is not the one that was built.
     HaloricProcess(X11Session& session, const std::string& settings = {},
                    const std::vector<std::string>& arguments = {}, const Environment& added = {},
-                   const std::filesystem::path& program = HaloricProcess::program());
+                   const std::filesystem::path& file = program());
 
-    static std::filesystem::path program() { return HALORIC_PROGRAM; } // of the build
+    static std::filesystem::path program() { return HALORIC_PROGRAM; }
 
     // Where the program finds the record that this environment gives it.
     static std::filesystem::path settingsFile(const Environment& environment);

@@ -116,7 +116,7 @@ void TestConnection::setValues(xcb_window_t window, const std::string& property,
 
 void TestConnection::setText(xcb_window_t window, const std::string& property, const std::string& text)
 {
-    const bool isLegacy = property.starts_with("WM_");
+    const bool isLegacy = property.starts_with("WM_") || property == "RESOURCE_MANAGER";
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, atom(property),
                         isLegacy ? static_cast<xcb_atom_t>(XCB_ATOM_STRING) : atom("UTF8_STRING"), 8,
                         static_cast<std::uint32_t>(text.size()), text.data());

@@ -4,15 +4,18 @@
 
 namespace haloric {
 
-TrayPanel::TrayPanel(X11Session& session) : m_session(session) { start(); }
+TrayPanel::TrayPanel(X11Session& session, std::vector<std::string> look) : m_session(session), m_look(std::move(look))
+{
+    start();
+}
 
 void TrayPanel::start()
 {
-    m_process = std::make_unique<ChildProcess>(ChildProcess::Options{
-        {"trayer", "--edge", "top", "--align", "left", "--height", "24", "--widthtype", "request"},
-        m_session.environment(),
-        m_session.server().folder() / "panel.log",
-        -1});
+    std::vector<std::string> command{"trayer",   "--edge", "top",         "--align", "left",
+                                     "--height", "24",     "--widthtype", "request"};
+    command.insert(command.end(), m_look.begin(), m_look.end());
+    m_process = std::make_unique<ChildProcess>(
+        ChildProcess::Options{command, m_session.environment(), m_session.server().folder() / "panel.log", -1});
 }
 
 bool TrayPanel::restart()

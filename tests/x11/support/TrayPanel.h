@@ -1,16 +1,19 @@
-// A panel with a tray of the older kind, in the top left corner of a test's desktop, and the program's icon in it.
+// A panel with a tray of the older kind, in the top left corner of a test's desktop unless told otherwise, and the
+// program's icon in it.
 #pragma once
 
 #include "x11/support/X11Session.h"
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace haloric {
 
 class TrayPanel {
 public:
-    // Starts the panel. The session outlives it.
-    explicit TrayPanel(X11Session& session);
+    // Starts the panel; `look` are options of it beyond the usual ones, or in their place. The session outlives it.
+    explicit TrayPanel(X11Session& session, std::vector<std::string> look = {});
 
     // Ends the panel, waits until the icon is nowhere, and starts it anew.
     [[nodiscard]] bool restart();
@@ -28,6 +31,7 @@ private:
     bool isReachedAt(xcb_window_t wanted, int x, int y);
 
     X11Session& m_session;
+    std::vector<std::string> m_look;
     std::unique_ptr<ChildProcess> m_process;
 };
 

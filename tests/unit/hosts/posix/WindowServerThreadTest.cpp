@@ -3,69 +3,12 @@
 #include "WindowServerModuleLibrary.h"
 #include "support/FakeLog.h"
 #include "support/FakeProcesses.h"
+#include "support/PostingRunLoop.h"
 
-#include <condition_variable>
-#include <deque>
 #include <memory>
-#include <mutex>
-#include <thread>
 
 namespace haloric {
 namespace {
-
-// A main loop that takes posted work from any thread, and turns when the test says.
-class PostedWork final : public RunLoop {
-public:
-    Seconds systemUptime() const override { return Seconds(0); }
-    Seconds wallClock() const override { return Seconds(0); }
-    void postAfter(Seconds, Task) override {}
-    Subscription scheduleOnce(Seconds, Task) override { return {}; }
-    Subscription scheduleRepeating(Seconds, Seconds, Task) override { return {}; }
-
-    void post(Task task) override
-    {
-        const std::lock_guard guard(m_lock);
-        m_tasks.push_back(std::move(task));
-        m_posted.notify_one();
-    }
-
-    void waitAndRunOne()
-    {
-        std::unique_lock guard(m_lock);
-        m_posted.wait(guard, [this] { return !m_tasks.empty(); });
-        const Task task = takeFirst();
-        guard.unlock();
-        task();
-    }
-
-    std::size_t runAll()
-    {
-        std::size_t count = 0;
-        for (Task task = takeNext(); task; task = takeNext()) {
-            task();
-            ++count;
-        }
-        return count;
-    }
-
-private:
-    Task takeNext()
-    {
-        const std::lock_guard guard(m_lock);
-        return m_tasks.empty() ? Task() : takeFirst();
-    }
-
-    Task takeFirst()
-    {
-        Task task = std::move(m_tasks.front());
-        m_tasks.pop_front();
-        return task;
-    }
-
-    std::mutex m_lock;
-    std::condition_variable m_posted;
-    std::deque<Task> m_tasks;
-};
 
 class WindowServerThreadTest : public testing::Test {
 protected:
@@ -76,7 +19,7 @@ protected:
     WindowServerModuleLibrary library;
     FakeProcesses processes;
     FakeLog log;
-    PostedWork loop;
+    PostingRunLoop loop;
     std::unique_ptr<WindowServer> bridge = std::make_unique<WindowServer>(library, processes, loop, log);
 
     void startBurst() { library.control<ModuleStartBurst>("moduleStartBurst")(kNotifications); }

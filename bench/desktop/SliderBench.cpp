@@ -1,0 +1,155 @@
+#include "desktop/Percentiles.h"
+#include "desktop/TrayDesktop.h"
+#include "desktop/UiBench.h"
+#include "x11/support/Key.h"
+#include "x11/support/Require.h"
+
+#include <cstdio>
+#include <set>
+#include <thread>
+#include <vector>
+
+namespace haloric {
+namespace {
+
+using namespace std::chrono_literals;
+
+// The columns in which a slider's handle stands at its ends, and its row, found by what the keys change.
+struct SliderTrack {
+    int left = 0;
+    int right = 0;
+    int y = 0;
+};
+
+SliderTrack findTrack(TrayDesktop& desktop)
+{
+    DesktopObserver& observer = desktop.session().observer();
+    constexpr int kInset = 24; // the border of the highlight changes, too
+    const ScreenRect window = desktop.shell().content();
+    const ScreenRect content{window.x + kInset, window.y + kInset, window.width - 2 * kInset,
+                             window.height - 2 * kInset};
+    const auto captureAfter = [&](std::uint32_t key) {
+        const ScreenImage before = observer.capture(content);
+        desktop.session().input().chord({key});
+        require(observer.waitUntil([&] { return observer.capture(content) != before; }), "no slider has the keyboard");
+        std::this_thread::sleep_for(200ms); // the rest of the repainting
+        return observer.capture(content);
+    };
+    const ScreenImage atEnd = captureAfter(Key::kEnd);
+    const ScreenImage atStart = captureAfter(Key::kHome);
+    std::set<int> columns;
+    std::set<int> rows;
+    for (int y = content.y; y < content.bottom(); ++y) {
+        for (int x = content.x; x < content.right(); ++x) {
+            if (atEnd.at(x, y) != atStart.at(x, y)) {
+                columns.insert(x);
+                rows.insert(y);
+            }
+        }
+    }
+    require(!columns.empty(), "the slider does not move");
+    // The last run of changed columns is the slider's; before it stands the text with its value.
+    int left = *columns.rbegin();
+    while (columns.contains(left - 1))
+        --left;
+    const int handle = *rows.rbegin() - *rows.begin() + 1; // about as wide as it is high
+    return {left + handle / 2, *columns.rbegin() - handle / 2, (*rows.begin() + *rows.rbegin()) / 2};
+}
+
+// Drags the slider of the border's width, and looks at that border below the middle of the settings window.
+class SliderDrag {
+public:
+    SliderDrag(TrayDesktop& desktop, const SliderTrack& track)
+        : m_desktop(desktop),
+          m_track(track),
+          m_edge{desktop.shell().frame().x + desktop.shell().frame().width / 2, desktop.shell().frame().bottom() - 16,
+                 1, 16}
+    {
+    }
+
+    // Drags to the right end pixel by pixel, and waits each time for what comes of it: the milliseconds until the
+    // border changed. Many moves leave the value on its step, and nothing changes.
+    std::vector<double> stepThere()
+    {
+        std::vector<double> milliseconds;
+        press(m_track.left);
+        for (int x = m_track.left + 1; x <= m_track.right; ++x) {
+            const ScreenImage before = look();
+            const auto begin = BenchClock::now();
+            m_desktop.session().input().moveTo(x, m_track.y);
+            if (comesTrue([&] { return look() != before; }, 60ms))
+                milliseconds.push_back(millisecondsSince(begin));
+        }
+        m_atRight = look();
+        release();
+        return milliseconds;
+    }
+
+    // Drags from the right end to the left one and back at 125 Hz: the milliseconds from the last move until the border
+    // is what it was at the right end before.
+    double sweepToAndFro()
+    {
+        constexpr int kStepPixels = 4;
+        press(m_track.right);
+        auto next = BenchClock::now();
+        const auto moveTo = [&](int x) {
+            std::this_thread::sleep_until(next += 8ms);
+            m_desktop.session().input().moveTo(x, m_track.y);
+        };
+        for (int x = m_track.right; x > m_track.left; x -= kStepPixels)
+            moveTo(x);
+        for (int x = m_track.left; x < m_track.right; x += kStepPixels)
+            moveTo(x);
+        moveTo(m_track.right);
+        const auto begin = BenchClock::now();
+        require(comesTrue([this] { return look() == m_atRight; }, kPatience), "the border did not come back");
+        const double milliseconds = millisecondsSince(begin);
+        release();
+        return milliseconds;
+    }
+
+private:
+    ScreenImage look() { return m_desktop.session().observer().capture(m_edge); }
+
+    void press(int x)
+    {
+        m_desktop.session().input().moveTo(x, m_track.y);
+        m_desktop.session().input().press();
+    }
+
+    void release()
+    {
+        m_desktop.session().input().release();
+        m_desktop.session().observer().synchronize();
+    }
+
+    TrayDesktop& m_desktop;
+    SliderTrack m_track;
+    ScreenRect m_edge;
+    ScreenImage m_atRight;
+};
+
+} // namespace
+
+void measureSlider()
+{
+    constexpr int kTabsToBorderWidth = 5;
+    constexpr int kSweeps = 10;
+    TrayDesktop desktop;
+    desktop.openSettings();
+    for (int tab = 0; tab < kTabsToBorderWidth; ++tab)
+        desktop.session().input().chord({Key::kTab});
+    SliderDrag drag(desktop, findTrack(desktop));
+    const auto steps = drag.stepThere();
+    std::printf("slider, from a move of the pointer to the changed border on the screen: median %.2f ms, p99 %.2f ms "
+                "of %zu changes\n",
+                median(steps), percentile(steps, 0.99), steps.size());
+    std::vector<double> sweeps;
+    for (int sweep = 0; sweep < kSweeps; ++sweep)
+        sweeps.push_back(drag.sweepToAndFro());
+    std::printf("slider dragged at 125 Hz: the border is final %.2f ms after the last move, at most %.2f ms of %d "
+                "drags\n",
+                median(sweeps), percentile(sweeps, 1), kSweeps);
+}
+
+} // namespace haloric

@@ -1,0 +1,53 @@
+// The program in a tray, around a window, on a private desktop with openbox and picom. What goes wrong throws
+// std::runtime_error.
+#pragma once
+
+#include "x11/support/ProgramShell.h"
+
+#include <chrono>
+#include <memory>
+#include <optional>
+
+namespace haloric {
+
+using BenchClock = std::chrono::steady_clock;
+
+inline double millisecondsSince(BenchClock::time_point begin)
+{
+    return std::chrono::duration<double, std::milli>(BenchClock::now() - begin).count();
+}
+
+// Looks again and again, without a pause that would show in the figure. False when the patience ends.
+template <class Predicate>
+bool comesTrue(Predicate predicate, std::chrono::milliseconds patience)
+{
+    for (const auto end = BenchClock::now() + patience; BenchClock::now() < end;) {
+        if (predicate())
+            return true;
+    }
+    return false;
+}
+
+class TrayDesktop {
+public:
+    TrayDesktop(); // returns when the window is highlighted
+
+    X11Session& session() { return m_session; }
+    ProgramShell& shell() { return *m_shell; }
+    double proportionalMegabytes() const; // the program's memory
+
+    // Chooses the item in the open menu; the milliseconds from the key to the painted window.
+    double openSettings();
+    void closeSettings();
+
+private:
+    bool isPainted();
+
+    X11Session m_session;
+    std::unique_ptr<TestClient> m_client;
+    TrayPanel m_panel;
+    std::unique_ptr<HaloricProcess> m_haloric;
+    std::optional<ProgramShell> m_shell;
+};
+
+} // namespace haloric

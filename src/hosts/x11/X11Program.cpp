@@ -37,6 +37,7 @@
 #include "hosts/x11/qt/X11QtEventLoop.h"
 #include "hosts/x11/qt/X11QtWindows.h"
 #include "hosts/x11/qt/X11StatusItems.h"
+#include "hosts/x11/qt/X11UpdateProgress.h"
 #include "hosts/x11/update/X11AppcastFetcher.h"
 #include "hosts/x11/update/X11UpdaterFramework.h"
 
@@ -100,6 +101,7 @@ struct Shell {
           loginItems(X11LoginItemService::standardFolder(start.processes), bundle.executable()),
           updaterFramework({.runLoop = start.runLoop,
                             .source = appcasts,
+                            .progress = updateProgress,
                             .alerts = alerts,
                             .workspace = desktop.workspace,
                             .userDefaults = userDefaults},
@@ -116,6 +118,7 @@ struct Shell {
     X11Hotkeys hotkeys;
     X11LoginItemService loginItems;
     X11AppcastFetcher appcasts;
+    X11UpdateProgress updateProgress;
     X11UpdaterFramework updaterFramework;
 };
 

@@ -192,6 +192,14 @@ void NotifierHost::appear()
                 g_variant_new("(su)", kWatcher, 0U));
 }
 
+void NotifierHost::disappear()
+{
+    // Not by the call that answers meanwhile: what was asked of the tray stays without an answer.
+    const Value released(g_dbus_connection_call_sync(
+        m_bus->connection, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "ReleaseName",
+        g_variant_new("(s)", kWatcher), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
+}
+
 bool NotifierHost::waitForItem()
 {
     return m_bus->waitUntil([this] { return !m_bus->itemOwner.empty(); });

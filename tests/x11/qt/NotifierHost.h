@@ -36,6 +36,7 @@ public:
     std::string address() const { return m_address; } // of the bus
 
     void appear(); // the tray
+    void disappear();
 
     // Waits until a program has put an item into the tray.
     [[nodiscard]] bool waitForItem();

@@ -1,4 +1,5 @@
-// Every control of the settings window changes its field of the stored record.
+// Every control of the settings window changes its field of the stored record. The colour wells are in
+// SettingsColorsTest.cpp.
 #include "x11/shell/SettingsForm.h"
 #include "x11/support/Key.h"
 
@@ -61,35 +62,6 @@ TEST_P(SettingsControls, each_slider_moves_its_field_by_a_step_and_to_its_ends)
         expect(Key::kRight, Settings::defaults().*field + step);
         expect(Key::kEnd, most);
         expect(Key::kHome, least);
-    }
-}
-
-struct Well {
-    const char* name;
-    const char* title;
-    RGBA (*color)(const Settings&);
-};
-
-TEST_P(SettingsControls, each_colour_well_changes_its_field_through_the_dialog)
-{
-    open(R"({"pulseEnabled": false, "dimColor": {"r": 1, "g": 1, "b": 1, "a": 1},
-             "borderColor": {"useAccent": false, "custom": {"r": 1, "g": 1, "b": 1, "a": 1}},
-             "glowColor": {"useAccent": false, "custom": {"r": 1, "g": 1, "b": 1, "a": 1}},
-             "tintColor": {"useAccent": false, "custom": {"r": 1, "g": 1, "b": 1, "a": 1}}})");
-    constexpr Well kWells[] = {
-        {"accent", "Accent color", [](const Settings& now) { return now.accent; }},
-        {"borderColor.custom", "Custom color", [](const Settings& now) { return now.borderColor.custom; }},
-        {"glowColor.custom", "Custom color", [](const Settings& now) { return now.glowColor.custom; }},
-        {"tintColor.custom", "Custom color", [](const Settings& now) { return now.tintColor.custom; }},
-        {"dimColor", "Dim color", [](const Settings& now) { return now.dimColor; }},
-    };
-    for (const auto& [name, title, color] : kWells) {
-        const RGBA before = color(stored().value());
-        goTo(name);
-        ASSERT_TRUE(chooseColor(title)) << name;
-        EXPECT_TRUE(waitForStored([&, color = color](const Settings& now) { return color(now) != before; })) << name;
-        press(Key::kReturn);
-        ASSERT_TRUE(shell->waitUntilActive()) << name;
     }
 }
 

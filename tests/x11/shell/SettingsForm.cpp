@@ -18,6 +18,8 @@ std::vector<std::string> SettingsForm::order()
 {
     const Settings now = stored().value_or(Settings::defaults());
     std::vector<std::string> names{"accent", "cornerRadius", "hideWhenFullScreen"};
+    if (bundle)
+        names.push_back("launchAtLogin");
     const auto add = [&names](std::initializer_list<const char*> more) {
         names.insert(names.end(), more.begin(), more.end());
     };
@@ -37,7 +39,7 @@ std::vector<std::string> SettingsForm::order()
         names.insert(names.end(), now.dimApps.begin(), now.dimApps.end());
         add({"addRunningApp", "chooseApplication"});
     }
-    add({"pulseEnabled", "hotkeyEnabled", "resetToDefaults"});
+    add({"pulseEnabled", "hotkeyEnabled", "resetToDefaults", "restart", "quit"});
     return names;
 }
 

@@ -5,6 +5,12 @@
 
 namespace haloric {
 
+// A pixel of the screen.
+struct Spot {
+    int x = 0;
+    int y = 0;
+};
+
 class SettingsForm : public Shell {
 protected:
     // Starts the program and opens its settings; the first control has the keyboard then.
@@ -21,6 +27,12 @@ protected:
     [[nodiscard]] bool chooseColor(const std::string& title);
 
     ScreenRect frame() { return shell->frame(); }
+
+    // Places that the effects colour, around the settings window and on the desktop beside it.
+    Spot onBorder(int depth = 2) { return {frame().x + frame().width / 2, frame().bottom() - depth}; }
+    Spot onGlow(int distance = 4) { return {frame().right() + distance, frame().y + frame().height / 2}; }
+    Spot onTitle() { return {frame().x + frame().width / 4, (frame().y + shell->content().y) / 2}; }
+    static Spot onDesktop() { return {1700, 900}; }
 
 private:
     std::string m_current;

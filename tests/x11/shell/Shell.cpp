@@ -11,9 +11,16 @@ namespace haloric {
 void Shell::startInTray(const std::string& settings)
 {
     client = openFocused({.content = {700, 600, 500, 300}});
-    haloric = std::make_unique<HaloricProcess>(session, settings);
+    haloric = std::make_unique<HaloricProcess>(session, settings, std::vector<std::string>{}, Environment{},
+                                               bundle ? bundle->program() : HaloricProcess::program());
     ASSERT_TRUE(haloric->waitForHighlight(client->visibleFrame()).has_value()) << log();
     shell.emplace(session, panel, *haloric);
+}
+
+std::optional<int> Shell::startAnother(const std::vector<std::string>& arguments)
+{
+    const auto program = bundle ? bundle->program() : HaloricProcess::program();
+    return HaloricProcess(session, {}, arguments, {}, program).process().waitForExit();
 }
 
 std::optional<Settings> Shell::stored()

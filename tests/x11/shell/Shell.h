@@ -3,6 +3,7 @@
 
 #include "settings/Settings.h"
 #include "x11/scenes/Scene.h"
+#include "x11/support/ProgramBundle.h"
 #include "x11/support/ProgramShell.h"
 
 #include <functional>
@@ -12,6 +13,9 @@ namespace haloric {
 
 class Shell : public Scene {
 protected:
+    // From now on the program that is started is an installed one, with this in its information dictionary.
+    void install(const ProgramBundle::Information& information = {}) { bundle.emplace(session, information); }
+
     // Opens a window, starts the program around it and puts it into the tray.
     void startInTray(const std::string& settings = kStill);
 
@@ -24,7 +28,14 @@ protected:
     [[nodiscard]] bool waitForOtherPixel(int x, int y, Pixel color);
     Pixel pixelAt(int x, int y) { return session.observer().capture({x, y, 1, 1}).at(x, y); }
 
+    // Starts the program, or its bundle, with these arguments, and waits for its end; its exit code.
+    std::optional<int> startAnother(const std::vector<std::string>& arguments);
+
+    // Returns after the running program has come back to its loop and answered there, so after what it did before.
+    void waitUntilIdle() { EXPECT_EQ(startAnother({"--print-settings"}), 0); }
+
     TrayPanel panel{session};
+    std::optional<ProgramBundle> bundle; // where it was installed
     std::unique_ptr<TestClient> client;
     std::optional<ProgramShell> shell;
 };

@@ -36,10 +36,14 @@ bool DesktopObserver::windowManagerAnswers()
     return false;
 }
 
-bool DesktopObserver::hasCompositor()
+bool DesktopObserver::hasCompositor() { return isOwned("_NET_WM_CM_S0"); }
+
+bool DesktopObserver::hasTray() { return isOwned("_NET_SYSTEM_TRAY_S0"); }
+
+bool DesktopObserver::isOwned(const std::string& selection)
 {
     const Reply<xcb_get_selection_owner_reply_t> owner(
-        xcb_get_selection_owner_reply(raw(), xcb_get_selection_owner(raw(), atom("_NET_WM_CM_S0")), nullptr));
+        xcb_get_selection_owner_reply(raw(), xcb_get_selection_owner(raw(), atom(selection)), nullptr));
     return owner && owner->owner != XCB_WINDOW_NONE;
 }
 

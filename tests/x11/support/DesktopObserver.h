@@ -23,6 +23,7 @@ public:
 
     bool hasWindowManager();
     bool hasCompositor();
+    bool hasTray(); // of the older kind
 
     // Whether the window manager answers requests by now. It announces itself before it listens, and may leave what
     // it is asked meanwhile lying until something else comes; so this asks once at each call.
@@ -53,6 +54,7 @@ public:
     void setDesktopPicture(const ScreenImage& picture);
 
 private:
+    bool isOwned(const std::string& selection);
     pid_t processOf(xcb_window_t window);
 
     xcb_window_t m_probe = XCB_WINDOW_NONE; // never mapped; there while an answer is awaited

@@ -15,7 +15,7 @@ namespace haloric {
 class HaloricProcess {
 public:
     // Starts the program in `session`'s environment and what is `added` to it. `settings` is the stored record as JSON;
-    // empty: none is stored. `file` is the program, where it is not the one that was built.
+    // empty: what is stored stays. `file` is the program, where it is not the one that was built.
     HaloricProcess(X11Session& session, const std::string& settings = {},
                    const std::vector<std::string>& arguments = {}, const Environment& added = {},
                    const std::filesystem::path& file = program());

@@ -15,7 +15,11 @@ inline constexpr std::uint32_t kUp = 0xFF52;
 inline constexpr std::uint32_t kRight = 0xFF53;
 inline constexpr std::uint32_t kDown = 0xFF54;
 inline constexpr std::uint32_t kEnd = 0xFF57;
+inline constexpr std::uint32_t kNumLock = 0xFF7F;
 inline constexpr std::uint32_t kShift = 0xFFE1;
 inline constexpr std::uint32_t kControl = 0xFFE3;
+inline constexpr std::uint32_t kCapsLock = 0xFFE5;
+inline constexpr std::uint32_t kAlt = 0xFFE9;
+inline constexpr std::uint32_t kSuper = 0xFFEB;
 
 } // namespace haloric::Key

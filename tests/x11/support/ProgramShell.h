@@ -10,8 +10,20 @@
 
 namespace haloric {
 
-// The items of the menu that can be chosen, as the arrow downward passes them.
-enum class MenuEntry { border = 1, glow, tint, dim, pulse, accentColor, settings };
+// The items of the menu that can be chosen, as the arrow downward passes them. Those after the settings are so in an
+// installed program that has a feed of updates.
+enum class MenuEntry {
+    border = 1,
+    glow,
+    tint,
+    dim,
+    pulse,
+    accentColor,
+    settings,
+    launchAtLogin,
+    about,
+    checkForUpdates
+};
 
 inline constexpr const char* kSettingsTitle = "Haloric Settings";
 

@@ -1,5 +1,7 @@
 #include "x11/support/TrayPanel.h"
 
+#include <algorithm>
+
 namespace haloric {
 
 TrayPanel::TrayPanel(X11Session& session, std::vector<std::string> look) : m_session(session), m_look(std::move(look))
@@ -52,10 +54,13 @@ bool TrayPanel::clickIcon(std::uint8_t button)
     return icon.width > 0;
 }
 
+// The program's other windows are inside of frames, and listed by the window manager.
 xcb_window_t TrayPanel::iconBelow(xcb_window_t window)
 {
+    const auto clients = m_session.observer().clientList();
     for (const xcb_window_t child : childrenOf(window)) {
-        const bool isInside = window != m_session.observer().root();
+        const bool isInside =
+            window != m_session.observer().root() && std::ranges::find(clients, child) == clients.end();
         if (isInside && m_session.observer().text(child, "WM_CLASS").starts_with("com.kestrow.haloric"))
             return child;
         if (const xcb_window_t found = iconBelow(child))

@@ -1,5 +1,6 @@
 #include "hosts/x11/qt/X11NotifierHosts.h"
 
+#include <limits>
 #include <utility>
 
 #include <QDBusConnection>
@@ -15,6 +16,7 @@ namespace {
 
 constexpr const char* kService = "org.kde.StatusNotifierWatcher";
 constexpr const char* kPath = "/StatusNotifierWatcher";
+constexpr int kNoTimeout = std::numeric_limits<int>::max(); // as the bus defines it
 
 // Looking for a bus that is not there would start one.
 bool hasSessionBus()
@@ -25,7 +27,7 @@ bool hasSessionBus()
 
 } // namespace
 
-X11NotifierHosts::X11NotifierHosts(Task onFound) : m_onFound(std::move(onFound))
+X11NotifierHosts::X11NotifierHosts(Task onChange) : m_onChange(std::move(onChange))
 {
     if (!hasSessionBus())
         return;
@@ -33,27 +35,38 @@ X11NotifierHosts::X11NotifierHosts(Task onFound) : m_onFound(std::move(onFound))
     if (!bus.isConnected())
         return;
     m_watchers.setConnection(bus);
-    m_watchers.setWatchMode(QDBusServiceWatcher::WatchForRegistration);
     m_watchers.addWatchedService(kService);
     connect(&m_watchers, &QDBusServiceWatcher::serviceRegistered, this, [this] { ask(); });
-    bus.connect(kService, kPath, kService, "StatusNotifierHostRegistered", this, SLOT(found()));
+    connect(&m_watchers, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
+        ++m_question;
+        conclude(false);
+    });
+    bus.connect(kService, kPath, kService, "StatusNotifierHostRegistered", this, SLOT(ask()));
     ask();
 }
 
+// Where nobody has the name, the bus itself answers, by an error.
 void X11NotifierHosts::ask()
 {
     QDBusMessage question = QDBusMessage::createMethodCall(kService, kPath, "org.freedesktop.DBus.Properties", "Get");
     question << QString(kService) << QString("IsStatusNotifierHostRegistered");
     question.setAutoStartService(false);
-    auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* call) {
-        const QDBusPendingReply<QDBusVariant> reply = *call;
-        call->deleteLater();
-        if (!reply.isError() && reply.value().variant().toBool())
-            found();
-    });
+    m_isAsking = true;
+    auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question, kNoTimeout), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this,
+            [this, number = ++m_question](QDBusPendingCallWatcher* call) {
+                const QDBusPendingReply<QDBusVariant> reply = *call;
+                call->deleteLater();
+                if (number == m_question)
+                    conclude(!reply.isError() && reply.value().variant().toBool());
+            });
 }
 
-void X11NotifierHosts::found() { m_onFound(); }
+void X11NotifierHosts::conclude(bool areThere)
+{
+    m_isAsking = false;
+    m_areThere = areThere;
+    m_onChange();
+}
 
 } // namespace haloric

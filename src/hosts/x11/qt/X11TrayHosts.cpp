@@ -29,11 +29,11 @@ X11TrayHosts::X11TrayHosts(X11Connection& connection)
     m_managers = connection.onEvent(XCB_CLIENT_MESSAGE, [this, manager](const xcb_generic_event_t& event) {
         const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
         if (message.type == manager && message.data.data32[1] == m_selection)
-            noteSeen();
+            look();
     });
     connection.selectRootEvents(XCB_EVENT_MASK_STRUCTURE_NOTIFY);
-    m_wereSeen = hasManager();
-    m_notifierHosts = std::make_unique<X11NotifierHosts>([this] { noteSeen(); });
+    m_notifierHosts = std::make_unique<X11NotifierHosts>([this] { look(); });
+    look();
 }
 
 X11TrayHosts::~X11TrayHosts() = default;
@@ -46,9 +46,9 @@ bool X11TrayHosts::hasManager() const
     return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
-void X11TrayHosts::noteSeen()
+void X11TrayHosts::look()
 {
-    if (m_wereSeen)
+    if (m_wereSeen || m_notifierHosts->areSilent() || (!m_notifierHosts->areThere() && !hasManager()))
         return;
     m_wereSeen = true;
     m_seen.publish();

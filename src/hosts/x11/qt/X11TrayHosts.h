@@ -2,7 +2,8 @@
 // `_NET_SYSTEM_TRAY_Sn`, or a host of status notifier items on the session bus. Main thread.
 //
 // Qt decides for one of the two kinds when it is first asked for an item, and never again; so nobody asks it before one
-// is there. At the start of a session programs come up in any order.
+// is there. At the start of a session programs come up in any order. And Qt asks the session bus and waits for the
+// answer: as long as somebody there owes one, no tray counts as seen, or the whole program would wait.
 #pragma once
 
 #include "foundation/Publisher.h"
@@ -31,7 +32,7 @@ public:
 
 private:
     bool hasManager() const;
-    void noteSeen();
+    void look();
 
     X11Connection& m_connection;
     xcb_atom_t m_selection;

@@ -6,6 +6,8 @@
 #include <QNetworkRequest>
 #include <QObject>
 #include <QPointer>
+#include <QSslCertificate>
+#include <QSslConfiguration>
 #include <QTimer>
 #include <QUrl>
 
@@ -14,18 +16,26 @@
 namespace haloric {
 namespace {
 
-bool isAllowed(const QUrl& url, bool allowsPlainLoopback)
+bool isAllowed(const QUrl& url)
 {
     if (!url.isValid() || url.host().isEmpty() || !url.userInfo().isEmpty())
         return false;
     const bool isLoopback = url.host() == QLatin1String("localhost") || QHostAddress(url.host()).isLoopback();
-    return url.scheme() == QLatin1String("https") ||
-           (allowsPlainLoopback && isLoopback && url.scheme() == QLatin1String("http"));
+    return url.scheme() == QLatin1String("https") || (isLoopback && url.scheme() == QLatin1String("http"));
 }
 
-QNetworkRequest requestFor(const QUrl& url)
+QSslConfiguration trustIn(const std::string& authorities)
+{
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    if (!authorities.empty())
+        configuration.setCaCertificates(QSslCertificate::fromData(QByteArray::fromStdString(authorities)));
+    return configuration;
+}
+
+QNetworkRequest requestFor(const QUrl& url, const QSslConfiguration& trust)
 {
     QNetworkRequest request(url);
+    request.setSslConfiguration(trust);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
@@ -40,10 +50,11 @@ QNetworkRequest requestFor(const QUrl& url)
 
 class X11AppcastFetcher::Transfer {
 public:
-    Transfer(std::shared_ptr<QNetworkAccessManager> manager, const Limits& limits,
+    Transfer(std::shared_ptr<QNetworkAccessManager> manager, const Limits& limits, const QSslConfiguration& trust,
              std::function<void(const AppcastDownload&)> done)
         : m_manager(std::move(manager)),
           m_limits(limits),
+          m_trust(trust),
           m_done(std::move(done))
     {
         m_deadline.setSingleShot(true);
@@ -57,14 +68,14 @@ public:
 
     void start(const QUrl& url)
     {
-        if (!isAllowed(url, m_limits.allowsPlainLoopback)) {
+        if (!isAllowed(url)) {
             fail("The address of the update feed is not a secure one (https).");
             return;
         }
         drop();
         m_received.clear();
         m_url = url;
-        m_reply = m_manager->get(requestFor(url));
+        m_reply = m_manager->get(requestFor(url, m_trust));
         QObject::connect(m_reply, &QNetworkReply::readyRead, &m_context, [this] { take(); });
         QObject::connect(m_reply, &QNetworkReply::finished, &m_context, [this] { finish(); });
     }
@@ -85,6 +96,8 @@ private:
         const QUrl target = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
         if (!target.isEmpty()) {
             redirect(m_url.resolved(target));
+        } else if (m_reply->error() == QNetworkReply::SslHandshakeFailedError) {
+            fail("The server of the update feed cannot be trusted: " + m_reply->errorString().toStdString());
         } else if (m_reply->error() != QNetworkReply::NoError) {
             fail("The update feed cannot be reached: " + m_reply->errorString().toStdString());
         } else if (status != 200) {
@@ -133,6 +146,7 @@ private:
 
     std::shared_ptr<QNetworkAccessManager> m_manager;
     Limits m_limits;
+    QSslConfiguration m_trust;
     std::function<void(const AppcastDownload&)> m_done;
     QPointer<QNetworkReply> m_reply;
     QUrl m_url;
@@ -143,8 +157,9 @@ private:
     QObject m_context;
 };
 
-X11AppcastFetcher::X11AppcastFetcher(const Limits& limits)
+X11AppcastFetcher::X11AppcastFetcher(const Limits& limits, std::string authorities)
     : m_limits(limits),
+      m_authorities(std::move(authorities)),
       m_manager(std::make_shared<QNetworkAccessManager>())
 {
 }
@@ -153,7 +168,7 @@ X11AppcastFetcher::~X11AppcastFetcher() = default;
 
 Subscription X11AppcastFetcher::fetch(const std::string& address, std::function<void(const AppcastDownload&)> done)
 {
-    auto transfer = std::make_shared<Transfer>(m_manager, m_limits, std::move(done));
+    auto transfer = std::make_shared<Transfer>(m_manager, m_limits, trustIn(m_authorities), std::move(done));
     transfer->start(QUrl(QString::fromStdString(address), QUrl::StrictMode));
     return Subscription([transfer]() mutable { transfer.reset(); });
 }

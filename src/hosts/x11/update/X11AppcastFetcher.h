@@ -1,5 +1,6 @@
-// Gets a feed over HTTPS, within limits of size, time and redirections, each of which must lead to HTTPS again. Sends
-// no cookies and keeps nothing. Main thread; needs Qt's event loop.
+// Gets a feed over HTTPS, within limits of size, time and redirections, each of which must lead to HTTPS again. Plain
+// HTTP will do where a feed lies on this machine itself: nothing of it leaves the machine. Sends no cookies and keeps
+// nothing. Main thread; needs Qt's event loop.
 #pragma once
 
 #include "hosts/x11/update/AppcastSource.h"
@@ -7,6 +8,7 @@
 #include <chrono>
 #include <cstddef>
 #include <memory>
+#include <string>
 
 class QNetworkAccessManager;
 
@@ -18,11 +20,12 @@ public:
         std::size_t size = std::size_t{1} << 20; // bytes
         std::chrono::milliseconds time{15'000};  // from the request to the last byte, over all redirections
         int redirections = 5;
-        bool allowsPlainLoopback = false; // for tests: plain HTTP from this machine to itself
     };
 
     X11AppcastFetcher() : X11AppcastFetcher(Limits()) {}
-    explicit X11AppcastFetcher(const Limits& limits);
+
+    // `authorities` are the certificates, in PEM, of who may vouch for a server; empty: those of the system.
+    explicit X11AppcastFetcher(const Limits& limits, std::string authorities = {});
     ~X11AppcastFetcher() override;
 
     Subscription fetch(const std::string& address, std::function<void(const AppcastDownload&)> done) override;
@@ -31,6 +34,7 @@ private:
     class Transfer;
 
     Limits m_limits;
+    std::string m_authorities; // in PEM
     std::shared_ptr<QNetworkAccessManager> m_manager;
 };
 

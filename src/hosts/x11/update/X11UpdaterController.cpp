@@ -70,7 +70,16 @@ void X11UpdaterController::checkForUpdates()
     if (m_isShowing)
         return;
     m_userAsked = true;
+    m_progress.reset(); // shown anew, it comes to the front
+    m_progress = m_platform.progress.show([this] { cancel(); });
     check();
+}
+
+void X11UpdaterController::cancel()
+{
+    m_userAsked = false;
+    m_fetch.reset();
+    m_progress.reset();
 }
 
 void X11UpdaterController::lookWhetherDue()
@@ -98,6 +107,7 @@ void X11UpdaterController::receive(const AppcastDownload& download)
         if (X11UpdaterController* self = weak.get())
             self->tell(download, userAsked);
     });
+    m_progress.reset();
     m_fetch.reset();
 }
 

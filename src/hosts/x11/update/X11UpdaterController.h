@@ -1,11 +1,13 @@
-// Looks whether there is a newer version, when the user asks and once a day by itself, and tells of it in alerts. It
-// downloads and installs nothing: the user is led to the web page. Main thread.
+// Looks whether there is a newer version, when the user asks and once a day by itself, and tells of it in alerts. A
+// user who asked sees that it looks, and can end that. It downloads and installs nothing: the user is led to the web
+// page. Main thread.
 #pragma once
 
 #include "foundation/Subscription.h"
 #include "foundation/Time.h"
 #include "foundation/WeakAnchor.h"
 #include "hosts/x11/update/AppcastSource.h"
+#include "hosts/x11/update/UpdateProgress.h"
 #include "platform/Alerts.h"
 #include "platform/UpdaterFramework.h"
 
@@ -29,6 +31,7 @@ public:
     struct Platform {
         RunLoop& runLoop;
         AppcastSource& source;
+        UpdateProgress& progress;
         Alerts& alerts;
         Workspace& workspace;
         UserDefaults& userDefaults;
@@ -50,6 +53,7 @@ public:
 private:
     void lookWhetherDue();
     void check();
+    void cancel();
     void receive(const AppcastDownload& download);
     void tell(const AppcastDownload& download, bool userAsked);
     void show(const AlertModel& alert, const std::string& page);
@@ -60,7 +64,8 @@ private:
     bool m_isShowing = false;
     Subscription m_firstLook;
     Subscription m_looks;
-    Subscription m_fetch; // while one is under way
+    Subscription m_fetch;    // while one is under way
+    Subscription m_progress; // while a user waits for it
     WeakAnchor<X11UpdaterController> m_weakAnchor{*this};
 };
 

@@ -2,6 +2,7 @@
 
 #include "hosts/sim/SimRunLoop.h"
 #include "support/FakeAlerts.h"
+#include "support/FakeUpdateProgress.h"
 #include "support/FakeUserDefaults.h"
 #include "support/FakeWorkspace.h"
 
@@ -29,13 +30,18 @@ constexpr Seconds kDay{86400};
 struct X11UpdaterControllerTest : testing::Test {
     SimRunLoop loop;
     FakeAppcastSource source;
+    FakeUpdateProgress progress;
     FakeAlerts alerts;
     FakeWorkspace workspace;
     FakeUserDefaults defaults;
     std::optional<X11UpdaterController> controller{
         std::in_place,
-        X11UpdaterController::Platform{
-            .runLoop = loop, .source = source, .alerts = alerts, .workspace = workspace, .userDefaults = defaults},
+        X11UpdaterController::Platform{.runLoop = loop,
+                                       .source = source,
+                                       .progress = progress,
+                                       .alerts = alerts,
+                                       .workspace = workspace,
+                                       .userDefaults = defaults},
         X11UpdaterController::Installed{.feed = "https://example.org/feed", .version = "12", .displayVersion = "1.2"}};
 
     X11UpdaterControllerTest() { loop.setWallClockOrigin(Seconds(1'800'000'000)); }
@@ -186,6 +192,42 @@ TEST_F(X11UpdaterControllerTest, while_an_alert_is_up_there_is_no_second_one)
     alerts.whileShown = nullptr;
     controller->checkForUpdates();
     EXPECT_EQ(source.asked.size(), 2U);
+}
+
+TEST_F(X11UpdaterControllerTest, a_user_who_asked_sees_that_it_looks_until_the_answer_is_there)
+{
+    alerts.whileShown = [this] { EXPECT_FALSE(progress.isShown); };
+    controller->checkForUpdates();
+    EXPECT_TRUE(progress.isShown);
+    controller->checkForUpdates();
+    EXPECT_TRUE(progress.isShown);
+    EXPECT_EQ(progress.timesShown, 2); // to the front
+    answer(feed("12"));
+    EXPECT_EQ(alerts.shown.size(), 1U);
+    EXPECT_FALSE(progress.isShown);
+}
+
+TEST_F(X11UpdaterControllerTest, a_check_by_itself_is_not_shown_before_a_user_asks)
+{
+    controller->start();
+    loop.runFor(Seconds(61));
+    EXPECT_FALSE(progress.isShown);
+    controller->checkForUpdates();
+    EXPECT_TRUE(progress.isShown);
+}
+
+TEST_F(X11UpdaterControllerTest, a_cancelled_check_ends_without_a_word_and_can_be_asked_for_again)
+{
+    controller->checkForUpdates();
+    progress.cancel();
+    EXPECT_TRUE(source.dropped);
+    EXPECT_FALSE(progress.isShown);
+    loop.runPosted();
+    EXPECT_TRUE(alerts.shown.empty());
+    controller->checkForUpdates();
+    EXPECT_EQ(source.asked.size(), 2U);
+    answer(feed("13"));
+    EXPECT_EQ(alerts.shown.size(), 1U);
 }
 
 TEST_F(X11UpdaterControllerTest, it_may_go_while_a_check_is_under_way_and_while_an_alert_is_up)

@@ -1,13 +1,14 @@
 #include "hosts/x11/update/X11UpdaterFramework.h"
 
-#include "LoopbackServer.h"
 #include "QtTestLoop.h"
 #include "hosts/sim/SimRunLoop.h"
 #include "hosts/x11/update/X11AppcastFetcher.h"
 #include "support/FakeAlerts.h"
 #include "support/FakeBundle.h"
+#include "support/FakeUpdateProgress.h"
 #include "support/FakeUserDefaults.h"
 #include "support/FakeWorkspace.h"
+#include "support/LoopbackServer.h"
 
 namespace haloric {
 namespace {
@@ -15,15 +16,20 @@ namespace {
 struct X11UpdaterFrameworkTest : testing::Test {
     QtTestLoop qtLoop;
     SimRunLoop loop;
-    X11AppcastFetcher source{{.allowsPlainLoopback = true}};
+    X11AppcastFetcher source;
+    FakeUpdateProgress progress;
     FakeAlerts alerts;
     FakeWorkspace workspace;
     FakeUserDefaults defaults;
     FakeBundle bundle;
     UpdaterDelegate delegate;
-    X11UpdaterFramework framework{
-        {.runLoop = loop, .source = source, .alerts = alerts, .workspace = workspace, .userDefaults = defaults},
-        bundle};
+    X11UpdaterFramework framework{{.runLoop = loop,
+                                   .source = source,
+                                   .progress = progress,
+                                   .alerts = alerts,
+                                   .workspace = workspace,
+                                   .userDefaults = defaults},
+                                  bundle};
 };
 
 TEST_F(X11UpdaterFrameworkTest, the_feed_of_the_dictionary_is_checked_against_its_version)

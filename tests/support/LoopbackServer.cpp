@@ -1,4 +1,4 @@
-#include "LoopbackServer.h"
+#include "support/LoopbackServer.h"
 
 #include <array>
 #include <stdexcept>
@@ -80,8 +80,10 @@ void LoopbackServer::serve(PosixDescriptor peer)
             return;
         rest.remove_prefix(static_cast<std::size_t>(count));
     }
-    if (m_ending == Ending::never)
+    if (m_ending == Ending::never) {
         m_open.push_back(std::move(peer));
+        return;
+    }
     // A client that sees the end before it has read the reply may ask once more.
     while (m_ending == Ending::byClient && recv(peer.number(), part.data(), part.size(), 0) > 0) {
     }

@@ -7,7 +7,12 @@ namespace {
 
 class MenuShell : public Shell {
 protected:
-    void SetUp() override { startInTray(); }
+    void SetUp() override
+    {
+        startInTray();
+        // What the screen shows then is newer than the title bar that the window manager has painted.
+        ASSERT_TRUE(waitForBorder(*client)) << log();
+    }
 
     ScreenRect frame() { return client->visibleFrame(); }
     int middleX() { return frame().x + frame().width / 2; }

@@ -45,6 +45,7 @@ TEST_P(SettingsEffects, tint_and_dimming_are_as_strong_as_the_settings_say)
     open();
     const int titleX = frame().x + frame().width / 4;
     const int titleY = (frame().y + shell->content().y) / 2;
+    ASSERT_TRUE(waitForPixel(middleX(), frame().bottom() - 2, kAccent)); // and the title bar is painted by then
     const Pixel title = pixelAt(titleX, titleY);
     goTo("tintEnabled");
     press(Key::kSpace);

@@ -72,8 +72,7 @@ TEST(X11SerialQueues, what_a_block_holds_is_released_on_the_queue)
         delete value;
         released.set_value(std::this_thread::get_id());
     });
-    queue->async([held] {});
-    held.reset();
+    queue->async([alone = std::move(held)] {});
     EXPECT_NE(released.get_future().get(), std::this_thread::get_id());
 }
 

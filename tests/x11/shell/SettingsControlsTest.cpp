@@ -9,23 +9,9 @@ namespace {
 class SettingsControls : public SettingsForm {};
 INSTANTIATE_TEST_SUITE_P(Desktops, SettingsControls, testing::Values(kOpenboxPicom), nameOf);
 
-struct Toggle {
-    const char* name;
-    bool Settings::*field;
-};
-
 TEST_P(SettingsControls, each_toggle_turns_its_field_and_nothing_else)
 {
     open("{}");
-    constexpr Toggle kToggles[] = {
-        {"hideWhenFullScreen", &Settings::hideWhenFullScreen},
-        {"borderEnabled", &Settings::borderEnabled},
-        {"glowEnabled", &Settings::glowEnabled},
-        {"tintEnabled", &Settings::tintEnabled},
-        {"dimEnabled", &Settings::dimEnabled},
-        {"pulseEnabled", &Settings::pulseEnabled},
-        {"hotkeyEnabled", &Settings::hotkeyEnabled},
-    };
     Settings expected;
     for (const auto& [name, field] : kToggles) {
         goTo(name);

@@ -11,6 +11,21 @@ struct Spot {
     int y = 0;
 };
 
+// A switch of one field, named as in SettingsForm::order().
+struct Toggle {
+    const char* name;
+    bool Settings::*field;
+};
+inline constexpr Toggle kToggles[] = {
+    {"hideWhenFullScreen", &Settings::hideWhenFullScreen},
+    {"borderEnabled", &Settings::borderEnabled},
+    {"glowEnabled", &Settings::glowEnabled},
+    {"tintEnabled", &Settings::tintEnabled},
+    {"dimEnabled", &Settings::dimEnabled},
+    {"pulseEnabled", &Settings::pulseEnabled},
+    {"hotkeyEnabled", &Settings::hotkeyEnabled},
+};
+
 class SettingsForm : public Shell {
 protected:
     // Starts the program and opens its settings; the first control has the keyboard then.

@@ -115,19 +115,6 @@ TEST_P(SettingsPointer, a_dragged_slider_stores_each_step_and_label_and_border_f
 
 TEST_P(SettingsPointer, a_click_turns_each_toggle)
 {
-    struct Toggle {
-        const char* name;
-        bool Settings::*field;
-    };
-    constexpr Toggle kToggles[] = {
-        {"hideWhenFullScreen", &Settings::hideWhenFullScreen},
-        {"borderEnabled", &Settings::borderEnabled},
-        {"glowEnabled", &Settings::glowEnabled},
-        {"tintEnabled", &Settings::tintEnabled},
-        {"dimEnabled", &Settings::dimEnabled},
-        {"pulseEnabled", &Settings::pulseEnabled},
-        {"hotkeyEnabled", &Settings::hotkeyEnabled},
-    };
     open();
     for (const auto& [name, field] : kToggles) {
         const bool wasOn = stored().value().*field;

@@ -1,5 +1,6 @@
 // The program started while it runs already, and what it can be told from a command line.
 #include "x11/scenes/Scene.h"
+#include "x11/support/ProgramShell.h"
 
 #include <algorithm>
 #include <csignal>
@@ -152,7 +153,13 @@ TEST_F(SecondStartScene, the_settings_are_printed_without_a_display)
 TEST_F(SecondStartScene, settings_without_a_running_program_start_it)
 {
     HaloricProcess first(session, kStill, {"--settings"});
-    awaitWork(first);
+    DesktopObserver& observer = session.observer();
+    // The only window that may get the focus: the settings.
+    ASSERT_TRUE(observer.waitUntil([&] {
+        return observer.text(observer.activeWindow(), "_NET_WM_NAME") == kSettingsTitle;
+    })) << first.process().standardError();
+    const xcb_window_t frame = observer.topLevelOf(observer.activeWindow());
+    EXPECT_TRUE(first.waitForHighlight(observer.rectOnRoot(frame))) << first.process().standardError();
     EXPECT_EQ(start({"--quit"}).exitCode, 0);
     EXPECT_EQ(first.process().waitForExit(), 0);
 }

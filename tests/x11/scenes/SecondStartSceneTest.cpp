@@ -41,6 +41,16 @@ struct SecondStartScene : testing::Test {
         ASSERT_TRUE(client->showFocused());
         ASSERT_TRUE(haloric.waitForHighlight(client->visibleFrame())) << haloric.process().standardError();
     }
+    // The same for a program that opens its settings: no other window may have the focus then.
+    void awaitSettings(HaloricProcess& haloric)
+    {
+        DesktopObserver& observer = session.observer();
+        const auto activeTitle = [&] { return observer.text(observer.activeWindow(), "_NET_WM_NAME"); };
+        ASSERT_TRUE(observer.waitUntil([&] { return activeTitle() == kSettingsTitle; }))
+            << haloric.process().standardError();
+        const xcb_window_t frame = observer.topLevelOf(observer.activeWindow());
+        ASSERT_TRUE(haloric.waitForHighlight(observer.rectOnRoot(frame))) << haloric.process().standardError();
+    }
 };
 
 TEST_F(SecondStartScene, a_second_start_leaves_the_work_to_the_first)
@@ -69,7 +79,7 @@ TEST_F(SecondStartScene, of_several_starts_at_once_one_runs)
         if (!each->process().isRunning()) {
             EXPECT_EQ(each->process().waitForExit(), 0) << each->process().standardError();
         } else {
-            awaitWork(*each);
+            awaitSettings(*each); // that is what the others asked of it
         }
     }
     EXPECT_EQ(running(), 1);
@@ -153,13 +163,7 @@ TEST_F(SecondStartScene, the_settings_are_printed_without_a_display)
 TEST_F(SecondStartScene, settings_without_a_running_program_start_it)
 {
     HaloricProcess first(session, kStill, {"--settings"});
-    DesktopObserver& observer = session.observer();
-    // The only window that may get the focus: the settings.
-    ASSERT_TRUE(observer.waitUntil([&] {
-        return observer.text(observer.activeWindow(), "_NET_WM_NAME") == kSettingsTitle;
-    })) << first.process().standardError();
-    const xcb_window_t frame = observer.topLevelOf(observer.activeWindow());
-    EXPECT_TRUE(first.waitForHighlight(observer.rectOnRoot(frame))) << first.process().standardError();
+    awaitSettings(first);
     EXPECT_EQ(start({"--quit"}).exitCode, 0);
     EXPECT_EQ(first.process().waitForExit(), 0);
 }

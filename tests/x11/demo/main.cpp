@@ -13,8 +13,9 @@ int main(int argumentCount, char** arguments)
 {
     std::span<char*> words(arguments + 1, static_cast<std::size_t>(argumentCount - 1));
     const bool isForDocumentation = !words.empty() && std::string_view(words.front()) == "--documentation";
-    if (isForDocumentation && words.size() != 3) {
-        std::fprintf(stderr, "usage: haloric-demo --documentation FOLDER PROGRAM\n");
+    const bool isUnknown = !isForDocumentation && !words.empty() && words.front()[0] == '-';
+    if (isUnknown || (isForDocumentation ? words.size() != 3 : words.size() > 1)) {
+        std::fprintf(stderr, "usage: haloric-demo [FOLDER]\n       haloric-demo --documentation FOLDER PROGRAM\n");
         return 2;
     }
     if (isForDocumentation)

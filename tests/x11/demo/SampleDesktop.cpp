@@ -35,7 +35,7 @@ SampleDesktop::SampleDesktop(int width, int height, Tone tone)
     writeCompositorConfiguration(file);
     m_compositor.emplace(ChildProcess::Options{
         {"picom", "--config", file.string()}, m_session.environment(), m_session.server().folder() / "picom.log", -1});
-    require(observer.waitUntil([&] { return observer.hasCompositor(); }), "the compositor does not start");
+    require(observer.waitUntil([&] { return observer.compositorDraws(); }), "the compositor does not start");
 
     const std::string panelHeight = std::to_string(kPanelHeight * kScale);
     m_panel.emplace(m_session, std::vector<std::string>{"--align", "right", "--height", panelHeight, "--widthtype",

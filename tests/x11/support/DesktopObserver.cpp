@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <xcb/composite.h>
 #include <xcb/res.h>
 
 namespace haloric {
@@ -37,6 +38,27 @@ bool DesktopObserver::windowManagerAnswers()
 }
 
 bool DesktopObserver::hasCompositor() { return isOwned("_NET_WM_CM_S0"); }
+
+// Only a window that is drawn into a picture of its own, for somebody else to bring to the screen, has such a picture.
+bool DesktopObserver::compositorDraws()
+{
+    if (m_mappedProbe == XCB_WINDOW_NONE) {
+        m_mappedProbe = xcb_generate_id(raw());
+        const std::uint32_t isOverrideRedirect = 1;
+        xcb_create_window(raw(), XCB_COPY_FROM_PARENT, m_mappedProbe, root(), -1, -1, 1, 1, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT,
+                          &isOverrideRedirect);
+        xcb_map_window(raw(), m_mappedProbe);
+    }
+    const xcb_pixmap_t picture = xcb_generate_id(raw());
+    const auto naming = xcb_composite_name_window_pixmap_checked(raw(), m_mappedProbe, picture);
+    if (const Reply<xcb_generic_error_t> error(xcb_request_check(raw(), naming)); error)
+        return false;
+    xcb_free_pixmap(raw(), picture);
+    xcb_destroy_window(raw(), m_mappedProbe);
+    m_mappedProbe = XCB_WINDOW_NONE;
+    return true;
+}
 
 bool DesktopObserver::hasTray() { return isOwned("_NET_SYSTEM_TRAY_S0"); }
 

@@ -29,6 +29,10 @@ public:
     // it is asked meanwhile lying until something else comes; so this asks once at each call.
     bool windowManagerAnswers();
 
+    // Whether a compositor draws the windows by now. It announces itself before it does, and may never learn of a
+    // change of the screen's size that falls in between.
+    bool compositorDraws();
+
     xcb_window_t activeWindow();
     std::vector<xcb_window_t> clientList();         // in the order in which they came
     std::vector<xcb_window_t> clientListStacking(); // bottom to top
@@ -57,7 +61,8 @@ private:
     bool isOwned(const std::string& selection);
     pid_t processOf(xcb_window_t window);
 
-    xcb_window_t m_probe = XCB_WINDOW_NONE; // never mapped; there while an answer is awaited
+    xcb_window_t m_probe = XCB_WINDOW_NONE;       // never mapped; there while an answer is awaited
+    xcb_window_t m_mappedProbe = XCB_WINDOW_NONE; // beyond the screen; there until a compositor draws it
 };
 
 } // namespace haloric

@@ -109,7 +109,7 @@ void X11Session::startWindowManager()
         return;
     m_windowManager = start(commandOf(m_kind), "window-manager.log");
     const auto isReady = [this] {
-        return m_observer->hasWindowManager() && (!composites() || m_observer->hasCompositor()) &&
+        return m_observer->hasWindowManager() && (!composites() || m_observer->compositorDraws()) &&
                m_observer->windowManagerAnswers();
     };
     waitForPart(*m_windowManager, "window-manager.log", isReady);
@@ -127,7 +127,7 @@ void X11Session::startCompositor()
     const auto configuration = m_server->folder() / "picom.conf";
     std::ofstream(configuration) << "backend = \"xrender\";\nvsync = false;\nshadow = false;\nfading = false;\n";
     m_compositor = start({"picom", "--config", configuration.string()}, "compositor.log");
-    waitForPart(*m_compositor, "compositor.log", [this] { return m_observer->hasCompositor(); });
+    waitForPart(*m_compositor, "compositor.log", [this] { return m_observer->compositorDraws(); });
 }
 
 void X11Session::stopCompositor()

@@ -5,7 +5,6 @@
 #include "x11/support/Require.h"
 
 #include <cstdio>
-#include <set>
 #include <thread>
 #include <vector>
 
@@ -25,9 +24,9 @@ SliderTrack findTrack(TrayDesktop& desktop)
 {
     DesktopObserver& observer = desktop.session().observer();
     constexpr int kInset = 24; // the border of the highlight changes, too
-    const ScreenRect window = desktop.shell().content();
-    const ScreenRect content{window.x + kInset, window.y + kInset, window.width - 2 * kInset,
-                             window.height - 2 * kInset};
+    const ScreenRect all = desktop.shell().content();
+    // The right half: the text with the value stands in the other one.
+    const ScreenRect content{all.x + all.width / 2, all.y + kInset, all.width / 2 - kInset, all.height - 2 * kInset};
     const auto captureAfter = [&](std::uint32_t key) {
         const ScreenImage before = observer.capture(content);
         desktop.session().input().chord({key});
@@ -37,23 +36,10 @@ SliderTrack findTrack(TrayDesktop& desktop)
     };
     const ScreenImage atEnd = captureAfter(Key::kEnd);
     const ScreenImage atStart = captureAfter(Key::kHome);
-    std::set<int> columns;
-    std::set<int> rows;
-    for (int y = content.y; y < content.bottom(); ++y) {
-        for (int x = content.x; x < content.right(); ++x) {
-            if (atEnd.at(x, y) != atStart.at(x, y)) {
-                columns.insert(x);
-                rows.insert(y);
-            }
-        }
-    }
-    require(!columns.empty(), "the slider does not move");
-    // The last run of changed columns is the slider's; before it stands the text with its value.
-    int left = *columns.rbegin();
-    while (columns.contains(left - 1))
-        --left;
-    const int handle = *rows.rbegin() - *rows.begin() + 1; // about as wide as it is high
-    return {left + handle / 2, *columns.rbegin() - handle / 2, (*rows.begin() + *rows.rbegin()) / 2};
+    const ScreenRect changed = boundsOfDifference(atEnd, atStart);
+    require(changed.width > 0, "the slider does not move");
+    const int knob = changed.height / 2; // round
+    return {changed.x + knob, changed.right() - knob, changed.y + knob};
 }
 
 // Drags the slider of the border's width, and looks at that border below the middle of the settings window.

@@ -4,8 +4,6 @@
 #include "x11/support/Key.h"
 #include "x11/support/Require.h"
 
-#include <set>
-
 namespace haloric {
 
 TrayDesktop::TrayDesktop()
@@ -23,12 +21,8 @@ double TrayDesktop::proportionalMegabytes() const { return ProcessFigures::of(m_
 
 bool TrayDesktop::isPainted()
 {
-    constexpr std::size_t kTextColors = 8; // more than a window without text has
     const ScreenRect content = m_shell->content();
-    if (content.width == 0)
-        return false;
-    const ScreenImage now = m_session.observer().capture(content);
-    return std::set<Pixel>(now.pixels().begin(), now.pixels().end()).size() >= kTextColors;
+    return content.width > 0 && m_session.observer().capture(content).isPainted();
 }
 
 double TrayDesktop::openSettings()

@@ -2,8 +2,6 @@
 #include "x11/shell/SettingsForm.h"
 #include "x11/support/Key.h"
 
-#include <algorithm>
-
 namespace haloric {
 namespace {
 
@@ -38,26 +36,6 @@ protected:
         EXPECT_TRUE(waitForStored(isStored));
         waitUntilIdle();
         return session.observer().capture(controls());
-    }
-
-    static ScreenRect boundsOfDifference(const ScreenImage& a, const ScreenImage& b)
-    {
-        const ScreenRect& area = a.area();
-        int left = area.right();
-        int right = area.x;
-        int top = area.bottom();
-        int bottom = area.y;
-        for (int y = area.y; y < area.bottom(); ++y) {
-            for (int x = area.x; x < area.right(); ++x) {
-                if (a.at(x, y) == b.at(x, y))
-                    continue;
-                left = std::min(left, x);
-                right = std::max(right, x + 1);
-                top = std::min(top, y);
-                bottom = std::max(bottom, y + 1);
-            }
-        }
-        return {left, top, right - left, bottom - top};
     }
 
     static Predicate isWidth(double value)

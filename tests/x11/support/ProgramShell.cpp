@@ -2,21 +2,7 @@
 
 #include "x11/support/Key.h"
 
-#include <algorithm>
-#include <set>
-
 namespace haloric {
-
-namespace {
-
-constexpr std::size_t kTextColors = 8; // more than any picture without text has
-
-bool isPainted(const ScreenImage& image)
-{
-    return std::set<Pixel>(image.pixels().begin(), image.pixels().end()).size() >= kTextColors;
-}
-
-} // namespace
 
 std::vector<ScreenRect> ProgramShell::menus()
 {
@@ -41,7 +27,7 @@ std::optional<ScreenRect> ProgramShell::waitForMenu(std::size_t count)
         ScreenImage now = m_session.observer().capture(menu);
         const bool isStill = now == last;
         last = std::move(now);
-        return isStill && isPainted(last);
+        return isStill && last.isPainted();
     };
     if (m_session.observer().waitUntil(isThere))
         return menu;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <set>
 
 #include <cairo/cairo.h>
 
@@ -53,6 +54,32 @@ bool ScreenImage::savePng(const std::filesystem::path& path) const
     const bool written = cairo_surface_write_to_png(surface, path.c_str()) == CAIRO_STATUS_SUCCESS;
     cairo_surface_destroy(surface);
     return written;
+}
+
+bool ScreenImage::isPainted() const
+{
+    constexpr std::size_t kTextColors = 8;
+    return std::set<Pixel>(m_pixels.begin(), m_pixels.end()).size() >= kTextColors;
+}
+
+ScreenRect boundsOfDifference(const ScreenImage& a, const ScreenImage& b)
+{
+    const ScreenRect& area = a.area();
+    int left = area.right();
+    int right = area.x;
+    int top = area.bottom();
+    int bottom = area.y;
+    for (int y = area.y; y < area.bottom(); ++y) {
+        for (int x = area.x; x < area.right(); ++x) {
+            if (a.at(x, y) == b.at(x, y))
+                continue;
+            left = std::min(left, x);
+            right = std::max(right, x + 1);
+            top = std::min(top, y);
+            bottom = std::max(bottom, y + 1);
+        }
+    }
+    return left < right ? ScreenRect{left, top, right - left, bottom - top} : ScreenRect{};
 }
 
 } // namespace haloric

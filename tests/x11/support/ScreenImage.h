@@ -42,11 +42,17 @@ public:
 
     bool savePng(const std::filesystem::path& path) const;
 
+    // Whether there is text on it: it has more colours than a plain area has.
+    bool isPainted() const;
+
     friend bool operator==(const ScreenImage&, const ScreenImage&) = default;
 
 private:
     ScreenRect m_area;
     std::vector<Pixel> m_pixels;
 };
+
+// What holds every pixel in which two pictures of the same area differ; empty size when they are the same.
+ScreenRect boundsOfDifference(const ScreenImage& a, const ScreenImage& b);
 
 } // namespace haloric

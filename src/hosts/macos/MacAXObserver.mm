@@ -2,6 +2,7 @@
 
 #include "hosts/macos/MacAXElement.h"
 #include "hosts/macos/MacConversions.h"
+#include "hosts/macos/OwnPool.h"
 
 #include <utility>
 
@@ -34,7 +35,7 @@ void MacAXObserver::deliver(AXObserverRef, AXUIElementRef, CFStringRef notificat
 {
     // A copy, and nothing touched afterwards: the callback may have the observer released on its queue meanwhile.
     const auto callback = static_cast<const MacAXObserver*>(context)->m_callback;
-    callback(stringFrom((__bridge NSString*)notification));
+    withOwnPool([&] { callback(stringFrom((__bridge NSString*)notification)); });
 }
 
 } // namespace haloric

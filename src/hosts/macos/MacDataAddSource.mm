@@ -1,5 +1,7 @@
 #include "hosts/macos/MacDataAddSource.h"
 
+#include "hosts/macos/OwnPool.h"
+
 #include <utility>
 
 namespace haloric {
@@ -9,7 +11,7 @@ MacDataAddSource::MacDataAddSource(Task handler)
 {
     dispatch_source_set_event_handler(m_source, ^{
       const Task running = handler; // it may cancel the source, which lets go of this block
-      running();
+      withOwnPool(running);
     });
 }
 

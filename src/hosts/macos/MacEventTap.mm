@@ -1,5 +1,7 @@
 #include "hosts/macos/MacEventTap.h"
 
+#include "hosts/macos/OwnPool.h"
+
 #include <utility>
 
 namespace haloric {
@@ -58,7 +60,7 @@ CGEventRef MacEventTap::take(CGEventTapProxy, CGEventType type, CGEventRef event
         taken.flags = CGEventGetFlags(event);
     }
     const auto handler = static_cast<const MacEventTap*>(context)->m_handler;
-    handler(taken);
+    withOwnPool([&] { handler(taken); });
     return event;
 }
 

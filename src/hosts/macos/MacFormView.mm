@@ -1,6 +1,7 @@
 #import "hosts/macos/MacFormView.h"
 
 #include "hosts/macos/MacConversions.h"
+#import "hosts/macos/MacFormButtons.h"
 #include "hosts/macos/MacFormLayout.h"
 #import "hosts/macos/MacFormRowView.h"
 #import "hosts/macos/MacFormSectionView.h"
@@ -27,7 +28,7 @@ constexpr double kSpacing = 18;
 
 @implementation MacFormView {
     MacFormDocument* _document;
-    NSStackView* _buttons;
+    MacFormButtons* _buttons;
     NSDictionary<NSString*, MacFormRowView*>* _rows;
     NSDictionary<NSString*, MacFormSectionView*>* _sections;
 }
@@ -41,8 +42,7 @@ constexpr double kSpacing = 18;
     self.drawsBackground = NO;
     _rows = @{};
     _sections = @{};
-    _buttons = [[NSStackView alloc] initWithFrame:NSZeroRect];
-    _buttons.spacing = 0;
+    _buttons = [[MacFormButtons alloc] initWithFrame:NSZeroRect];
     _document = [[MacFormDocument alloc] initWithFrame:NSZeroRect];
     _document.translatesAutoresizingMaskIntoConstraints = NO;
     _document.orientation = NSUserInterfaceLayoutOrientationVertical;
@@ -75,7 +75,7 @@ constexpr double kSpacing = 18;
         sections[identity] = view;
         [parts addObject:view];
     }
-    haloric::arrange(_buttons, [self viewsFor:form.buttons keeping:rows]);
+    [_buttons showButtons:[self viewsFor:form.buttons keeping:rows] within:[self widthOfContent]];
     [parts addObject:_buttons];
     haloric::arrange(_document, parts);
 
@@ -86,6 +86,14 @@ constexpr double kSpacing = 18;
     });
     _rows = rows;
     _sections = sections;
+}
+
+// Beside a scroller, whether it is there by now or not.
+- (CGFloat)widthOfContent
+{
+    const CGFloat scroller = [NSScroller scrollerWidthForControlSize:NSControlSizeRegular
+                                                       scrollerStyle:NSScrollerStyleLegacy];
+    return NSWidth(self.frame) - 2 * kMargin - scroller;
 }
 
 - (NSArray<NSView*>*)viewsFor:(const std::vector<haloric::FormRow>&)rows

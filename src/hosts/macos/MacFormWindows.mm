@@ -15,8 +15,10 @@ static_assert((NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowSty
 
 - (BOOL)performKeyEquivalent:(NSEvent*)event
 {
-    const NSEventModifierFlags flags = event.modifierFlags & NSEventModifierFlagDeviceIndependentFlagsMask;
-    if (flags == NSEventModifierFlagCommand && [event.charactersIgnoringModifiers isEqualToString:@"w"]) {
+    constexpr NSEventModifierFlags kHeld = NSEventModifierFlagCommand | NSEventModifierFlagShift |
+                                           NSEventModifierFlagOption | NSEventModifierFlagControl; // Caps Lock is not
+    const BOOL isCommandAlone = (event.modifierFlags & kHeld) == NSEventModifierFlagCommand;
+    if (isCommandAlone && [event.charactersIgnoringModifiers.lowercaseString isEqualToString:@"w"]) {
         [self performClose:nil];
         return YES;
     }

@@ -1,6 +1,7 @@
 #include "hosts/macos/MacRunLoop.h"
 
 #include "hosts/macos/MacConversions.h"
+#include "hosts/macos/OwnPool.h"
 
 #import <Foundation/Foundation.h>
 
@@ -16,7 +17,7 @@ Subscription addTimer(Seconds interval, Seconds tolerance, BOOL repeats, Task ta
 {
     const auto fire = ^(NSTimer*) {
       const Task running = task; // it may invalidate its own timer, and end this block with it
-      running();
+      withOwnPool(running);
     };
     NSTimer* timer = [NSTimer timerWithTimeInterval:interval.count() repeats:repeats block:fire];
     timer.tolerance = tolerance.count();
@@ -33,14 +34,14 @@ Seconds MacRunLoop::wallClock() const { return Seconds(NSDate.date.timeIntervalS
 void MacRunLoop::post(Task task)
 {
     dispatch_async(dispatch_get_main_queue(), ^{
-      task();
+      withOwnPool(task);
     });
 }
 
 void MacRunLoop::postAfter(Seconds delay, Task task)
 {
     dispatch_after(dispatchTimeAfter(delay), dispatch_get_main_queue(), ^{
-      task();
+      withOwnPool(task);
     });
 }
 

@@ -1,5 +1,7 @@
 #include "hosts/macos/MacScreenLink.h"
 
+#include "hosts/macos/OwnPool.h"
+
 #include <utility>
 
 // What the link calls; the link keeps it until it is invalidated.
@@ -23,7 +25,7 @@ API_AVAILABLE(macos(14.0))
 - (void)displayTick:(CADisplayLink*)__unused link
 {
     const haloric::Task tick = _tick; // it may invalidate the link, and release this object with it
-    tick();
+    haloric::withOwnPool(tick);
 }
 
 @end

@@ -1,5 +1,7 @@
 #include "hosts/macos/MacSerialQueues.h"
 
+#include "hosts/macos/OwnPool.h"
+
 #import <Foundation/Foundation.h>
 
 #include <string>
@@ -28,9 +30,7 @@ public:
     void async(Task block) override
     {
         dispatch_async(m_queue, ^{
-          @autoreleasepool { // the queue's own pool is drained at no certain time
-              block();
-          }
+          withOwnPool(block);
         });
     }
 

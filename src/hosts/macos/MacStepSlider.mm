@@ -1,6 +1,15 @@
 #import "hosts/macos/MacStepSlider.h"
 
+// A slider is presented by its cell.
+@interface MacStepSliderCell : NSSliderCell
+@end
+
 @implementation MacStepSlider
+
++ (Class)cellClass
+{
+    return MacStepSliderCell.class;
+}
 
 - (void)keyDown:(NSEvent*)event
 {
@@ -35,6 +44,20 @@
 {
     self.doubleValue += distance; // AppKit keeps it within the range
     [self sendAction:self.action to:self.target];
+}
+
+@end
+
+@implementation MacStepSliderCell
+
+- (BOOL)accessibilityPerformIncrement
+{
+    return [self.controlView accessibilityPerformIncrement];
+}
+
+- (BOOL)accessibilityPerformDecrement
+{
+    return [self.controlView accessibilityPerformDecrement];
 }
 
 @end

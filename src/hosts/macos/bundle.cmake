@@ -20,8 +20,9 @@ target_link_libraries(Haloric PRIVATE haloric_macos haloric_app)
 set_target_properties(Haloric PROPERTIES MACOSX_BUNDLE_INFO_PLIST "${packaging}/Info.plist.in")
 
 if(SPARKLE_FRAMEWORK)
-    # Its links stay links, so not by CMake's own copying.
+    # Its links stay links, so not by CMake's own copying; and cp writes no link over the one that is there.
     add_custom_command(TARGET Haloric POST_BUILD
+        COMMAND "${CMAKE_COMMAND}" -E rm -rf "$<TARGET_BUNDLE_CONTENT_DIR:Haloric>/Frameworks"
         COMMAND "${CMAKE_COMMAND}" -E make_directory "$<TARGET_BUNDLE_CONTENT_DIR:Haloric>/Frameworks"
         COMMAND cp -R "${SPARKLE_FRAMEWORK}" "$<TARGET_BUNDLE_CONTENT_DIR:Haloric>/Frameworks/"
         VERBATIM)

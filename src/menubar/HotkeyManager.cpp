@@ -8,11 +8,13 @@ void HotkeyManager::enable()
 {
     if (isRegistered())
         return;
-    m_handler = m_hotkeys.installEventHandler(kEventType, [weak = m_weakAnchor.ref()] {
-        if (HotkeyManager* self = weak.get())
-            self->pressed();
-        return Hotkeys::kNoError; // consumed: nobody else gets the press
-    });
+    if (m_handler == EventHandlerRef::none) { // else it is left from a combination that was taken
+        m_handler = m_hotkeys.installEventHandler(kEventType, [weak = m_weakAnchor.ref()] {
+            if (HotkeyManager* self = weak.get())
+                self->pressed();
+            return Hotkeys::kNoError; // consumed: nobody else gets the press
+        });
+    }
     m_hotKey = m_hotkeys.registerHotkey(kHotkey, 0);
 }
 

@@ -13,7 +13,8 @@ namespace haloric {
 
 class FakeHotkeys final : public Hotkeys {
 public:
-    bool isTaken = false; // registering fails
+    bool refusesHandlers = false; // installing fails
+    bool isTaken = false;         // registering fails
     Task whileRegistering;
 
     std::vector<std::string> calls;
@@ -25,6 +26,8 @@ public:
         const EventHandlerRef reference{++m_last};
         calls.push_back("install " + std::to_string(m_last));
         handledTypes.push_back(type);
+        if (refusesHandlers)
+            return EventHandlerRef::none;
         m_handlers[reference] = std::move(handler);
         return reference;
     }

@@ -140,5 +140,30 @@ TEST_F(HotkeyManagerTest, a_combination_that_another_program_has_fails_in_silenc
     EXPECT_EQ(triggers, 1);
 }
 
+TEST_F(HotkeyManagerTest, a_combination_that_has_become_free_is_registered_with_the_handler_that_is_there)
+{
+    hotkeys.isTaken = true;
+    manager->enable();
+    hotkeys.isTaken = false;
+    manager->enable();
+    hotkeys.press();
+    EXPECT_EQ(triggers, 1);
+    manager->disable();
+    EXPECT_EQ(hotkeys.registeredCount(), 0U);
+    EXPECT_EQ(hotkeys.handlerCount(), 0U);
+}
+
+TEST_F(HotkeyManagerTest, a_handler_that_is_refused_leaves_the_hotkey_alone_to_take_back)
+{
+    hotkeys.refusesHandlers = true;
+    manager->enable();
+    EXPECT_EQ(hotkeys.calls, (Calls{"install 1", "register 2"}));
+    EXPECT_TRUE(manager->isRegistered());
+    hotkeys.calls.clear();
+    manager->disable();
+    EXPECT_EQ(hotkeys.calls, Calls{"unregister 2"}); // there is no handler to remove
+    EXPECT_FALSE(manager->isRegistered());
+}
+
 } // namespace
 } // namespace haloric

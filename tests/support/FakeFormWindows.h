@@ -20,11 +20,14 @@ public:
         bool alive = true;
     };
 
+    Task whileMaking;        // runs inside make
     Task whileOrderingFront; // runs inside makeKeyAndOrderFront
     std::vector<std::shared_ptr<Record>> windows;
 
     std::unique_ptr<FormWindow> make(const FormWindowConfiguration& configuration, const FormModel& form) override
     {
+        if (whileMaking)
+            whileMaking();
         windows.push_back(std::make_shared<Record>());
         windows.back()->configuration = configuration;
         windows.back()->form = form;

@@ -13,9 +13,15 @@ public:
     std::optional<std::string> chosenPath; // absent: the user cancels
     std::vector<AboutPanel> aboutPanels;
     std::vector<OpenPanel> openPanels;
-    Task whileOpen; // runs while the open panel is up
+    Task whileAboutShown; // runs when the about panel comes to the front
+    Task whileOpen;       // runs while the open panel is up
 
-    void orderFrontStandardAboutPanel(const AboutPanel& panel) override { aboutPanels.push_back(panel); }
+    void orderFrontStandardAboutPanel(const AboutPanel& panel) override
+    {
+        aboutPanels.push_back(panel);
+        if (whileAboutShown)
+            whileAboutShown();
+    }
 
     std::optional<std::string> runModalOpenPanel(const OpenPanel& panel) override
     {

@@ -21,6 +21,7 @@ public:
         Image image;
         std::string toolTip;
         const MenuModel* menu = nullptr;
+        MenuModel menuAsAttached; // as it was when it was set
         MenuDelegate* delegate = nullptr;
     };
 
@@ -82,6 +83,7 @@ private:
         {
             m_record->calls.emplace_back("setMenu");
             m_record->menu = &menu;
+            m_record->menuAsAttached = menu;
             m_record->delegate = &delegate;
         }
 

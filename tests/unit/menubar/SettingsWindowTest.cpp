@@ -22,12 +22,15 @@ TEST_F(SettingsWindowTest, it_has_its_title_style_and_size_and_is_not_released_w
     EXPECT_FALSE(window().form.sections.empty());
 }
 
-TEST_F(SettingsWindowTest, it_is_centred_and_comes_to_the_front_after_the_application)
+TEST_F(SettingsWindowTest, it_is_made_and_centred_and_comes_to_the_front_after_the_application)
 {
+    int activationsBeforeMaking = -1;
     int activationsBefore = 0;
+    formWindows.whileMaking = [&] { activationsBeforeMaking = application.activations; };
     formWindows.whileOrderingFront = [&] { activationsBefore = application.activations; };
     controller->openSettings();
     EXPECT_EQ(window().calls, (Calls{"center", "makeKeyAndOrderFront"}));
+    EXPECT_EQ(activationsBeforeMaking, 0);
     EXPECT_EQ(activationsBefore, 1);
 }
 

@@ -32,7 +32,8 @@ TEST_F(StatusBarControllerTest, the_menu_is_right_before_it_is_attached)
 {
     store.update([](Settings& settings) { settings.glowEnabled = false; });
     make();
-    const auto& items = controller->menu().items;
+    const auto& items = item().menuAsAttached.items;
+    ASSERT_NE(SimMenuSearch::find(items, "Border"), nullptr);
     EXPECT_TRUE(SimMenuSearch::find(items, "Border")->isOn);
     EXPECT_FALSE(SimMenuSearch::find(items, "Glow")->isOn);
 }
@@ -139,12 +140,15 @@ TEST_F(StatusBarControllerTest, launch_at_login_registers_and_unregisters)
     EXPECT_TRUE(alerts.errorsShown.empty());
 }
 
-TEST_F(StatusBarControllerTest, a_login_item_that_cannot_be_changed_is_an_alert_and_shows_its_real_state)
+TEST_F(StatusBarControllerTest, a_login_item_that_cannot_be_changed_is_an_alert_and_then_shows_its_real_state)
 {
     make();
+    item().calls.clear();
+    alerts.whileErrorShown = [this] { EXPECT_TRUE(item().calls.empty()); };
     loginItems.error = PlatformError{"SMAppServiceErrorDomain", 1, "Operation not permitted", ""};
     ASSERT_TRUE(statusItems.choose("Launch at Login"));
     EXPECT_EQ(alerts.errorsShown, std::vector<PlatformError>{*loginItems.error});
+    EXPECT_EQ(item().calls, Calls{"menuItemsChanged"});
     EXPECT_FALSE(SimMenuSearch::find(controller->menu().items, "Launch at Login")->isOn);
 }
 
@@ -167,12 +171,15 @@ TEST_F(StatusBarControllerTest, the_grant_prompts_and_opens_the_settings_of_the_
     EXPECT_TRUE(alerts.shown.empty());
 }
 
-TEST_F(StatusBarControllerTest, about_comes_to_the_front_with_the_versions_of_the_bundle)
+TEST_F(StatusBarControllerTest, about_comes_to_the_front_after_the_application_with_the_versions_of_the_bundle)
 {
+    int activationsBefore = 0;
+    panels.whileAboutShown = [&] { activationsBefore = application.activations; };
     bundle.info["CFBundleShortVersionString"] = "1.4";
     bundle.info["CFBundleVersion"] = "212";
     make();
     ASSERT_TRUE(statusItems.choose("About Haloric"));
+    EXPECT_EQ(activationsBefore, 1);
     EXPECT_EQ(application.activations, 1);
     EXPECT_EQ(panels.aboutPanels,
               (std::vector<AboutPanel>{{"Haloric", "1.4", "212", "Makes the focused window unmistakable.", 11}}));

@@ -1,6 +1,7 @@
 // A windowing toolkit in memory. It numbers its windows, keeps their order, and records every call.
 #pragma once
 
+#include "foundation/Task.h"
 #include "platform/ToolkitWindow.h"
 #include "support/FakeToolkitWindow.h"
 
@@ -19,10 +20,13 @@ public:
     std::vector<Record> windows;           // every window that was ever made, in order
     std::vector<FakeToolkitWindow*> stack; // the visible ones, back to front
     bool recordsCalls = true;              // off: calls cost no allocation
+    Task whileMaking;                      // runs inside make
 
     std::unique_ptr<ToolkitWindow> make(const ToolkitWindowConfiguration& configuration,
                                         const ToolkitWindowDelegate& delegate) override
     {
+        if (whileMaking)
+            whileMaking();
         auto record = std::make_shared<FakeToolkitWindow>();
         record->configuration = configuration;
         record->delegate = &delegate;

@@ -37,6 +37,16 @@ TEST_F(AppDelegateShellTest, launching_goes_from_the_tracker_to_the_item_the_hot
     EXPECT_FALSE(delegate->trackerRunning());
 }
 
+TEST_F(AppDelegateShellTest, the_overlays_are_made_before_the_tracker)
+{
+    std::vector<std::string> queuesBefore; // of each window that is made, the queue that the tracker asks for
+    toolkit.whileMaking = [&] { queuesBefore.push_back(queues.lastLabel()); };
+    launch();
+    ASSERT_FALSE(queuesBefore.empty());
+    EXPECT_EQ(queuesBefore.front(), "");
+    EXPECT_EQ(queues.lastLabel(), "com.kestrow.haloric.accessibility");
+}
+
 TEST_F(AppDelegateShellTest, there_is_no_status_item_before_launching_has_finished)
 {
     EXPECT_EQ(delegate->statusBar(), nullptr);

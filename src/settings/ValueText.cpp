@@ -8,16 +8,11 @@
 namespace haloric {
 namespace {
 
-// From here on a double has no digits to spare, and its text in full would be as long as 300 characters.
-constexpr double kLongestInFull = 1e15;
-
 std::string decimal(double value, int digits)
 {
     std::ostringstream out;
     out.imbue(std::locale::classic());
-    if (std::abs(value) < kLongestInFull)
-        out << std::fixed << std::setprecision(digits);
-    out << value;
+    out << std::fixed << std::setprecision(digits) << value;
     return out.str();
 }
 

@@ -44,12 +44,22 @@ TEST(ValueText, every_twentieth_has_its_percentage)
         EXPECT_EQ(text(ValueText::percent, percent / 100.0), std::to_string(percent) + "%");
 }
 
-TEST(ValueText, numbers_too_large_for_all_their_digits_have_a_short_text)
+TEST(ValueText, large_numbers_are_written_out_as_well)
 {
-    EXPECT_EQ(text(ValueText::wholePoints, 999999999999999), "999999999999999 pt");
-    EXPECT_EQ(text(ValueText::wholePoints, 1e19), "1e+19 pt");
-    EXPECT_EQ(text(ValueText::pointsTenths, -1e300), "-1e+300 pt");
-    EXPECT_EQ(text(ValueText::percent, 1e300), "1e+302%");
+    EXPECT_EQ(text(ValueText::wholePoints, 999999999999999.5), "999999999999999 pt");
+    EXPECT_EQ(text(ValueText::wholePoints, 1234567890123456), "1234567890123456 pt");
+    EXPECT_EQ(text(ValueText::wholePoints, -1e19), "-10000000000000000000 pt") << "beyond every integer of the machine";
+    EXPECT_EQ(text(ValueText::pointsTenths, 1234567890123456), "1234567890123456.0 pt");
+    EXPECT_EQ(text(ValueText::pointsTenths, -1e19), "-10000000000000000000.0 pt");
+    EXPECT_EQ(text(ValueText::percent, 1e15), "100000000000000000%");
+}
+
+TEST(ValueText, the_largest_numbers_have_all_their_digits)
+{
+    const std::string largest = text(ValueText::wholePoints, Limits::max());
+    EXPECT_TRUE(largest.starts_with("179769313486231570")) << largest;
+    EXPECT_EQ(largest.size(), 309 + std::string(" pt").size());
+    EXPECT_EQ(text(ValueText::pointsTenths, -Limits::max()), "-" + largest.substr(0, 309) + ".0 pt");
 }
 
 TEST(ValueText, numbers_that_are_not_finite_have_a_text)

@@ -33,7 +33,7 @@ FormToggle boundToggle(const std::string& label, const Settings& shown, const Wr
 }
 
 template <class Write, class Member>
-FormColorWell boundColorWell(const std::string& label, const Settings& shown, const Write& write, Member member)
+FormColorWell colorBinding(const std::string& label, const Settings& shown, const Write& write, Member member)
 {
     const auto set = [write, member](const Color& color) {
         if (isFinite(color))
@@ -71,7 +71,7 @@ FormRow SettingsControls::slider(std::string id, const std::string& label, Value
 FormRow SettingsControls::colorWell(std::string id, const std::string& label, RGBA Settings::*field) const
 {
     const auto member = [field](auto& record) -> auto& { return record.*field; };
-    return {std::move(id), boundColorWell(label, settings(), writer(), member)};
+    return {std::move(id), colorBinding(label, settings(), writer(), member)};
 }
 
 void SettingsControls::appendEffectColor(FormSection& section, const std::string& id,
@@ -79,7 +79,7 @@ void SettingsControls::appendEffectColor(FormSection& section, const std::string
 {
     const auto useAccent = [field](auto& record) -> auto& { return (record.*field).useAccent; };
     const auto custom = [field](auto& record) -> auto& { return (record.*field).custom; };
-    FormColorWell well = boundColorWell("Custom color", settings(), writer(), custom);
+    FormColorWell well = colorBinding("Custom color", settings(), writer(), custom);
     well.isEnabled = !useAccent(settings());
     section.rows.push_back({id + ".useAccent", boundToggle("Use accent color", settings(), writer(), useAccent)});
     section.rows.push_back({id + ".custom", std::move(well)});

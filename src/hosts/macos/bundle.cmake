@@ -19,6 +19,10 @@ set_source_files_properties("${packaging}/Haloric.icns" PROPERTIES MACOSX_PACKAG
 target_link_libraries(Haloric PRIVATE haloric_macos haloric_app)
 set_target_properties(Haloric PROPERTIES MACOSX_BUNDLE_INFO_PLIST "${packaging}/Info.plist.in")
 
+if(HALORIC_FEED_URL AND NOT SPARKLE_FRAMEWORK)
+    message(WARNING "HALORIC_FEED_URL is set, but SPARKLE_FRAMEWORK is not: "
+        "this build has no update framework, and so no command that checks for updates.")
+endif()
 if(SPARKLE_FRAMEWORK)
     # Its links stay links, so not by CMake's own copying; and cp writes no link over the one that is there.
     add_custom_command(TARGET Haloric POST_BUILD

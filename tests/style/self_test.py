@@ -10,7 +10,7 @@ import unittest
 CHECKS = pathlib.Path(__file__).parent / "checks"
 REPOSITORY = CHECKS.parents[2]
 sys.path.insert(0, str(CHECKS))
-from macos_table import PORTABLE  # noqa: E402
+from macos_portable_table import PORTABLE  # noqa: E402
 
 SOUND = {
     "src/foundation/Sound.h": "// Something sound.\n#pragma once\n\n#include <string>\n\nstruct Sound {\n"
@@ -136,6 +136,8 @@ class SelfTest(unittest.TestCase):
         plist = (REPOSITORY / "packaging/macos/Info.plist.in").read_text()
         self.assert_passes("macos", {"packaging/macos/Info.plist.in": plist})
         self.assert_fails("macos", {"packaging/macos/Info.plist.in": plist.replace("<true/>", "<false/>")}, "LSUIElement")
+        assert_slip("MacMenu.mm", "autoenablesItems = NO", "autoenablesItems = YES", "autoenablesItems = NO")
+        assert_slip("src/platform/StatusItems.h", "kSquareLength = -2.0", "kSquareLength = -1.0", "kSquareLength = -2.0")
         assert_slip("MacLog.mm", '@"%@"', '@"%s"', "NSLog")
         assert_slip("MacWorkspace.mm", "SpaceDidChangeNotification", "SpaceChanged", "activeSpaceDidChange")
 

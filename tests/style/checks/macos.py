@@ -1,14 +1,19 @@
 """The macOS adapters ask the system for exactly what they should.
 
-Each file of the table in macos_table.py holds each of its fragments. A constant of the system that an adapter uses and
-the table does not know is a slip as well, or a new one to be added there.
+Each file of the tables (macos_table.py, macos_interface_table.py, macos_portable_table.py) holds each of its fragments.
+A constant of the system that an adapter uses and the tables do not know is a slip as well, or a new one to be added
+there.
 """
 
 import plistlib
 import re
 
-from macos_table import ADAPTERS, PORTABLE
+from macos_interface_table import INTERFACE_ADAPTERS
+from macos_portable_table import PORTABLE
+import macos_table
 import project as common
+
+ADAPTERS = macos_table.ADAPTERS | INTERFACE_ADAPTERS
 
 FOLDER = "src/hosts/macos/"
 
@@ -63,9 +68,9 @@ def check_information(project):
 
 def check_names(project, paths):
     for path in PORTABLE.keys() - paths:
-        project.problem(path, "is in the table, but not there")
+        project.problem(path, "is in the tables, but not there")
     for name in ADAPTERS.keys() - {path.rpartition("/")[2] for path in paths if path.startswith(FOLDER)}:
-        project.problem(FOLDER + name, "is in the table, but not there")
+        project.problem(FOLDER + name, "is in the tables, but not there")
 
 
 def check(project, _):
@@ -82,7 +87,7 @@ def check(project, _):
         check_fragments(project, path, ADAPTERS.get(path.name, []))
         for constant in sorted(set(CONSTANT.findall(normalised(project.read(path))))):
             if constant not in known and not OWN.search(constant):
-                project.problem(path, f"uses {constant}, which the table does not know")
+                project.problem(path, f"uses {constant}, which the tables do not know")
 
 
 if __name__ == "__main__":

@@ -4,7 +4,7 @@ They cannot run on most machines that build them. So every constant, name and op
 of the source that uses it; white space and comments do not count. See macos.py.
 """
 
-# Of the adapters, by the file in src/hosts/macos/.
+# By the file in src/hosts/macos/; what the user looks at is in macos_interface_table.py.
 ADAPTERS = {
     "MacAccessibility.mm": [
         "AXIsProcessTrusted()", "AXIsProcessTrustedWithOptions(", "kAXTrustedCheckOptionPrompt : @(prompt)",
@@ -22,17 +22,26 @@ ADAPTERS = {
         "kSize = static_cast<AXValueType>(kAXValueCGSizeType)", "AXValueGetValue(value, kPoint, &point)",
         "AXValueGetValue(value, kSize, &size)",
     ],
-    "MacAlerts.mm": [
-        "NSAlertFirstButtonReturn == Alerts::kFirstButton", "NSApp.applicationIconImage", "[NSAlert alertWithError:",
-    ],
     "MacApplication.mm": [
         "NSApplication.sharedApplication", "activateIgnoringOtherApps:YES", "terminate:nil",
         "NSProcessInfo.processInfo.processIdentifier", "contentLayoutRect.size.height",
+        "NSApplicationActivationPolicyAccessory == static_cast<NSInteger>(ActivationPolicy::accessory)",
+        "[m_application setActivationPolicy:static_cast<NSApplicationActivationPolicy>(policy)]",
+        "m_delegate.receiver = delegate; m_application.delegate = m_delegate;", "[m_application run]",
     ],
     "MacApplicationCatalog.mm": [
         "NSWorkspace.sharedWorkspace.runningApplications", "URLForApplicationWithBundleIdentifier:",
         "NSFileManager.defaultManager displayNameAtPath:", "localizedCaseInsensitiveCompare:",
         "imageWithSystemSymbolName:",
+    ],
+    "MacApplicationDelegate.mm": [
+        "- (void)applicationDidFinishLaunching:(NSNotification*)__unused notification "
+        "{ if (self.receiver) self.receiver->applicationDidFinishLaunching(); }",
+        "- (BOOL)applicationShouldHandleReopen:(NSApplication*)__unused sender "
+        "hasVisibleWindows:(BOOL)hasVisibleWindows "
+        "{ return !self.receiver || self.receiver->applicationShouldHandleReopen(hasVisibleWindows); }",
+        "- (void)applicationWillTerminate:(NSNotification*)__unused notification "
+        "{ if (self.receiver) self.receiver->applicationWillTerminate(); }",
     ],
     "MacBundle.mm": ["NSBundle.mainBundle.bundlePath", "NSBundle.mainBundle.infoDictionary["],
     "MacCanvas.mm": [
@@ -45,7 +54,9 @@ ADAPTERS = {
     "MacContentView.mm": ["NSCompositingOperationCopy"],
     "MacConversions.mm": [
         "colorWithSRGBRed:color.red green:color.green blue:color.blue alpha:color.alpha",
-        "colorUsingColorSpace:NSColorSpace.sRGBColorSpace", "kCFStringEncodingUTF8", "kCFAllocatorDefault",
+        "[color colorUsingColorSpace:NSColorSpace.sRGBColorSpace]", "NSColor* source = converted ? converted : color;",
+        "{source.redComponent, source.greenComponent, source.blueComponent, source.alphaComponent}",
+        "kCFStringEncodingUTF8", "kCFAllocatorDefault",
         "dispatch_time(DISPATCH_TIME_NOW, ", "NSEC_PER_SEC",
     ],
     "MacDataAddSource.mm": [
@@ -63,14 +74,12 @@ ADAPTERS = {
         "CFRunLoopAddSource(CFRunLoopGetMain(), source.get(), kCFRunLoopCommonModes)",
         "CGEventTapEnable(m_port.get(), true)",
     ],
-    "MacFormRows.mm": ["_well.supportsAlpha = NO", "showsAlpha = NO"],
-    "MacFormWindows.mm": [
-        "(NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskMiniaturizable) == 7",
-    ],
     "MacHotkeys.mm": [
         "InstallEventHandler(GetApplicationEventTarget(), &takeEvent, 1, &spec, context, &installed)",
         "RegisterEventHotKey(hotkey.keyCode, hotkey.modifiers, identity, GetApplicationEventTarget(), options, &registered)",
-        "identity{hotkey.signature, hotkey.number}",
+        "identity{hotkey.signature, hotkey.number}", "if (!context) return noErr;",
+        "RemoveEventHandler(reinterpret_cast<::EventHandlerRef>(handler))",
+        "UnregisterEventHotKey(reinterpret_cast<EventHotKeyRef>(hotkey))",
     ],
     "MacInputMonitors.mm": [
         "maskOf(EventType::leftMouseDown) | maskOf(EventType::leftMouseUp) | maskOf(EventType::rightMouseDown) | "
@@ -85,19 +94,30 @@ ADAPTERS = {
         "SMAppServiceStatusNotRegistered", "SMAppServiceStatusEnabled", "SMAppServiceStatusRequiresApproval",
         "SMAppServiceStatusNotFound", "[SMAppService.mainAppService registerAndReturnError:",
         "[SMAppService.mainAppService unregisterAndReturnError:",
+        "return static_cast<LoginItemStatus>(SMAppService.mainAppService.status);",
     ],
     "MacNotifications.mm": ["queue:NSOperationQueue.mainQueue"],
     "MacOverlayWindow.mm": [
         "NSWindowStyleMaskBorderless == 0", "NSBackingStoreBuffered == 2", "NSWindowAnimationBehaviorNone == 2",
         "(NSWindowCollectionBehaviorMoveToActiveSpace | NSWindowCollectionBehaviorTransient | "
         "NSWindowCollectionBehaviorIgnoresCycle | NSWindowCollectionBehaviorFullScreenAuxiliary) == 330",
-        "self.level = configuration.level", "self.collectionBehavior = ", "NSColor.clearColor",
+        "self.level = configuration.level",
+        "self.collectionBehavior = static_cast<NSWindowCollectionBehavior>(configuration.collectionBehavior)",
+        "self.animationBehavior = static_cast<NSWindowAnimationBehavior>(configuration.animationBehavior)",
+        "self.opaque = configuration.isOpaque",
+        "if (configuration.hasClearBackground) self.backgroundColor = NSColor.clearColor",
+        "self.hasShadow = configuration.hasShadow", "self.ignoresMouseEvents = configuration.ignoresMouseEvents",
+        "self.releasedWhenClosed = configuration.isReleasedWhenClosed",
+        "self.hidesOnDeactivate = configuration.hidesOnDeactivate",
+        "self.excludedFromWindowsMenu = configuration.isExcludedFromWindowsMenu",
+        "self.movable = configuration.isMovable", "defer:(BOOL)__unused defersCreation { std::abort(); }",
+        "- (BOOL)canBecomeKeyWindow { return _overlayDelegate && _overlayDelegate->canBecomeKey(); }",
+        "- (BOOL)canBecomeMainWindow { return _overlayDelegate && _overlayDelegate->canBecomeMain(); }",
     ],
-    "MacPanels.mm": [
-        "NSAboutPanelOptionApplicationName : nsStringFrom(panel.applicationName)",
-        "NSAboutPanelOptionApplicationVersion : nsStringFrom(panel.applicationVersion)",
-        "NSAboutPanelOptionVersion : nsStringFrom(panel.version)", "NSAboutPanelOptionCredits :",
-        "return UTTypeApplicationBundle", "!= NSModalResponseOK",
+    "MacProcesses.mm": [
+        "task.executableURL = [NSURL fileURLWithPath:nsStringFrom(executable)]",
+        "for (const std::string& argument : arguments) [texts addObject:nsStringFrom(argument)]",
+        "task.arguments = texts", "return [task launchAndReturnError:nil]",
     ],
     "MacRunLoop.mm": [
         "NSProcessInfo.processInfo.systemUptime", "forMode:NSRunLoopCommonModes", "timer.tolerance = tolerance.count()",
@@ -114,7 +134,6 @@ ADAPTERS = {
     "MacSerialQueues.mm": [
         "DISPATCH_QUEUE_SERIAL", "QualityOfService::userInitiated ? QOS_CLASS_USER_INITIATED : QOS_CLASS_UTILITY",
     ],
-    "MacStatusItems.mm": ["statusItemWithLength:length"],
     "MacUpdaterFramework.mm": [
         'stringByAppendingPathComponent:@"Sparkle.framework"', "NSBundle.mainBundle.privateFrameworksPath",
         'NSClassFromString(@"SPUStandardUpdaterController")',
@@ -140,59 +159,4 @@ ADAPTERS = {
         "NSWorkspace.sharedWorkspace.frontmostApplication", "runningApplicationWithProcessIdentifier:",
     ],
     "main.mm": ["PosixLibrary windowServerLibrary(CFRelease)"],
-}
-
-# What portable code has the adapters hand on.
-PORTABLE = {
-    "src/menubar/HotkeyManager.h": [
-        "kCommandKey = 0x100;", "kOptionKey = 0x800;", "kControlKey = 0x1000;", ".keyCode = 3",
-        "kEventType{.eventClass = 0x6B657962, .kind = 5}", "0x484C5243", ".number = 1",
-    ],
-    "src/menubar/StatusBarController.cpp": [
-        "kTitled = 1;", "kClosable = 2;", "kMiniaturizable = 4;", ".contentSize = {440, 560}",
-        ".isReleasedWhenClosed = false", "kCreditsFontSize = 11;",
-    ],
-    "src/overlay/OverlayWindow.cpp": [
-        "kBorderless = 0;", "kBuffered = 2;", "kNoAnimation = 2;", "kFloatingLevel = 3;", "kMoveToActiveSpace = 2;",
-        "kTransient = 8;", "kIgnoresCycle = 64;", "kFullScreenAuxiliary = 256;",
-        "kMoveToActiveSpace | kTransient | kIgnoresCycle | kFullScreenAuxiliary;",
-    ],
-    "src/overlay/ScreenshotHotkeyMonitor.cpp": [
-        "kKeycode4 = 21;", "kKeycode5 = 23;", "kKeycodeEscape = 53;", "kShift = 0x20000;", "kOption = 0x80000;",
-        "kCommand = 0x100000;", "TapLocation::session, TapPlacement::headInsert, TapOptions::listenOnly,",
-        "maskOf(EventType::keyDown) | maskOf(EventType::leftMouseUp)}",
-    ],
-    "src/platform/InputMonitors.h": [
-        "leftMouseDown = 1,", "leftMouseUp = 2,", "rightMouseDown = 3,", "rightMouseUp = 4,", "keyDown = 10,",
-        "otherMouseDown = 25,", "otherMouseUp = 26,", "tapDisabledByTimeout = 0xFFFFFFFE,",
-        "tapDisabledByUserInput = 0xFFFFFFFF,",
-    ],
-    "src/settings/AccessibilityGrant.h": [
-        '"x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"',
-    ],
-    "src/settings/SettingsStore.h": ['kDefaultsKey = "Haloric.settings.v1"'],
-    "src/tracking/AXFocusWorker.h": ["kTimeoutSeconds = 0.25F;"],
-    "src/tracking/AXObservation.cpp": [
-        '"AXFocusedWindowChanged", "AXMainWindowChanged", "AXWindowMoved", "AXWindowResized", "AXWindowMiniaturized", '
-        '"AXWindowDeminiaturized", "AXWindowCreated", "AXUIElementDestroyed", "AXApplicationHidden", '
-        '"AXApplicationShown", "AXFocusedUIElementChanged",',
-    ],
-    "src/tracking/AXQueries.cpp": ['"com.kestrow.haloric.accessibility"', "QualityOfService::userInitiated"],
-    "src/tracking/FocusFrames.cpp": ["WindowListOptions::includingWindow"],
-    "src/tracking/FocusTrackerEvents.cpp": [
-        "kMousePresses = maskOf(EventType::leftMouseDown) | maskOf(EventType::rightMouseDown) | "
-        "maskOf(EventType::otherMouseDown);",
-        "kMouseReleases = maskOf(EventType::leftMouseUp) | maskOf(EventType::rightMouseUp) | "
-        "maskOf(EventType::otherMouseUp);",
-    ],
-    "src/windowserver/WindowList.cpp": ["WindowListOptions::onScreenOnly | WindowListOptions::excludeDesktopElements"],
-    "src/windowserver/WindowServer.h": [
-        '"/System/Library/PrivateFrameworks/SkyLight.framework/SkyLight"', '"HALORIC_DISABLE_WINDOWSERVER_FAST_PATH"',
-    ],
-    "src/windowserver/WindowServerEntries.cpp": [
-        '"SLSMainConnectionID"', '"SLSGetWindowBounds"', '"SLSRegisterNotifyProc"', '"SLSRemoveNotifyProc"',
-        '"SLSRequestNotificationsForWindows"', '"SLSTransactionCreate"', '"SLSTransactionMoveWindowWithGroup"',
-        '"SLSTransactionCommit"',
-    ],
-    "src/windowserver/WindowServerNotifications.cpp": ["kEvents{804, 806, 807, 816};"],
 }

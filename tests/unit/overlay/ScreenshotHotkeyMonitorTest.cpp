@@ -1,51 +1,8 @@
-#include "overlay/ScreenshotHotkeyMonitor.h"
-
-#include "hosts/sim/SimRunLoop.h"
-#include "support/FakeInputMonitors.h"
-
-#include <memory>
-#include <vector>
+// Which events the monitor of the screenshot shortcuts takes for what.
+#include "unit/overlay/ScreenshotHotkeyMonitorTest.h"
 
 namespace haloric {
 namespace {
-
-constexpr std::uint64_t kShift = 0x20000;
-constexpr std::uint64_t kControl = 0x40000;
-constexpr std::uint64_t kOption = 0x80000;
-constexpr std::uint64_t kCommand = 0x100000;
-
-constexpr std::int64_t kKey3 = 20;
-constexpr std::int64_t kKey4 = 21;
-constexpr std::int64_t kKey5 = 23;
-constexpr std::int64_t kEscape = 53;
-
-class ScreenshotHotkeyMonitorTest : public testing::Test {
-protected:
-    ScreenshotHotkeyMonitorTest() { makeMonitor(); }
-
-    void makeMonitor()
-    {
-        monitor = std::make_unique<ScreenshotHotkeyMonitor>(runLoop, input);
-        monitor->onChange = [this](bool visible) { reports.push_back(visible); };
-    }
-
-    void key(std::int64_t code, std::uint64_t flags = 0) { input.sendToTap({EventType::keyDown, code, flags}); }
-    void mouseUp() { input.sendToTap({EventType::leftMouseUp, 0, 0}); }
-
-    void activate()
-    {
-        key(kKey4, kCommand | kShift);
-        runLoop.runPosted();
-    }
-
-    SimRunLoop runLoop;
-    FakeInputMonitors input;
-    std::vector<bool> reports;
-    std::unique_ptr<ScreenshotHotkeyMonitor> monitor;
-};
-
-using Reports = std::vector<bool>;
-using Calls = std::vector<std::string>;
 
 TEST_F(ScreenshotHotkeyMonitorTest, start_installs_one_listening_tap_for_keys_and_left_mouse_ups)
 {
@@ -129,74 +86,6 @@ TEST_F(ScreenshotHotkeyMonitorTest, other_keys_with_command_and_shift_report_not
         key(code, kCommand | kShift);
     runLoop.runPosted();
     EXPECT_TRUE(reports.empty());
-}
-
-TEST_F(ScreenshotHotkeyMonitorTest, escape_reports_false_only_while_active)
-{
-    monitor->start();
-    key(kEscape);
-    runLoop.runPosted();
-    EXPECT_TRUE(reports.empty());
-    activate();
-    key(kEscape);
-    runLoop.runPosted();
-    EXPECT_EQ(reports, (Reports{true, false}));
-    EXPECT_EQ(runLoop.armedTimerCount(), 0U);
-}
-
-TEST_F(ScreenshotHotkeyMonitorTest, escape_before_the_report_is_ignored)
-{
-    monitor->start();
-    key(kKey4, kCommand | kShift);
-    key(kEscape); // not active yet
-    runLoop.runPosted();
-    EXPECT_EQ(reports, Reports{true});
-    EXPECT_TRUE(monitor->active());
-}
-
-TEST_F(ScreenshotHotkeyMonitorTest, a_mouse_up_ends_it_half_a_second_later)
-{
-    monitor->start();
-    activate();
-    mouseUp();
-    runLoop.runFor(Seconds(0.499));
-    EXPECT_EQ(reports, Reports{true});
-    runLoop.runFor(Seconds(0.001));
-    EXPECT_EQ(reports, (Reports{true, false}));
-}
-
-TEST_F(ScreenshotHotkeyMonitorTest, a_mouse_up_while_inactive_does_nothing)
-{
-    monitor->start();
-    mouseUp();
-    EXPECT_EQ(runLoop.pendingEventCount(), 0U);
-    activate();
-    runLoop.runFor(Seconds(1));
-    EXPECT_EQ(reports, Reports{true});
-}
-
-TEST_F(ScreenshotHotkeyMonitorTest, it_ends_by_itself_after_thirty_seconds)
-{
-    monitor->start();
-    activate();
-    runLoop.runFor(Seconds(29.9));
-    EXPECT_EQ(reports, Reports{true});
-    runLoop.runFor(Seconds(60));
-    EXPECT_EQ(reports, (Reports{true, false}));
-}
-
-TEST_F(ScreenshotHotkeyMonitorTest, a_repeated_shortcut_takes_the_time_limit_away)
-{
-    monitor->start();
-    activate();
-    EXPECT_EQ(runLoop.armedTimerCount(), 1U);
-    activate();
-    EXPECT_EQ(runLoop.armedTimerCount(), 0U);
-    runLoop.runFor(Seconds(120));
-    EXPECT_EQ(reports, Reports{true});
-    mouseUp();
-    runLoop.runFor(Seconds(0.5));
-    EXPECT_EQ(reports, (Reports{true, false}));
 }
 
 TEST_F(ScreenshotHotkeyMonitorTest, a_disabled_tap_is_enabled_again_and_nothing_else_happens)

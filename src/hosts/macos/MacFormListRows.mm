@@ -27,7 +27,7 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
         return nil;
     _icon = [[NSImageView alloc] initWithFrame:NSZeroRect];
     _icon.accessibilityElement = NO; // the title beside it says whose it is
-    _title = [NSTextField labelWithString:@""];
+    _title = [MacFormRowView label];
     _removeButton = [NSButton buttonWithTitle:@"" target:self action:@selector(removed:)];
     _removeButton.bordered = NO;
     _removeButton.imagePosition = NSImageOnly;

@@ -16,6 +16,10 @@
 // What takes the keyboard.
 @property(nonatomic, readonly) NSView* control;
 
+// For subclasses: a label on one line. When it is too long it is cut off, and neither widens the window nor pushes the
+// control out of it.
++ (NSTextField*)label;
+
 // For subclasses: the row's parts from left to right, with the last one at the right edge.
 - (void)layOut:(NSArray<NSView*>*)leading trailing:(NSView*)trailing;
 

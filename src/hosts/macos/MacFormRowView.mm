@@ -28,6 +28,15 @@ Class classFor(const haloric::FormButton&) { return MacButtonRow.class; }
     return row;
 }
 
++ (NSTextField*)label
+{
+    NSTextField* label = [NSTextField labelWithString:@""];
+    label.lineBreakMode = NSLineBreakByTruncatingTail;
+    [label setContentCompressionResistancePriority:NSLayoutPriorityDragThatCannotResizeWindow
+                                    forOrientation:NSLayoutConstraintOrientationHorizontal];
+    return label;
+}
+
 - (BOOL)showControl:(const haloric::FormControl&)__unused control
 {
     return NO; // each subclass knows its kind

@@ -8,8 +8,6 @@ namespace {
 constexpr double kSliderWidth = 180;
 constexpr NSSize kColorWellSize = {44, 24};
 
-NSTextField* makeLabel() { return [NSTextField labelWithString:@""]; }
-
 } // namespace
 
 @implementation MacToggleRow {
@@ -22,7 +20,7 @@ NSTextField* makeLabel() { return [NSTextField labelWithString:@""]; }
 {
     if (!(self = [super initWithFrame:frame]))
         return nil;
-    _label = makeLabel();
+    _label = [MacFormRowView label];
     _switch = [[NSSwitch alloc] initWithFrame:NSZeroRect];
     _switch.target = self;
     _switch.action = @selector(changed:);
@@ -67,7 +65,7 @@ NSTextField* makeLabel() { return [NSTextField labelWithString:@""]; }
 {
     if (!(self = [super initWithFrame:frame]))
         return nil;
-    _label = makeLabel();
+    _label = [MacFormRowView label];
     _slider = [[MacStepSlider alloc] initWithFrame:NSZeroRect];
     _slider.continuous = YES;
     _slider.target = self;
@@ -115,7 +113,7 @@ NSTextField* makeLabel() { return [NSTextField labelWithString:@""]; }
 {
     if (!(self = [super initWithFrame:frame]))
         return nil;
-    _label = makeLabel();
+    _label = [MacFormRowView label];
     _well = [[NSColorWell alloc] initWithFrame:NSZeroRect];
     if (@available(macOS 14.0, *))
         _well.supportsAlpha = NO;
@@ -170,7 +168,7 @@ NSTextField* makeLabel() { return [NSTextField labelWithString:@""]; }
 {
     if (!(self = [super initWithFrame:frame]))
         return nil;
-    _label = makeLabel();
+    _label = [MacFormRowView label];
     _button = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
     _button.target = self;
     _button.action = @selector(changed:);

@@ -17,6 +17,11 @@ INTERFACE_ADAPTERS = {
         "_removeButton.bordered = NO", "icon.size = NSMakeSize(row->iconSize.width, row->iconSize.height)",
         "_removeButton.image = haloric::nsImageFrom(row->removeImage)",
     ],
+    "MacFormRowView.mm": [
+        "label.lineBreakMode = NSLineBreakByTruncatingTail",
+        "setContentCompressionResistancePriority:NSLayoutPriorityDragThatCannotResizeWindow "
+        "forOrientation:NSLayoutConstraintOrientationHorizontal",
+    ],
     "MacFormRows.mm": ["_well.supportsAlpha = NO", "showsAlpha = NO"],
     "MacFormWindows.mm": [
         "(NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskMiniaturizable) == 7",

@@ -30,6 +30,13 @@ TEST_F(FormPointer, a_click_turns_a_toggle)
     EXPECT_TRUE(toy.hears("toggle off"));
 }
 
+TEST_F(FormPointer, a_label_that_is_too_long_leaves_the_controls_within_reach)
+{
+    toy.tell("width 1e300");
+    ASSERT_TRUE(toy.click("toggle"));
+    EXPECT_TRUE(toy.hears("toggle on"));
+}
+
 TEST_F(FormPointer, a_disabled_toggle_stays_as_it_is)
 {
     ASSERT_TRUE(toy.click("disabled"));

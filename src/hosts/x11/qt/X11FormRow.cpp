@@ -54,6 +54,7 @@ QLabel& X11FormRow::addLabel()
     auto* label = new QLabel(this);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    label->setMinimumWidth(1); // a word that is too long is cut off, else it pushes the controls out of sight
     m_line->addWidget(label, 1);
     return *label;
 }

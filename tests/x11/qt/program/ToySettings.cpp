@@ -10,7 +10,7 @@ namespace {
 
 std::string number(double value)
 {
-    char text[32];
+    char text[400]; // for every double
     std::snprintf(text, sizeof text, "%.2f", value);
     return text;
 }

@@ -17,6 +17,7 @@ SimRunLoop::Nanoseconds toNanoseconds(Seconds duration)
 struct SimRunLoop::Timer {
     Task task;
     Nanoseconds interval{0}; // zero: fires once
+    Seconds tolerance{0};
     Key key;
     bool armed = true;
 };
@@ -29,11 +30,14 @@ void SimRunLoop::post(Task task) { postAt(now(), std::move(task)); }
 
 void SimRunLoop::postAfter(Seconds delay, Task task) { postAt(now() + toNanoseconds(delay), std::move(task)); }
 
-Subscription SimRunLoop::scheduleOnce(Seconds delay, Task task) { return arm(delay, Seconds(0), std::move(task)); }
-
-Subscription SimRunLoop::scheduleRepeating(Seconds interval, Seconds /*tolerance*/, Task task)
+Subscription SimRunLoop::scheduleOnce(Seconds delay, Task task)
 {
-    return arm(interval, interval, std::move(task));
+    return arm(delay, Seconds(0), Seconds(0), std::move(task));
+}
+
+Subscription SimRunLoop::scheduleRepeating(Seconds interval, Seconds tolerance, Task task)
+{
+    return arm(interval, interval, tolerance, std::move(task));
 }
 
 void SimRunLoop::postAt(Nanoseconds instant, Task task) { insert(std::max(instant, m_now), std::move(task)); }
@@ -45,20 +49,26 @@ SimRunLoop::Key SimRunLoop::insert(Nanoseconds instant, Task task)
     return key;
 }
 
-Subscription SimRunLoop::arm(Seconds delay, Seconds interval, Task task)
+Subscription SimRunLoop::arm(Seconds delay, Seconds interval, Seconds tolerance, Task task)
 {
     auto timer = std::make_shared<Timer>();
     timer->task = std::move(task);
     timer->interval = toNanoseconds(interval);
+    timer->tolerance = tolerance;
     timer->key = insert(now() + toNanoseconds(delay), [this, timer] { fire(timer); });
-    ++m_armedTimers;
+    m_armedTolerances.insert(tolerance);
     return Subscription([this, timer] {
         if (!timer->armed)
             return;
-        timer->armed = false;
+        disarm(*timer);
         m_events.erase(timer->key);
-        --m_armedTimers;
     });
+}
+
+void SimRunLoop::disarm(Timer& timer)
+{
+    timer.armed = false;
+    m_armedTolerances.erase(m_armedTolerances.find(timer.tolerance));
 }
 
 void SimRunLoop::fire(const std::shared_ptr<Timer>& timer)
@@ -66,8 +76,7 @@ void SimRunLoop::fire(const std::shared_ptr<Timer>& timer)
     if (timer->interval > Nanoseconds(0)) {
         timer->key = insert(timer->key.first + timer->interval, [this, timer] { fire(timer); });
     } else {
-        timer->armed = false;
-        --m_armedTimers;
+        disarm(*timer);
     }
     const Task task = timer->task; // the timer may be cancelled, and with it freed, by its own task
     task();

@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace haloric {
@@ -52,7 +53,11 @@ public:
     Nanoseconds now() const { return m_now + m_spent; }
 
     // Timers (once and repeating) that are still armed, to find leaks.
-    std::size_t armedTimerCount() const { return m_armedTimers; }
+    std::size_t armedTimerCount() const { return m_armedTolerances.size(); }
+    // What the owners of the armed timers granted them, smallest first; a timer that fires once has none. Virtual time
+    // makes no use of it.
+    const std::multiset<Seconds>& armedTolerances() const { return m_armedTolerances; }
+
     std::size_t pendingEventCount() const { return m_events.size(); }
 
     // What RunLoop::wallClock gives at virtual time zero; may be set forth and back.
@@ -63,7 +68,8 @@ private:
     using Key = std::pair<Nanoseconds, std::uint64_t>;
 
     Key insert(Nanoseconds instant, Task task);
-    Subscription arm(Seconds delay, Seconds interval, Task task);
+    Subscription arm(Seconds delay, Seconds interval, Seconds tolerance, Task task);
+    void disarm(Timer& timer);
     void fire(const std::shared_ptr<Timer>& timer);
     void runFirst();
 
@@ -72,7 +78,7 @@ private:
     Seconds m_wallClockOrigin{1'700'000'000};
     std::uint64_t m_sequence = 0;
     std::map<Key, Task> m_events;
-    std::size_t m_armedTimers = 0;
+    std::multiset<Seconds> m_armedTolerances; // one a timer
 };
 
 } // namespace haloric

@@ -166,8 +166,8 @@ TEST_F(OverlayControllerAppDimTest, windows_without_a_screen_are_left_alone)
 
 TEST_F(OverlayControllerAppDimTest, the_timer_allows_the_system_to_join_wake_ups)
 {
-    EXPECT_EQ(OverlayController::kAppDimInterval, Seconds(0.2));
-    EXPECT_EQ(OverlayController::kAppDimTolerance, Seconds(0.05));
+    controller->setState(focused());
+    EXPECT_THAT(runLoop.armedTolerances(), testing::ElementsAre(Seconds(0.05)));
 }
 
 } // namespace

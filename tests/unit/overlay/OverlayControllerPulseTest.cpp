@@ -41,6 +41,13 @@ TEST_F(OverlayControllerPulseTest, advances_with_time_sixty_times_a_second)
     EXPECT_EQ(highlight()->count("display"), 0U);
 }
 
+TEST_F(OverlayControllerPulseTest, its_timer_is_exact)
+{
+    controller->setState(focused());
+    controller->pulse();
+    EXPECT_THAT(runLoop.armedTolerances(), testing::ElementsAre(Seconds(0)));
+}
+
 TEST_F(OverlayControllerPulseTest, redraws_what_changed_between_two_steps)
 {
     controller->setState(focused());

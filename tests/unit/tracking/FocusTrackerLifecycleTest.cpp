@@ -64,6 +64,12 @@ TEST_F(FocusTrackerLifecycle, the_poll_refreshes_every_0_15_seconds)
     EXPECT_EQ(queryCount(), 12U);
 }
 
+TEST_F(FocusTrackerLifecycle, the_poll_allows_the_system_to_join_wake_ups)
+{
+    start();
+    EXPECT_THAT(loop.armedTolerances(), ElementsAre(Seconds(0.075)));
+}
+
 TEST_F(FocusTrackerLifecycle, it_works_without_listeners)
 {
     tracker->onChange = nullptr;

@@ -1,5 +1,6 @@
 #include "hosts/sim/SimRunLoop.h"
 
+#include <set>
 #include <vector>
 
 namespace haloric {
@@ -72,6 +73,18 @@ TEST_F(SimRunLoopTest, cancelling_a_timer_that_has_fired_does_nothing)
     EXPECT_EQ(loop.armedTimerCount(), 0U);
     timer.reset();
     EXPECT_EQ(loop.armedTimerCount(), 0U);
+}
+
+TEST_F(SimRunLoopTest, the_tolerances_of_the_armed_timers_are_known)
+{
+    const auto once = loop.scheduleOnce(Seconds(0.1), note(1));
+    auto tolerant = loop.scheduleRepeating(Seconds(0.1), Seconds(0.05), note(2));
+    const auto exact = loop.scheduleRepeating(Seconds(0.1), Seconds(0), note(3));
+    EXPECT_EQ(loop.armedTolerances(), (std::multiset<Seconds>{Seconds(0), Seconds(0), Seconds(0.05)}));
+    loop.runFor(Seconds(0.2));
+    EXPECT_EQ(loop.armedTolerances(), (std::multiset<Seconds>{Seconds(0), Seconds(0.05)}));
+    tolerant.reset();
+    EXPECT_EQ(loop.armedTolerances(), std::multiset<Seconds>{Seconds(0)});
 }
 
 TEST(SimRunLoop, pending_events_can_be_asked_for_and_discarded)

@@ -17,15 +17,15 @@ using ObservationBox = std::shared_ptr<std::unique_ptr<AXObservation>>;
 AXQueries::AXQueries(SerialQueues& queues, RunLoop& runLoop, Accessibility& accessibility)
     : m_runLoop(runLoop),
       m_accessibility(accessibility),
-      m_worker(std::make_shared<AXFocusWorker>(accessibility)),
-      m_queue(queues.make(kQueueLabel, QualityOfService::userInitiated))
+      m_axWorker(std::make_shared<AXFocusWorker>(accessibility)),
+      m_axQueue(queues.make(kQueueLabel, QualityOfService::userInitiated))
 {
 }
 
 void AXQueries::submit(const Request& request, ResultHandler onResult, FinishHandler onFinish)
 {
-    m_queue->async([request, worker = m_worker, &runLoop = m_runLoop, &accessibility = m_accessibility,
-                    onResult = std::move(onResult), onFinish = std::move(onFinish)] {
+    m_axQueue->async([request, worker = m_axWorker, &runLoop = m_runLoop, &accessibility = m_accessibility,
+                      onResult = std::move(onResult), onFinish = std::move(onFinish)] {
         runLoop.post([onResult, result = worker->query(request.pid, request.titleBarRevision)] { onResult(result); });
 
         const auto made = std::make_shared<ObservationBox::element_type>();
@@ -39,12 +39,12 @@ void AXQueries::submit(const Request& request, ResultHandler onResult, FinishHan
 void AXQueries::release(std::unique_ptr<AXObservation> observation)
 {
     const auto doomed = std::make_shared<ObservationBox::element_type>(std::move(observation));
-    m_queue->async([doomed] { doomed->reset(); });
+    m_axQueue->async([doomed] { doomed->reset(); });
 }
 
 void AXQueries::resetWorker()
 {
-    m_queue->async([worker = m_worker] { worker->reset(); });
+    m_axQueue->async([worker = m_axWorker] { worker->reset(); });
 }
 
 } // namespace haloric

@@ -42,8 +42,8 @@ public:
 private:
     RunLoop& m_runLoop;
     Accessibility& m_accessibility;
-    std::shared_ptr<AXFocusWorker> m_worker; // touched only in blocks of the queue, which share it
-    std::unique_ptr<SerialQueue> m_queue;    // last: its destructor may wait for the blocks
+    std::shared_ptr<AXFocusWorker> m_axWorker; // touched only in blocks of the queue, which share it
+    std::unique_ptr<SerialQueue> m_axQueue;    // last: its destructor may wait for the blocks
 };
 
 } // namespace haloric

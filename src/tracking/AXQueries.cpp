@@ -8,10 +8,6 @@ namespace {
 
 constexpr std::string_view kQueueLabel = "com.kestrow.haloric.accessibility";
 
-// Tasks can be copied, an observation cannot; and whoever empties the box decides where the observation ends, not
-// the last copy of a task.
-using ObservationBox = std::shared_ptr<std::unique_ptr<AXObservation>>;
-
 } // namespace
 
 AXQueries::AXQueries(SerialQueues& queues, RunLoop& runLoop, Accessibility& accessibility)
@@ -22,23 +18,32 @@ AXQueries::AXQueries(SerialQueues& queues, RunLoop& runLoop, Accessibility& acce
 {
 }
 
+AXQueries::~AXQueries()
+{
+    // Behind the query that may be under way, whose last turn will find nobody.
+    m_axQueue->async([made = m_made] { made->reset(); });
+}
+
 void AXQueries::submit(const Request& request, ResultHandler onResult, FinishHandler onFinish)
 {
-    m_axQueue->async([request, worker = m_axWorker, &runLoop = m_runLoop, &accessibility = m_accessibility,
-                      onResult = std::move(onResult), onFinish = std::move(onFinish)] {
+    m_axQueue->async([request, worker = m_axWorker, made = m_made, self = m_anchor.ref(), &runLoop = m_runLoop,
+                      &accessibility = m_accessibility, onResult = std::move(onResult),
+                      onFinish = std::move(onFinish)] {
         runLoop.post([onResult, result = worker->query(request.pid, request.titleBarRevision)] { onResult(result); });
 
-        const auto made = std::make_shared<ObservationBox::element_type>();
         const AXElement app = worker->applicationElement(request.pid);
         if (request.observe == Observe::yes && app)
             *made = AXObservation::make(accessibility, request.pid, app);
-        runLoop.post([onFinish, made] { onFinish(std::move(*made)); });
+        runLoop.post([self, onFinish] {
+            if (AXQueries* queries = self.get())
+                onFinish(std::move(*queries->m_made));
+        });
     });
 }
 
 void AXQueries::release(std::unique_ptr<AXObservation> observation)
 {
-    const auto doomed = std::make_shared<ObservationBox::element_type>(std::move(observation));
+    const auto doomed = std::make_shared<ObservationBox>(std::move(observation));
     m_axQueue->async([doomed] { doomed->reset(); });
 }
 

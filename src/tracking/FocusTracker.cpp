@@ -109,7 +109,6 @@ void FocusTracker::submitQuery(ProcessID pid)
                 tracker->apply(result, pid);
         },
         [self = m_anchor.ref(), generation, pid](std::unique_ptr<AXObservation> made) {
-            // Without a tracker there is no queue either, and the observation may end here.
             if (FocusTracker* tracker = self.get())
                 tracker->finishQuery(generation, pid, std::move(made));
         });

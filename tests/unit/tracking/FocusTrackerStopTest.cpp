@@ -141,7 +141,18 @@ TEST_F(FocusTrackerStop, a_tracker_may_go_while_its_query_is_under_way)
     run();
     EXPECT_THAT(journal, IsEmpty());
     EXPECT_FALSE(observer(0).live);
+    EXPECT_TRUE(observer(0).releasedInsideQueue);
     EXPECT_THAT(observer(0).runLoop, IsEmpty());
+}
+
+TEST_F(FocusTrackerStop, a_tracker_may_go_before_its_query_has_begun)
+{
+    tracker->start();
+    tracker.reset();
+    run();
+    EXPECT_THAT(takeJournal(), ElementsAre("cleared 7"));
+    EXPECT_FALSE(observer(0).live);
+    EXPECT_TRUE(observer(0).releasedInsideQueue);
 }
 
 TEST_F(FocusTrackerStop, the_listener_may_stop_the_tracker)

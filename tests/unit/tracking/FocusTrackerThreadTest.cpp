@@ -105,8 +105,8 @@ TEST_F(FocusTrackerThread, a_tracker_may_be_destroyed_while_its_query_blocks)
     loop.post([&] { last = true; });
     loop.runUntil([&] { return last; });
     ASSERT_EQ(accessibility.observers.size(), 1U);
-    EXPECT_FALSE(accessibility.observers[0]->live);
     EXPECT_TRUE(accessibility.observers[0]->runLoop.empty());
+    expectProperReleases();
 }
 
 TEST_F(FocusTrackerThread, hasty_switches_leave_one_observation_at_a_time)

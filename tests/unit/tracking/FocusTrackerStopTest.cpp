@@ -94,15 +94,32 @@ TEST_F(FocusTrackerStop, a_follow_up_that_was_asked_for_is_forgotten_by_the_stop
     EXPECT_EQ(queryCount(), 1U);
 }
 
-TEST_F(FocusTrackerStop, a_pulse_that_was_due_is_forgotten_by_the_stop)
+TEST_F(FocusTrackerStop, a_follow_up_from_before_a_stop_is_not_made_after_a_new_start)
 {
-    focusNothing(kEditor);
-    start();
+    startUntilResultIsUnderWay();
+    askForRefresh();
     tracker->stop();
     workspace.frontmost.reset();
-    focus(kEditor, editorWindow);
+    tracker->start(); // asks nobody, for there is nobody
+    makeFrontmost(kEditor);
+    deliverResult();
+    EXPECT_TRUE(tracker->isQueryInFlight());
+    finishQuery();
+    EXPECT_FALSE(tracker->isQueryInFlight());
+}
+
+TEST_F(FocusTrackerStop, a_pulse_that_was_due_is_forgotten_by_the_stop)
+{
     start();
-    EXPECT_THAT(takeJournal(), ElementsAre("cleared 7", "blank"));
+    journal.clear();
+    tracker->onChange = [this](const FocusState& state) {
+        journal.push_back(describe(state));
+        tracker->stop();
+    };
+    focus(kEditor, addWindow(kEditor, kOtherWindow, {200, 200, 300, 300}));
+    notify("AXFocusedWindowChanged");
+    run();
+    EXPECT_THAT(journal, ElementsAre("7/43 200,300 300x300"));
 }
 
 TEST_F(FocusTrackerStop, events_after_the_stop_do_nothing)

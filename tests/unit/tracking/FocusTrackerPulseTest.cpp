@@ -13,21 +13,27 @@ protected:
     FakeAXElementRef otherWindow;
 };
 
-TEST_F(FocusTrackerPulse, focusing_another_window_of_the_application_pulses_after_the_new_state)
+// Either notification may come alone.
+class FocusTrackerPulseNotice : public FocusTrackerPulse, public testing::WithParamInterface<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(, FocusTrackerPulseNotice, testing::Values("AXFocusedWindowChanged", "AXMainWindowChanged"),
+                         [](const auto& notice) { return std::string(notice.param); });
+
+TEST_P(FocusTrackerPulseNotice, focusing_another_window_of_the_application_pulses_after_the_new_state)
 {
     start();
     journal.clear();
     focus(kEditor, otherWindow);
-    notify("AXFocusedWindowChanged");
+    notify(GetParam());
     run();
     EXPECT_THAT(journal, ElementsAre("7/43 200,300 300x300", "pulse"));
 }
 
-TEST_F(FocusTrackerPulse, refocusing_the_same_window_does_not_pulse)
+TEST_P(FocusTrackerPulseNotice, refocusing_the_same_window_does_not_pulse)
 {
     start();
     journal.clear();
-    notify("AXFocusedWindowChanged");
+    notify(GetParam());
     run();
     EXPECT_THAT(journal, IsEmpty());
 }

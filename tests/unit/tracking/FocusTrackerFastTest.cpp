@@ -6,10 +6,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class FocusTrackerFast : public FocusTrackerTest {
-protected:
-    void drag() { place(kWindow, std::get<Rect>(info(kWindow).bounds).translatedBy(1, 0)); }
-};
+class FocusTrackerFast : public FocusTrackerTest {};
 
 TEST_F(FocusTrackerFast, each_frame_publishes_where_the_window_is)
 {

@@ -80,6 +80,26 @@ TEST_F(FocusTrackerMouse, a_release_restarts_the_settling_and_counts_as_movement
     EXPECT_NEAR(secondsUntilSlow(), 0.6, 0.02);
 }
 
+TEST_F(FocusTrackerMouse, it_ends_2_seconds_after_the_release_when_the_window_never_rests)
+{
+    start();
+    input.pressedButtons = 1;
+    input.sendGlobal(EventType::leftMouseDown);
+    frames(3.0, [this] { drag(); });
+    input.pressedButtons = 0;
+    input.sendGlobal(EventType::leftMouseUp);
+    EXPECT_NEAR(secondsUntilSlow([this] { drag(); }), 2.0, 0.02);
+}
+
+TEST_F(FocusTrackerMouse, it_ends_2_seconds_after_a_frame_finds_the_release_when_the_window_never_rests)
+{
+    start();
+    input.pressedButtons = 1;
+    frames(3.0, [this] { drag(); });
+    input.pressedButtons = 0;
+    EXPECT_NEAR(secondsUntilSlow([this] { drag(); }), 2.0, 0.04);
+}
+
 TEST_F(FocusTrackerMouse, a_release_while_another_button_is_pressed_does_nothing)
 {
     start();

@@ -72,6 +72,8 @@ protected:
     void askForRefresh() { input.sendGlobal(EventType::leftMouseUp); }
     void poll() { loop.runFor(FocusTracker::kPollInterval); }
 
+    void drag() { place(kWindow, std::get<Rect>(info(kWindow).bounds).translatedBy(1, 0)); } // by a point
+
     std::size_t queryCount() const { return accessibility.count("AXFocusedWindow"); }
     FakeAccessibility::Observer& observer(std::size_t index) { return *accessibility.observers.at(index); }
     void notify(std::string_view name) { accessibility.notify(accessibility.observers.back(), name); }

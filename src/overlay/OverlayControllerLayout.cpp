@@ -143,7 +143,7 @@ void OverlayController::layoutHighlight(const Rect& focusedFrame)
     const double margin = highlightMargin(settings);
     const bool ordersFront = !m_highlightWindow->isVisible() || m_highlightNeedsOrdering;
     m_highlightWindow->positionHighlight(focusedFrame.insetBy(-margin),
-                                         ordersFront ? OverlayWindow::Positioning::synchronizeWithToolkit
+                                         ordersFront ? OverlayWindow::Positioning::synchronizeWithAppKit
                                                      : OverlayWindow::Positioning::fastPathAllowed);
 
     const std::optional<double> height = tintHeight(m_state.titleBar, settings);

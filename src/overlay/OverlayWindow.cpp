@@ -134,7 +134,7 @@ void OverlayWindow::checkTransactionPosition()
     }
     m_transactionMovesAvailable = false;
     const Rect target = *m_serverFrame;
-    positionHighlight(target, Positioning::synchronizeWithToolkit);
+    positionHighlight(target, Positioning::synchronizeWithAppKit);
     m_platform.log.line("WindowServer overlay position did not match; using AppKit positioning");
 }
 

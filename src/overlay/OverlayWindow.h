@@ -21,7 +21,7 @@ class OverlayWindow final : private ToolkitWindowDelegate {
 public:
     enum class Positioning {
         fastPathAllowed,
-        synchronizeWithToolkit, // the toolkit moves the window, whatever else would be possible
+        synchronizeWithAppKit, // AppKit, or the toolkit in its place, moves the window, whatever else would be possible
     };
 
     static constexpr Seconds kVerificationDelay{0.05};

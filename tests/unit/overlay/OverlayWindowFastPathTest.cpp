@@ -12,7 +12,7 @@ TEST_F(OverlayWindowFastPathTest, makes_no_call_when_it_is_there_already)
 {
     show();
     moveTo(kStart);
-    window->positionHighlight(kStart, Positioning::synchronizeWithToolkit);
+    window->positionHighlight(kStart, Positioning::synchronizeWithAppKit);
     EXPECT_TRUE(record->calls.empty());
     EXPECT_TRUE(library.calls.empty());
     EXPECT_EQ(runLoop.pendingEventCount(), 0U);

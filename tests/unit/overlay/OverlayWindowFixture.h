@@ -42,7 +42,7 @@ protected:
     // Shows the window at `frame`, as the controller does, and forgets how.
     void show(const Rect& frame = kStart)
     {
-        window->positionHighlight(frame, Positioning::synchronizeWithToolkit);
+        window->positionHighlight(frame, Positioning::synchronizeWithAppKit);
         window->orderFront();
         library.bounds[WindowNumber{static_cast<std::uint32_t>(record->number)}] =
             flippedVertically(frame, kPrimary.frame.maxY());

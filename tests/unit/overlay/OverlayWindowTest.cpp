@@ -70,7 +70,7 @@ TEST_F(OverlayWindowTest, a_hidden_window_is_moved_by_the_toolkit)
 TEST_F(OverlayWindowTest, the_toolkit_moves_it_when_asked_to_synchronize)
 {
     show();
-    window->positionHighlight(kMoved, Positioning::synchronizeWithToolkit);
+    window->positionHighlight(kMoved, Positioning::synchronizeWithAppKit);
     EXPECT_EQ(record->calls, Calls{"setFrameOrigin"});
     EXPECT_TRUE(library.calls.empty());
     EXPECT_FALSE(window->serverFrame().has_value());
@@ -95,7 +95,7 @@ TEST_F(OverlayWindowTest, a_toolkit_move_first_tells_the_toolkit_where_the_serve
     moveTo(kMoved);
     forget();
     const Rect target{200, 200, 300, 200};
-    window->positionHighlight(target, Positioning::synchronizeWithToolkit);
+    window->positionHighlight(target, Positioning::synchronizeWithAppKit);
     EXPECT_EQ(record->calls, (Calls{"setFrame", "setFrameOrigin"}));
     EXPECT_EQ(record->frame, target);
     EXPECT_FALSE(record->displayedBySetFrame);
@@ -107,7 +107,7 @@ TEST_F(OverlayWindowTest, synchronizing_in_place_only_tells_the_toolkit)
     show();
     moveTo(kMoved);
     forget();
-    window->positionHighlight(kMoved, Positioning::synchronizeWithToolkit);
+    window->positionHighlight(kMoved, Positioning::synchronizeWithAppKit);
     EXPECT_EQ(record->calls, Calls{"setFrame"});
     EXPECT_EQ(record->frame, kMoved);
     EXPECT_FALSE(window->serverFrame().has_value());
@@ -119,7 +119,7 @@ TEST_F(OverlayWindowTest, a_toolkit_that_knows_the_place_is_not_told_again)
     moveTo(kMoved);
     moveTo(kStart); // back to where the toolkit believes it to be
     forget();
-    window->positionHighlight(kStart, Positioning::synchronizeWithToolkit);
+    window->positionHighlight(kStart, Positioning::synchronizeWithAppKit);
     EXPECT_TRUE(record->calls.empty());
     EXPECT_FALSE(window->serverFrame().has_value());
 }

@@ -117,7 +117,7 @@ TEST_F(OverlayWindowVerificationTest, stops_without_a_verdict_when_there_is_noth
 {
     const std::vector<std::function<void()>> disturbances{
         [this] { window->orderOut(); },
-        [this] { window->positionHighlight(kStart, Positioning::synchronizeWithToolkit); },
+        [this] { window->positionHighlight(kStart, Positioning::synchronizeWithAppKit); },
         [this] { screens.set({}); },
     };
     for (const auto& disturb : disturbances) {

@@ -64,7 +64,7 @@ public:
     FakeProcesses processes;
     FakeLog log;
     FakeUserDefaults defaults;
-    WindowServer windowServer{library, processes, loop, log};
+    SharedWindowServer windowServer{library, processes, loop, log};
     WindowList windowList{windowInfo, screens, workspace, application.pid};
     SettingsStore store{defaults};
     OverlayController overlays{{loop, workspace, screens, toolkit, input, windowServer, windowList, log}, store};

@@ -7,8 +7,8 @@
 #include "menubar/UpdaterManager.h"
 #include "settings/LaunchAtLogin.h"
 #include "settings/SettingsStore.h"
+#include "windowserver/SharedWindowServer.h"
 #include "windowserver/WindowList.h"
-#include "windowserver/WindowServer.h"
 
 #include <memory>
 #include <optional>
@@ -34,7 +34,6 @@ public:
 
     AppDelegate& delegate() { return *m_delegate; }
     SettingsStore& settingsStore() { return m_settingsStore; }
-    WindowServer& windowServer() { return m_windowServer; }
     HotkeyManager& hotkeyManager() { return m_hotkeyManager; }
 
 private:
@@ -45,7 +44,7 @@ private:
 
     Application& m_application;
     SettingsStore m_settingsStore;
-    WindowServer m_windowServer;
+    SharedWindowServer m_windowServer;
     WindowList m_windowList;
     HotkeyManager m_hotkeyManager;
     LaunchAtLogin m_launchAtLogin;

@@ -7,8 +7,8 @@
 #include "platform/Screens.h"
 #include "platform/ToolkitWindow.h"
 #include "platform/Workspace.h"
+#include "windowserver/SharedWindowServer.h"
 #include "windowserver/WindowList.h"
-#include "windowserver/WindowServer.h"
 
 namespace haloric {
 
@@ -18,7 +18,7 @@ struct OverlayPlatform {
     Screens& screens;
     ToolkitWindows& toolkitWindows;
     InputMonitors& input;
-    WindowServer& windowServer;
+    SharedWindowServer& windowServer;
     const WindowList& windowList;
     Log& log;
 };

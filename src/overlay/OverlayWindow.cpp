@@ -81,7 +81,7 @@ bool OverlayWindow::moveThroughServer(const Rect& target)
     if (!m_transactionMovesAvailable || m_window->windowNumber() <= 0 || screens.empty())
         return false;
     const Rect global = flippedVertically(target, screens.front().frame.maxY());
-    if (!m_platform.windowServer.move(serverNumber(*m_window), global.origin())) {
+    if (!m_platform.windowServer.get().move(serverNumber(*m_window), global.origin())) {
         m_transactionMovesAvailable = false;
         m_platform.log.line("WindowServer overlay transactions unavailable; using AppKit positioning");
         return false;
@@ -141,7 +141,7 @@ void OverlayWindow::checkTransactionPosition()
 bool OverlayWindow::isWhereServerWasTold(double primaryMaxY) const
 {
     const Rect expected = flippedVertically(*m_serverFrame, primaryMaxY);
-    const auto bounds = m_platform.windowServer.bounds(serverNumber(*m_window));
+    const auto bounds = m_platform.windowServer.get().bounds(serverNumber(*m_window));
     return bounds && std::abs(bounds->minX() - expected.minX()) < kPositionTolerance &&
            std::abs(bounds->minY() - expected.minY()) < kPositionTolerance;
 }

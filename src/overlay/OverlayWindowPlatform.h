@@ -5,7 +5,7 @@
 #include "platform/RunLoop.h"
 #include "platform/Screens.h"
 #include "platform/ToolkitWindow.h"
-#include "windowserver/WindowServer.h"
+#include "windowserver/SharedWindowServer.h"
 
 namespace haloric {
 
@@ -13,7 +13,7 @@ struct OverlayWindowPlatform {
     RunLoop& runLoop;
     const Screens& screens;
     ToolkitWindows& toolkitWindows;
-    WindowServer& windowServer;
+    SharedWindowServer& windowServer;
     Log& log;
 };
 

@@ -1,6 +1,6 @@
 #include "tracking/FocusFrames.h"
 
-#include "windowserver/WindowServer.h"
+#include "windowserver/SharedWindowServer.h"
 
 #include <algorithm>
 
@@ -32,7 +32,7 @@ std::optional<Rect> FocusFrames::frame(const WindowInfo& entry) const
 
 std::optional<Rect> FocusFrames::windowServerFrame(WindowNumber windowID) const
 {
-    const auto bounds = m_windowServer.bounds(windowID);
+    const auto bounds = m_windowServer.get().bounds(windowID);
     return bounds ? frame(*bounds) : std::nullopt;
 }
 

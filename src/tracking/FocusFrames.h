@@ -11,12 +11,12 @@
 
 namespace haloric {
 
-class WindowServer;
+class SharedWindowServer;
 
 class FocusFrames {
 public:
     // The adapters outlive this object.
-    FocusFrames(const WindowServer& windowServer, WindowInfoSource& windowInfo, const Screens& screens)
+    FocusFrames(SharedWindowServer& windowServer, WindowInfoSource& windowInfo, const Screens& screens)
         : m_windowServer(windowServer),
           m_windowInfo(windowInfo),
           m_screens(screens)
@@ -37,7 +37,7 @@ public:
 private:
     std::optional<Rect> frame(const WindowInfo& entry) const;
 
-    const WindowServer& m_windowServer;
+    SharedWindowServer& m_windowServer;
     WindowInfoSource& m_windowInfo;
     const Screens& m_screens;
 };

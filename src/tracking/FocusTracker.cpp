@@ -3,7 +3,7 @@
 #include "platform/Application.h"
 #include "platform/RunLoop.h"
 #include "platform/Workspace.h"
-#include "windowserver/WindowServer.h"
+#include "windowserver/SharedWindowServer.h"
 
 #include <utility>
 
@@ -172,11 +172,11 @@ void FocusTracker::setCurrentWindowID(WindowNumber windowID)
         return;
     m_currentWindowID = windowID;
     if (windowID == WindowNumber::none) {
-        m_platform.windowServer.observe(windowID, {});
+        m_platform.windowServer.get().observe(windowID, {});
         return;
     }
     // Without notifications the tick follows the window all the same.
-    m_platform.windowServer.observe(windowID, [self = m_anchor.ref()](WindowNumber changed, auto changes) {
+    m_platform.windowServer.get().observe(windowID, [self = m_anchor.ref()](WindowNumber changed, auto changes) {
         if (FocusTracker* tracker = self.get())
             tracker->handleWindowServer(changed, changes);
     });

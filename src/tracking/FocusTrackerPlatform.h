@@ -10,8 +10,8 @@ class InputMonitors;
 class RunLoop;
 class Screens;
 class SerialQueues;
+class SharedWindowServer;
 class WindowInfoSource;
-class WindowServer;
 class Workspace;
 
 struct FocusTrackerPlatform {
@@ -24,7 +24,7 @@ struct FocusTrackerPlatform {
     WindowInfoSource& windowInfo;
     InputMonitors& input;
     Application& application;
-    WindowServer& windowServer;
+    SharedWindowServer& windowServer;
 };
 
 } // namespace haloric

@@ -48,7 +48,7 @@ protected:
 
     void launch() { delegate->applicationDidFinishLaunching(); }
 
-    WindowServer windowServer{library, processes, runLoop, log};
+    SharedWindowServer windowServer{library, processes, runLoop, log};
     WindowList windowList{windowInfo, screens, workspace, application.pid};
     SettingsStore store{defaults};
     HotkeyManager hotkeyManager{hotkeys};

@@ -6,7 +6,13 @@
 namespace haloric {
 namespace {
 
-using EntrySequenceTest = ApplicationFixture;
+class EntrySequenceTest : public ApplicationFixture {
+protected:
+    std::ptrdiff_t libraryOpenings() const
+    {
+        return std::ranges::count_if(library.calls, [](const auto& call) { return call.starts_with("open("); });
+    }
+};
 
 TEST_F(EntrySequenceTest, sets_the_delegate_and_the_policy_and_runs_the_application)
 {
@@ -19,12 +25,43 @@ TEST_F(EntrySequenceTest, sets_the_delegate_and_the_policy_and_runs_the_applicat
     EXPECT_EQ(static_cast<int>(ActivationPolicy::accessory), 1);
 }
 
-TEST_F(EntrySequenceTest, makes_one_store_and_one_bridge_before_it_runs)
+TEST_F(EntrySequenceTest, makes_one_store_before_it_runs)
 {
     EntrySequence sequence(platform());
     EXPECT_EQ(defaults.reads, Calls{"Haloric.settings.v1"});
-    EXPECT_EQ(std::ranges::count_if(library.calls, [](const auto& call) { return call.starts_with("open("); }), 1);
     EXPECT_EQ(sequence.delegate().overlays(), nullptr);
+}
+
+TEST_F(EntrySequenceTest, makes_one_bridge_for_everybody_and_that_at_its_first_use)
+{
+    EntrySequence sequence(platform());
+    sequence.run();
+    EXPECT_TRUE(library.calls.empty()) << "no window has been found yet";
+    runLoop.runPosted();
+    ASSERT_EQ(sequence.delegate().overlays()->state().frame, kFrame);
+    EXPECT_EQ(libraryOpenings(), 1);
+
+    library.bounds[kWindow].x += 10;
+    library.notify(806, kWindow);
+    runLoop.runFor(Seconds(1));
+    EXPECT_EQ(library.createdTransactions(), 1U) << "the highlight has followed through the bridge";
+    EXPECT_EQ(libraryOpenings(), 1);
+}
+
+TEST_F(EntrySequenceTest, says_nothing_of_a_bridge_that_nobody_has_used)
+{
+    const std::string disabled = "WindowServer fast path disabled; using display-linked fallback";
+    processes.environment["HALORIC_DISABLE_WINDOWSERVER_FAST_PATH"] = "1";
+    workspace.frontmost.reset();
+    EntrySequence sequence(platform());
+    sequence.run();
+    runLoop.runFor(Seconds(2));
+    ASSERT_TRUE(sequence.delegate().trackerRunning());
+    EXPECT_TRUE(log.lines.empty());
+
+    workspace.frontmost = FrontmostApplication{kEditor, false};
+    runLoop.runFor(Seconds(2));
+    EXPECT_EQ(std::ranges::count(log.lines, disabled), 1);
 }
 
 TEST_F(EntrySequenceTest, the_program_lives_on_after_run_has_returned)

@@ -27,7 +27,7 @@
 #include "support/FakeWindowServerLibrary.h"
 #include "support/FakeWorkspace.h"
 #include "tracking/FocusTracker.h"
-#include "windowserver/WindowServer.h"
+#include "windowserver/SharedWindowServer.h"
 
 #include <gtest/gtest.h>
 
@@ -99,7 +99,7 @@ protected:
     FakeApplicationCatalog catalog;
     FakeUpdaterFramework updaterFramework;
 
-    WindowServer windowServer{library, processes, runLoop, log};
+    SharedWindowServer windowServer{library, processes, runLoop, log};
     FocusTracker tracker{FocusTrackerPlatform{runLoop, queues, links, workspace, screens, accessibility, windowInfo,
                                               input, application, windowServer}};
     SettingsStore store{defaults};

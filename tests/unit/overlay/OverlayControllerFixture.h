@@ -83,7 +83,7 @@ protected:
     FakeLog log;
     FakeWindowInfoSource windowInfo;
     FakeUserDefaults defaults;
-    WindowServer windowServer{library, processes, runLoop, log};
+    SharedWindowServer windowServer{library, processes, runLoop, log};
     WindowList windowList{windowInfo, screens, workspace, kOwnPID};
     SettingsStore store{defaults};
     std::unique_ptr<OverlayController> controller;

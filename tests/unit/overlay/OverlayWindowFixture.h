@@ -64,7 +64,7 @@ protected:
     FakeWindowServerLibrary library;
     FakeProcesses processes;
     FakeLog log;
-    WindowServer windowServer{library, processes, runLoop, log};
+    SharedWindowServer windowServer{library, processes, runLoop, log};
     std::unique_ptr<OverlayWindow> window;
     FakeToolkitWindows::Record record;
 };

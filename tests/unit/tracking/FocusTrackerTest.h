@@ -5,7 +5,7 @@
 #include "tracking/FocusTracker.h"
 
 #include "unit/tracking/TrackedDesktop.h"
-#include "windowserver/WindowServer.h"
+#include "windowserver/SharedWindowServer.h"
 
 #include <memory>
 #include <string>
@@ -128,7 +128,7 @@ protected:
 
     std::vector<std::string> takeJournal() { return std::exchange(journal, {}); }
 
-    std::optional<WindowServer> windowServer;
+    std::optional<SharedWindowServer> windowServer;
     std::vector<std::string> journal;
     std::optional<FocusTracker> tracker;
 

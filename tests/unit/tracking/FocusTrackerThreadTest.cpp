@@ -14,7 +14,7 @@
 #include "support/JoiningThread.h"
 #include "support/PostingRunLoop.h"
 #include "support/ThreadedSerialQueues.h"
-#include "windowserver/WindowServer.h"
+#include "windowserver/SharedWindowServer.h"
 
 #include <latch>
 #include <thread>
@@ -68,7 +68,7 @@ protected:
     FakeWindowServerLibrary library;
     FakeProcesses processes;
     FakeLog log;
-    WindowServer windowServer{library, processes, loop, log};
+    SharedWindowServer windowServer{library, processes, loop, log};
     std::optional<FocusTracker> tracker{std::in_place,
                                         FocusTrackerPlatform{loop, queues, links, workspace, screens, accessibility,
                                                              windowInfo, input, application, windowServer}};

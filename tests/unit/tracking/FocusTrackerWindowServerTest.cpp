@@ -146,6 +146,20 @@ TEST_F(FocusTrackerWindowServer, nothing_is_heard_after_the_stop)
     EXPECT_THAT(journal, IsEmpty());
 }
 
+TEST_F(FocusTrackerWindowServer, the_bridge_is_not_made_before_there_is_a_window_to_follow)
+{
+    accessibility.trusted = false;
+    start();
+    poll();
+    tracker->stop();
+    EXPECT_THAT(library.calls, IsEmpty());
+
+    accessibility.trusted = true;
+    start();
+    ASSERT_EQ(tracker->currentWindowID(), kWindow);
+    EXPECT_THAT(library.calls, testing::Contains(testing::StartsWith("open(")).Times(1));
+}
+
 TEST_F(FocusTrackerWindowServer, a_refused_watch_changes_nothing_else)
 {
     library.failAlways("SLSRequestNotificationsForWindows");

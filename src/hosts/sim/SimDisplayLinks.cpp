@@ -5,13 +5,14 @@
 
 namespace haloric {
 
-// Calls a task on every multiple of the refresh period while it runs.
+// Calls a task on every multiple of a screen's refresh period while it runs and the screen is there.
 class SimDisplayLinks::Ticker {
 public:
-    Ticker(SimDisplayLinks& owner, double framesPerSecond, Task tick)
+    Ticker(SimDisplayLinks& owner, const SimScreen& screen, Task tick)
         : m_owner(owner),
+          m_display(screen.id),
           m_tick(std::move(tick)),
-          m_period(std::chrono::round<SimRunLoop::Nanoseconds>(Seconds(1 / framesPerSecond)))
+          m_period(std::chrono::round<SimRunLoop::Nanoseconds>(Seconds(1 / screen.framesPerSecond)))
     {
     }
 
@@ -40,6 +41,10 @@ private:
             auto* self = weak.get();
             if (!self || !self->m_running)
                 return;
+            if (!self->m_owner.findScreen(self->m_display)) {
+                self->stop();
+                return;
+            }
             self->schedule();
             const Task tick = self->m_tick; // the link may be destroyed by its own tick
             tick();
@@ -47,6 +52,7 @@ private:
     }
 
     SimDisplayLinks& m_owner;
+    DisplayID m_display;
     Task m_tick;
     SimRunLoop::Nanoseconds m_period;
     bool m_running = false;
@@ -55,10 +61,7 @@ private:
 
 class SimDisplayLinks::ScreenLink final : public ScreenDisplayLink {
 public:
-    ScreenLink(SimDisplayLinks& owner, const Screen& screen, Task tick)
-        : m_ticker(owner, screen.maximumFramesPerSecond, std::move(tick))
-    {
-    }
+    ScreenLink(SimDisplayLinks& owner, const SimScreen& screen, Task tick) : m_ticker(owner, screen, std::move(tick)) {}
 
     void setPreferredFrameRateRange(const FrameRateRange&) override {}
     void addToMainRunLoop() override { m_ticker.start(); }
@@ -70,10 +73,7 @@ private:
 
 class SimDisplayLinks::VideoLink final : public VideoDisplayLink {
 public:
-    VideoLink(SimDisplayLinks& owner, double framesPerSecond)
-        : m_ticker(owner, framesPerSecond, [this] { m_handler(); })
-    {
-    }
+    VideoLink(SimDisplayLinks& owner, const SimScreen& screen) : m_ticker(owner, screen, [this] { m_handler(); }) {}
 
     bool setOutputHandler(OutputHandler handler) override
     {
@@ -126,21 +126,26 @@ private:
 
 std::unique_ptr<ScreenDisplayLink> SimDisplayLinks::makeScreenLink(const Screen& screen, Task tick)
 {
-    return std::make_unique<ScreenLink>(*this, screen, std::move(tick));
+    const SimScreen* found = findScreen(screen.displayID.value_or(DisplayID::none));
+    return found ? std::make_unique<ScreenLink>(*this, *found, std::move(tick)) : nullptr;
 }
 
 std::unique_ptr<VideoDisplayLink> SimDisplayLinks::makeVideoLink(DisplayID display)
 {
-    const auto& screens = m_desktop.model.screens;
-    const auto found = std::ranges::find_if(screens, [&](const SimScreen& screen) { return screen.id == display; });
-    if (found == screens.end() || m_desktop.faults.videoLinksFail)
-        return nullptr;
-    return std::make_unique<VideoLink>(*this, found->framesPerSecond);
+    const SimScreen* found = m_desktop.faults.videoLinksFail ? nullptr : findScreen(display);
+    return found ? std::make_unique<VideoLink>(*this, *found) : nullptr;
 }
 
 std::shared_ptr<DataAddSource> SimDisplayLinks::makeDataAddSource(Task handler)
 {
     return std::make_shared<AddSource>(m_desktop.runLoop, std::move(handler));
+}
+
+const SimScreen* SimDisplayLinks::findScreen(DisplayID display) const
+{
+    const auto& screens = m_desktop.model.screens;
+    const auto found = std::ranges::find(screens, display, &SimScreen::id);
+    return found == screens.end() ? nullptr : &*found;
 }
 
 } // namespace haloric

@@ -25,6 +25,8 @@ private:
     class VideoLink;
     class AddSource;
 
+    const SimScreen* findScreen(DisplayID display) const; // null when no screen has this number
+
     SimDesktop& m_desktop;
     int m_runningLinks = 0;
 };

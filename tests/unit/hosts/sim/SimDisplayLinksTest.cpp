@@ -52,6 +52,41 @@ TEST(SimDisplayLinks, a_video_link_calls_its_handler_until_it_stops)
     EXPECT_EQ(links.makeVideoLink(DisplayID{1}), nullptr);
 }
 
+TEST(SimDisplayLinks, a_screen_that_is_gone_makes_no_link)
+{
+    SimDesk desk;
+    SimDisplayLinks links(desk.desktop);
+    const Screen gone = SimScreens(desk.desktop).all()[0];
+    EXPECT_NE(links.makeScreenLink(gone, [] {}), nullptr);
+    desk.desktop.model.screens = {{DisplayID{2}, {0, 0, 1440, 900}, 60, 1}};
+    EXPECT_EQ(links.makeScreenLink(gone, [] {}), nullptr);
+}
+
+TEST(SimDisplayLinks, links_of_both_kinds_end_with_their_screen)
+{
+    SimDesk desk;
+    desk.desktop.model.screens.push_back({DisplayID{2}, {1440, 0, 1440, 900}, 60, 1});
+    SimDisplayLinks links(desk.desktop);
+    SimScreens screens(desk.desktop);
+    int ticks = 0;
+    int frames = 0;
+    const auto screenLink = links.makeScreenLink(screens.all()[1], [&] { ++ticks; });
+    const auto videoLink = links.makeVideoLink(DisplayID{2});
+    videoLink->setOutputHandler([&] { return ++frames, 0; });
+    screenLink->addToMainRunLoop();
+    videoLink->start();
+    desk.run();
+    ASSERT_GT(ticks, 0);
+    ASSERT_EQ(frames, ticks);
+
+    const int before = ticks;
+    desk.desktop.model.screens.pop_back();
+    desk.run();
+    EXPECT_EQ(ticks, before);
+    EXPECT_EQ(frames, before);
+    EXPECT_EQ(links.runningLinks(), 0);
+}
+
 TEST(SimDisplayLinks, a_link_may_be_destroyed_by_its_own_tick)
 {
     SimDesk desk;

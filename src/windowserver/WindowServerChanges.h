@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 
 namespace haloric {
 
@@ -41,6 +42,14 @@ public:
     }
 
     constexpr void insert(WindowServerChanges b) { m_rawValue |= b.m_rawValue; }
+    // Inserts; what of `with` was there before, absent when nothing of it was.
+    constexpr std::optional<WindowServerChanges> update(WindowServerChanges with)
+    {
+        const WindowServerChanges before = intersection(with);
+        insert(with);
+        return before.isEmpty() ? std::nullopt : std::optional(before);
+    }
+
     constexpr void remove(WindowServerChanges b) { m_rawValue &= ~b.m_rawValue; }
 
     friend constexpr bool operator==(WindowServerChanges, WindowServerChanges) = default;

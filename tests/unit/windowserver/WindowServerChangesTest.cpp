@@ -46,5 +46,18 @@ TEST(WindowServerChanges, members_come_and_go)
     EXPECT_EQ(changes, Changes::other);
 }
 
+TEST(WindowServerChanges, an_update_inserts_and_tells_what_was_there)
+{
+    Changes changes;
+    EXPECT_EQ(changes.update(Changes::moved), std::nullopt);
+    EXPECT_EQ(changes, Changes::moved);
+    EXPECT_EQ(changes.update(Changes::moved), Changes::moved);
+    EXPECT_EQ(changes.update({Changes::moved, Changes::other}), Changes::moved);
+    EXPECT_EQ(changes, (Changes{Changes::moved, Changes::other}));
+    EXPECT_EQ(changes.update(Changes::resized), std::nullopt);
+    EXPECT_EQ(changes, (Changes{Changes::moved, Changes::resized, Changes::other}));
+    EXPECT_EQ(changes.update({}), std::nullopt);
+}
+
 } // namespace
 } // namespace haloric

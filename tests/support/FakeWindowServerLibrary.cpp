@@ -115,6 +115,8 @@ bool FakeWindowServerLibrary::note(const std::string& entry, const std::string& 
 {
     calls.push_back(entry + "(" + arguments + ")");
     const std::size_t count = ++m_callCounts[entry];
+    if (onEntry)
+        onEntry(entry);
     return !m_alwaysFailing.contains(entry) && !m_failingCalls[entry].contains(count);
 }
 

@@ -10,6 +10,7 @@
 #include "windowserver/WindowServerEntries.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -45,6 +46,9 @@ public:
     std::vector<std::string> entryCalls() const;
     std::size_t callCount(std::string_view entry) const; // since the fake was made
     void forgetCalls() { calls.clear(); }
+
+    // Called inside every entry, with its name, after the call was noted and before it has an effect.
+    std::function<void(const std::string& entry)> onEntry;
 
     // Makes an entry give an error code, or a null transaction: always, or on its n-th call from now (1 is the next).
     void failAlways(const std::string& entry) { m_alwaysFailing.insert(entry); }

@@ -123,8 +123,10 @@ TEST_F(WindowServerObserveTest, a_request_that_fails_leaves_no_handler_behind)
     EXPECT_FALSE(watch(kOtherWindow));
     library.notifyRaw(806, &kWindow, 4);
     library.notifyRaw(806, &kOtherWindow, 4);
+    EXPECT_EQ(loop.pendingEventCount(), 0U);
     loop.runPosted();
     EXPECT_TRUE(deliveries.empty());
+    EXPECT_EQ(log.lines, (Lines{kEnabledLine, kFailureLine}));
 }
 
 TEST_F(WindowServerObserveTest, a_removal_that_fails_ends_the_removing_yet_counts_as_stopped)

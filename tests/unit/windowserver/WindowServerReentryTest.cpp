@@ -1,6 +1,9 @@
 // Calls that come while another one is under way, and after the bridge has gone.
 #include "WindowServerFixture.h"
 
+#include <future>
+#include <map>
+
 namespace haloric {
 namespace {
 
@@ -47,6 +50,46 @@ TEST_F(WindowServerReentryTest, a_bridge_that_is_gone_neither_receives_nor_deliv
     EXPECT_EQ(loop.pendingEventCount(), 1U);
     loop.runPosted();
     EXPECT_TRUE(deliveries.empty());
+}
+
+TEST_F(WindowServerReentryTest, no_lock_is_held_while_an_entry_is_called)
+{
+    // As the window server does it: from a thread of its own, while the entry waits for that thread.
+    std::vector<std::future<void>> sent;
+    std::map<std::string, int> sentDuring;
+    library.onEntry = [&](const std::string& entry) {
+        for (const std::uint32_t event : library.registeredEvents()) { // none yet during the first calls
+            sent.push_back(std::async(std::launch::async, [this, event] { library.notify(event, kWindow); }));
+            ASSERT_EQ(sent.back().wait_for(std::chrono::seconds(10)), std::future_status::ready) << entry;
+            ++sentDuring[entry];
+        }
+    };
+    EXPECT_TRUE(watch(kOtherWindow));
+    EXPECT_TRUE(watch(kWindow));
+    EXPECT_TRUE(watch(WindowNumber::none));
+    EXPECT_GT(sentDuring["SLSRegisterNotifyProc"], 0);
+    EXPECT_GT(sentDuring["SLSRequestNotificationsForWindows"], 0);
+    EXPECT_GT(sentDuring["SLSRemoveNotifyProc"], 0);
+    EXPECT_EQ(loop.pendingEventCount(), 0U) << "at none of these moments is the window watched";
+    library.onEntry = nullptr;
+}
+
+TEST_F(WindowServerReentryTest, a_notification_inside_the_request_of_a_new_watch_is_dropped)
+{
+    watch(kOtherWindow);
+    int sent = 0;
+    library.onEntry = [&](const std::string&) {
+        if (library.calls.back() == "SLSRequestNotificationsForWindows(77, [42], 1)")
+            sent += library.notify(806, kWindow) + library.notify(806, kOtherWindow);
+    };
+    watch(kWindow);
+    library.onEntry = nullptr;
+    EXPECT_EQ(sent, 2);
+    EXPECT_EQ(loop.pendingEventCount(), 0U);
+
+    library.notify(807, kWindow);
+    loop.runPosted();
+    EXPECT_EQ(deliveries, (Deliveries{{kWindow, Changes::resized}}));
 }
 
 // A main loop that is interrupted by the window server whenever something is posted to it.

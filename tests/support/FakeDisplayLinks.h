@@ -64,7 +64,11 @@ private:
         ScreenLink(FakeDisplayLinks& owner, Task tick) : m_owner(owner), m_tick(std::move(tick)) {}
         ~ScreenLink() override { std::erase(m_owner.m_running, this); }
 
-        void setPreferredFrameRateRange(const FrameRateRange& range) override { m_owner.rateRanges.push_back(range); }
+        void setPreferredFrameRateRange(const FrameRateRange& range) override
+        {
+            m_owner.calls.emplace_back("set rate");
+            m_owner.rateRanges.push_back(range);
+        }
         void addToMainRunLoop() override
         {
             m_owner.calls.emplace_back("add");

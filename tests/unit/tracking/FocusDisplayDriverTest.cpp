@@ -40,7 +40,7 @@ TEST_F(FocusDisplayDriverTest, a_screens_link_ticks_at_the_screens_maximum_rate)
     driver->start(kScreen, kDisplay);
     EXPECT_THAT(links.screenLinks, ElementsAre(kScreen));
     EXPECT_THAT(links.rateRanges, ElementsAre(FrameRateRange{120, 120, 120}));
-    EXPECT_THAT(links.calls, ElementsAre("add"));
+    EXPECT_THAT(links.calls, ElementsAre("set rate", "add"));
     EXPECT_TRUE(links.videoLinks.empty());
     frame();
     frame();
@@ -62,7 +62,7 @@ TEST_F(FocusDisplayDriverTest, stopping_invalidates_the_screens_link)
     driver->start(kScreen, kDisplay);
     driver->stop();
     driver->stop(); // there is none left
-    EXPECT_THAT(links.calls, ElementsAre("add", "invalidate"));
+    EXPECT_THAT(links.calls, ElementsAre("set rate", "add", "invalidate"));
     frame();
     EXPECT_EQ(ticks, 0);
 }
@@ -72,7 +72,7 @@ TEST_F(FocusDisplayDriverTest, starting_twice_leaves_one_link)
     driver->start(kScreen, kDisplay);
     driver->start(kScreen, kDisplay);
     EXPECT_EQ(links.runningLinkCount(), 1U);
-    EXPECT_THAT(links.calls, ElementsAre("add", "invalidate", "add"));
+    EXPECT_THAT(links.calls, ElementsAre("set rate", "add", "invalidate", "set rate", "add"));
     frame();
     EXPECT_EQ(ticks, 1);
 
@@ -98,7 +98,7 @@ TEST_F(FocusDisplayDriverTest, a_destroyed_driver_has_ended_its_link)
 {
     driver->start(kScreen, kDisplay);
     driver.reset();
-    EXPECT_THAT(links.calls, ElementsAre("add", "invalidate"));
+    EXPECT_THAT(links.calls, ElementsAre("set rate", "add", "invalidate"));
 }
 
 TEST_F(FocusDisplayDriverTest, a_video_link_ticks_through_the_data_source)

@@ -2,6 +2,7 @@
 #include "platform/DisplayLinks.h"
 #include "platform/Screens.h"
 
+#include <atomic>
 #include <vector>
 
 namespace haloric {
@@ -149,6 +150,35 @@ TEST_P(RunLoopContract, a_screen_link_ticks_until_it_is_invalidated)
     const int when = ticks;
     host->turnFor(Seconds(0.1));
     EXPECT_EQ(ticks, when);
+}
+
+TEST_P(RunLoopContract, a_video_link_calls_its_handler_until_it_stops)
+{
+    const auto display = host->screens().all()[0].displayID;
+    ASSERT_TRUE(display);
+    const auto link = host->displayLinks().makeVideoLink(*display);
+    if (!link && host->displayLinks().screenLinksAvailable())
+        GTEST_SKIP() << "this host makes links from screens alone";
+    ASSERT_TRUE(link);
+    std::atomic<int> frames = 0; // the link's thread counts
+    EXPECT_TRUE(link->setOutputHandler([&frames] {
+        ++frames;
+        return 0;
+    }));
+    host->turnFor(Seconds(0.05));
+    EXPECT_EQ(frames, 0) << "not before it is started";
+
+    EXPECT_TRUE(link->start());
+    EXPECT_TRUE(host->waitUntil([&] { return frames >= 3; }));
+    link->stop();
+    const int when = frames;
+    host->turnFor(Seconds(0.1));
+    EXPECT_EQ(frames, when);
+}
+
+TEST_P(RunLoopContract, an_unknown_display_has_no_video_link)
+{
+    EXPECT_EQ(host->displayLinks().makeVideoLink(DisplayID{0x7ffffff1}), nullptr);
 }
 
 INSTANTIATE_TEST_SUITE_P(Hosts, RunLoopContract, testing::ValuesIn(contractHosts()), contractHostName);

@@ -74,7 +74,8 @@ TEST_F(OverlayControllerAppDimTest, or_by_its_process_and_a_frame_less_than_two_
     const AppDimView::Window clear{kFocused, false};
     const auto offBy = [](double points) {
         return std::vector<Rect>{{100 + points, 100, 300, 200}, {100 - points, 100, 300, 200},
-                                 {100, 100 + points, 300, 200}, {100, 100, 300 + points, 200},
+                                 {100, 100 + points, 300, 200}, {100, 100 - points, 300, 200},
+                                 {100, 100, 300 + points, 200}, {100, 100, 300 - points, 200},
                                  {100, 100, 300, 200 + points}, {100, 100, 300, 200 - points}};
     };
     for (const Rect& rect : offBy(1.9))
@@ -98,6 +99,19 @@ TEST_F(OverlayControllerAppDimTest, a_window_list_younger_than_a_tenth_of_a_seco
     EXPECT_EQ(listReadings(), 2U);
     runLoop.runFor(Seconds(0.05));
     controller->setState(focused(kFocused.translatedBy(3, 0)));
+    EXPECT_EQ(listReadings(), 2U);
+}
+
+TEST_F(OverlayControllerAppDimTest, a_window_list_of_exactly_a_tenth_of_a_second_is_too_old)
+{
+    runLoop.setWallClockOrigin(Seconds(0)); // so that the clock tells this instant without rounding
+    controller->setState(focused());
+    runLoop.runFor(Seconds(0.099999));
+    controller->setState(focused(kFocused.translatedBy(1, 0)));
+    EXPECT_EQ(listReadings(), 1U);
+    runLoop.runFor(Seconds(0.000001));
+    ASSERT_EQ(runLoop.wallClock(), Seconds(0.1));
+    controller->setState(focused(kFocused.translatedBy(2, 0)));
     EXPECT_EQ(listReadings(), 2U);
 }
 

@@ -18,6 +18,17 @@ TEST_F(OverlayWindowFastPathTest, makes_no_call_when_it_is_there_already)
     EXPECT_EQ(runLoop.pendingEventCount(), 0U);
 }
 
+TEST_F(OverlayWindowFastPathTest, the_bridge_is_not_made_before_a_move_may_go_through_it)
+{
+    window->positionHighlight(kStart, Positioning::synchronizeWithAppKit);
+    window->orderFront();
+    moveTo({1100, 100, 300, 200}); // another display
+    EXPECT_TRUE(library.calls.empty());
+    moveTo({1110, 100, 300, 200});
+    ASSERT_FALSE(library.calls.empty());
+    EXPECT_TRUE(library.calls.front().starts_with("open("));
+}
+
 TEST_F(OverlayWindowFastPathTest, a_small_move_is_one_transaction_and_one_scheduled_check)
 {
     show();
@@ -66,6 +77,14 @@ TEST_F(OverlayWindowFastPathTest, belongs_to_the_display_that_holds_most_of_it_a
     EXPECT_TRUE(window->serverFrame().has_value());
     moveTo({851, 100, 300, 200}); // most on the second
     EXPECT_FALSE(window->serverFrame().has_value());
+}
+
+TEST_F(OverlayWindowFastPathTest, a_later_display_must_hold_more_than_the_best_before_it)
+{
+    screens.set({kPrimary, {{1000, 0, 1000, 400}, DisplayID{2}}, {{1000, 400, 1000, 400}, DisplayID{3}}});
+    show({1100, 100, 300, 200});  // on the second
+    moveTo({920, 290, 300, 200}); // 80x200 on the first, 220x110 on the second, 220x90 on the third
+    EXPECT_TRUE(window->serverFrame().has_value());
 }
 
 TEST_F(OverlayWindowFastPathTest, off_every_screen_it_belongs_to_the_first_display)

@@ -47,6 +47,15 @@ TEST_F(FastTrackingTest, it_is_synchronised_to_the_screen_with_the_larger_part)
     EXPECT_EQ(linked(), (std::vector{kSecond}));
 }
 
+TEST_F(FastTrackingTest, a_later_screen_must_hold_more_than_the_best_before_it)
+{
+    const Screen below{{1000, 0, 1000, 400}, DisplayID{2}, 120, 1};
+    const Screen above{{1000, 400, 1000, 400}, DisplayID{3}, 75, 1};
+    screens.set({kFirst, below, above});
+    start({920, 290, 300, 200}); // 80x200 on the first, 220x110 on the second, 220x90 on the third
+    EXPECT_EQ(linked(), (std::vector{below}));
+}
+
 TEST_F(FastTrackingTest, equal_parts_and_no_frame_choose_the_first_screen)
 {
     start({900, 100, 200, 300});

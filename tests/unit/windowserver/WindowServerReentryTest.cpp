@@ -58,6 +58,8 @@ TEST_F(WindowServerReentryTest, no_lock_is_held_while_an_entry_is_called)
     std::vector<std::future<void>> sent;
     std::map<std::string, int> sentDuring;
     library.onEntry = [&](const std::string& entry) {
+        if (HasFatalFailure()) // one wait is enough
+            return;
         for (const std::uint32_t event : library.registeredEvents()) { // none yet during the first calls
             sent.push_back(std::async(std::launch::async, [this, event] { library.notify(event, kWindow); }));
             ASSERT_EQ(sent.back().wait_for(std::chrono::seconds(10)), std::future_status::ready) << entry;

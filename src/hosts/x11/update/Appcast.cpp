@@ -11,6 +11,7 @@ namespace {
 // As publicly documented for appcasts; a name, not an address.
 constexpr QStringView kNamespace = u"http://www.andymatuschak.org/xml-namespaces/sparkle";
 constexpr std::size_t kMaximumItems = 1000;
+constexpr qsizetype kMaximumDepth = 32; // elements within one another; a feed has four or five
 
 class Reader {
 public:
@@ -53,7 +54,9 @@ private:
     {
         m_path.append(name(m_xml.namespaceUri(), m_xml.name()));
         m_text.clear();
-        if (m_path.size() == 1 && m_path.front() != QLatin1String("rss"))
+        if (m_path.size() > kMaximumDepth)
+            m_appcast.error = "The update feed is damaged: its elements are nested too deeply.";
+        else if (m_path.size() == 1 && m_path.front() != QLatin1String("rss"))
             m_appcast.error = "What the server sent is no update feed.";
         else if (isItem() && m_appcast.items.size() >= kMaximumItems)
             m_appcast.error = "The update feed is too long.";
@@ -68,7 +71,7 @@ private:
         const std::string text = m_text.trimmed().toStdString();
         if (isInItem())
             takeElement(m_appcast.items.back(), text);
-        else if (m_path.join(u'/') == QLatin1String("rss/channel/link"))
+        else if (isAt(3, QLatin1String("rss/channel/link")))
             m_appcast.page = text;
         m_path.removeLast();
         m_text.clear();
@@ -110,7 +113,9 @@ private:
         return nameSpace.isEmpty() ? local.toString() : QLatin1String("other:") + local.toString();
     }
 
-    bool isItem() const { return m_path.join(u'/') == QLatin1String("rss/channel/item"); }
+    // The depth is compared first, as a path is joined anew each time.
+    bool isAt(qsizetype depth, QLatin1String path) const { return m_path.size() == depth && m_path.join(u'/') == path; }
+    bool isItem() const { return isAt(3, QLatin1String("rss/channel/item")); }
     bool isInItem() const
     {
         return m_path.size() == 4 && m_path.join(u'/').startsWith(QLatin1String("rss/channel/item/"));

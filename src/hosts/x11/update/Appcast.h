@@ -23,7 +23,8 @@ struct Appcast {
     std::string page;  // the web page of the whole feed
     std::string error; // why it cannot be read; then nothing else counts
 
-    // Feeds that define entities are not read, as a small one of those can grow without bounds.
+    // Feeds that define entities are not read, as a small one of those can grow without bounds; nor are those with
+    // more than 32 elements within one another. It takes time in proportion to the bytes, whatever they are.
     static Appcast parse(std::string_view bytes);
 };
 

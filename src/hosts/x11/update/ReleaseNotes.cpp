@@ -6,23 +6,46 @@
 namespace haloric {
 namespace {
 
-constexpr qsizetype kMaximumLength = 1500; // characters; more than an alert shows well
+constexpr qsizetype kMaximumLength = 1500;        // characters; more than an alert shows well
+constexpr std::size_t kMaximumMarkup = 16 * 1024; // bytes that are looked at
 
 struct NamedCharacter {
     QLatin1String name;
     char16_t character;
 };
 
+// The first bytes of a text, up to the end of a character.
+std::string_view beginning(std::string_view text, std::size_t size)
+{
+    const auto isWithin = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80; };
+    if (text.size() <= size)
+        return text;
+    while (size > 0 && isWithin(text[size]))
+        --size;
+    return text.substr(0, size);
+}
+
+// What is opened and not closed goes on to the end: so it is with HTML, and else each opening would be followed to the
+// end in vain, which takes the square of the time.
+QString withoutUnclosedTag(QString text)
+{
+    static const QRegularExpression tag(QStringLiteral("</?[A-Za-z!]"));
+    const qsizetype begin = text.indexOf(tag, text.lastIndexOf(u'>') + 1);
+    if (begin >= 0)
+        text.truncate(begin);
+    return text;
+}
+
 QString withoutMarkup(QString text)
 {
-    static const QRegularExpression unshown(QStringLiteral("<!--.*?-->|<(script|style|head)\\b.*?</\\1\\s*>"),
-                                            QRegularExpression::CaseInsensitiveOption |
-                                                QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression unshown(
+        QStringLiteral("<!--.*?(?:-->|\\z)|<(script|style|head)\\b.*?(?:</\\1\\s*>|\\z)"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     static const QRegularExpression listItem(QStringLiteral("<li\\b[^>]*>"), QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression lineStart(QStringLiteral("</?(p|br|div|ul|ol|h[1-6]|tr)\\b[^>]*>"),
                                               QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression anyTag(QStringLiteral("</?[A-Za-z!][^>]*>"));
-    return text.remove(unshown)
+    return withoutUnclosedTag(text.remove(unshown))
         .replace(listItem, QStringLiteral("\n• "))
         .replace(lineStart, QStringLiteral("\n"))
         .remove(anyTag);
@@ -57,6 +80,7 @@ QString tidied(const QString& text)
 
 std::string ReleaseNotes::plainText(std::string_view description)
 {
+    description = beginning(description, kMaximumMarkup);
     const auto size = static_cast<qsizetype>(description.size());
     QString text = tidied(withCharacters(withoutMarkup(QString::fromUtf8(description.data(), size))));
     if (text.size() > kMaximumLength) {

@@ -8,7 +8,7 @@
 namespace haloric::ReleaseNotes {
 
 // `description` is text or HTML in UTF-8. Tags are dropped, list items and paragraphs begin lines; control characters
-// are left out; a long text is cut.
+// are left out; a long text is cut, and what stands beyond the first 16 KiB is not looked at.
 std::string plainText(std::string_view description);
 
 } // namespace haloric::ReleaseNotes

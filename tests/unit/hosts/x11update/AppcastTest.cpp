@@ -94,5 +94,24 @@ TEST(Appcast, there_is_an_end_to_items)
     EXPECT_EQ(parse(items).error, "The update feed is too long.");
 }
 
+std::string nested(int levels)
+{
+    std::string opened;
+    std::string closed;
+    for (int level = 0; level < levels; ++level) {
+        opened += "<a>";
+        closed += "</a>";
+    }
+    return opened + closed;
+}
+
+TEST(Appcast, there_is_an_end_to_elements_within_one_another)
+{
+    const std::string tooDeep = "The update feed is damaged: its elements are nested too deeply.";
+    EXPECT_EQ(parse("<item>" + nested(32 - 3) + "</item>").error, "");
+    EXPECT_EQ(parse("<item>" + nested(33 - 3) + "</item>").error, tooDeep);
+    EXPECT_EQ(parse(nested(150'000)).error, tooDeep);
+}
+
 } // namespace
 } // namespace haloric

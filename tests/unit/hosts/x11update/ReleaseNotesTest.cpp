@@ -47,5 +47,24 @@ TEST(ReleaseNotes, a_long_text_is_cut_between_characters)
     EXPECT_TRUE(cut.ends_with("😀 …"));
 }
 
+TEST(ReleaseNotes, before_markup_that_never_ends_the_text_stays)
+{
+    for (const std::string opening : {"<!--", "<a ", "<li ", "</p ", "<script>", "<!-- --", "<style></script>"}) {
+        std::string hostile = "Faster.";
+        while (hostile.size() < 1024 * 1024)
+            hostile += opening;
+        EXPECT_EQ(plainText(hostile), "Faster.") << opening;
+    }
+}
+
+TEST(ReleaseNotes, what_stands_far_behind_is_not_looked_at)
+{
+    const auto after = [](std::size_t bytes) { return plainText("near" + std::string(bytes - 4, ' ') + "äfar"); };
+    EXPECT_EQ(after(16 * 1024 - 5), "near äfar");
+    EXPECT_EQ(after(16 * 1024 - 2), "near ä");
+    EXPECT_EQ(after(16 * 1024 - 1), "near") << "no half of a character";
+    EXPECT_EQ(after(16 * 1024), "near");
+}
+
 } // namespace
 } // namespace haloric

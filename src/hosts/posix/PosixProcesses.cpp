@@ -1,5 +1,7 @@
 #include "hosts/posix/PosixProcesses.h"
 
+#include "hosts/posix/PosixSignals.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -70,15 +72,6 @@ void emptyStandardInput()
         close(null);
 }
 
-void resetSignals()
-{
-    for (int signal = 1; signal < NSIG; ++signal)
-        std::signal(signal, SIG_DFL); // refused for those that cannot be changed
-    sigset_t none;
-    sigemptyset(&none);
-    sigprocmask(SIG_SETMASK, &none, nullptr);
-}
-
 [[noreturn]] void reportFailure(int errorEnd)
 {
     const char failed = 1;
@@ -99,7 +92,7 @@ void resetSignals()
     for (const int descriptor : toClose)
         close(descriptor);
     emptyStandardInput();
-    resetSignals();
+    PosixSignals::reset();
     execv(arguments[0], arguments);
     reportFailure(errorEnd);
 }

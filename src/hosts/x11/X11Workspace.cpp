@@ -1,16 +1,34 @@
 #include "hosts/x11/X11Workspace.h"
 
+#include "hosts/posix/PosixSignals.h"
+
 #include <algorithm>
+#include <memory>
 #include <thread>
 #include <utility>
 
-#include <gio/gio.h>
+#include <gio/gdesktopappinfo.h>
 
 namespace haloric {
 
 namespace {
 
 constexpr std::string_view kForeignScheme = "x-apple";
+
+// As GIO does it by itself, but that the application inherits nothing of how this program deals with signals: it could
+// not be ended by those that are held back here.
+void openWithHandler(std::string address)
+{
+    const std::unique_ptr<char, decltype(&g_free)> scheme(g_uri_parse_scheme(address.c_str()), &g_free);
+    GAppInfo* const handler = scheme ? g_app_info_get_default_for_uri_scheme(scheme.get()) : nullptr;
+    if (!handler)
+        return;
+    GList addresses{address.data(), nullptr, nullptr};
+    g_desktop_app_info_launch_uris_as_manager(
+        G_DESKTOP_APP_INFO(handler), &addresses, nullptr, G_SPAWN_SEARCH_PATH, [](gpointer) { PosixSignals::reset(); },
+        nullptr, nullptr, nullptr, nullptr);
+    g_object_unref(handler);
+}
 
 } // namespace
 
@@ -100,9 +118,7 @@ void X11Workspace::openURL(std::string_view url)
 {
     if (url.starts_with(kForeignScheme))
         return;
-    std::thread([address = std::string(url)] {
-        g_app_info_launch_default_for_uri(address.c_str(), nullptr, nullptr);
-    }).detach();
+    std::thread(openWithHandler, std::string(url)).detach();
 }
 
 } // namespace haloric

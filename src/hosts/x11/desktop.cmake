@@ -29,4 +29,4 @@ haloric_library(haloric_x11_desktop
     X11Workspace.cpp
     DEPENDS haloric_x11_base PkgConfig::HALORIC_X11_DESKTOP)
 # Its compiler options stay here: they do not go with the precompiled header of the tests.
-target_link_libraries(haloric_x11_desktop PRIVATE PkgConfig::HALORIC_GIO)
+target_link_libraries(haloric_x11_desktop PRIVATE PkgConfig::HALORIC_GIO haloric_posix)

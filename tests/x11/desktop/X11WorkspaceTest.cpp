@@ -1,13 +1,6 @@
 #include "hosts/x11/X11ProcessIds.h"
 #include "x11/desktop/DesktopAdapters.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace haloric {
@@ -236,47 +229,6 @@ TEST(X11Workspace, the_server_knows_processes_better_than_windows_do)
     const auto liar = session.makeClient({.processId = 4242});
     ASSERT_TRUE(liar->showFocused());
     EXPECT_TRUE(adapters.waitUntil([&] { return adapters.frontmost() == ProcessID{getpid()}; }));
-}
-
-// Where applications are installed is looked up once a process, so the folder is named before any test.
-class HandlerFolder : public testing::Environment {
-public:
-    void SetUp() override
-    {
-        std::filesystem::create_directories(s_path / "applications");
-        ASSERT_EQ(mkfifo((s_path / "opened").c_str(), 0600), 0);
-        std::ofstream(s_path / "opener") << "#!/bin/sh\necho \"$1\" > " << (s_path / "opened").string() << "\n";
-        std::filesystem::permissions(s_path / "opener", std::filesystem::perms::owner_all);
-        std::ofstream(s_path / "applications" / "opener.desktop")
-            << "[Desktop Entry]\nType=Application\nName=Opener\nExec=" << (s_path / "opener").string()
-            << " %u\nMimeType=x-scheme-handler/haloric-test;x-scheme-handler/x-apple-test;\n";
-        std::ofstream(s_path / "applications" / "mimeapps.list")
-            << "[Default Applications]\nx-scheme-handler/haloric-test=opener.desktop\n"
-            << "x-scheme-handler/x-apple-test=opener.desktop\n";
-        setenv("XDG_DATA_HOME", s_path.c_str(), 1);
-    }
-    void TearDown() override { std::filesystem::remove_all(s_path); }
-
-    static inline const std::filesystem::path s_path =
-        std::filesystem::temp_directory_path() / ("haloric-handlers-" + std::to_string(getpid()));
-};
-
-[[maybe_unused]] const auto* const handlerFolder = testing::AddGlobalTestEnvironment(new HandlerFolder);
-
-TEST(X11Workspace, an_address_is_opened_with_the_application_that_handles_it)
-{
-    X11Session session(WindowManager::none);
-    DesktopAdapters adapters(session.display());
-    const int pipe = open((HandlerFolder::s_path / "opened").c_str(), O_RDWR | O_CLOEXEC);
-    adapters.workspace.openURL("x-apple-test:passed-over");
-    adapters.workspace.openURL("haloric-test:hello");
-    pollfd readable{pipe, POLLIN, 0};
-    ASSERT_EQ(poll(&readable, 1, static_cast<int>(kPatience.count())), 1);
-    std::string text(100, '\0');
-    const auto length = read(pipe, text.data(), text.size());
-    close(pipe);
-    ASSERT_GT(length, 0);
-    EXPECT_EQ(text.substr(0, static_cast<std::size_t>(length)), "haloric-test:hello\n");
 }
 
 } // namespace

@@ -8,12 +8,34 @@ CommandLine refusal(std::string complaint)
     return {.action = CommandLine::Action::refuse, .complaint = "haloric: " + std::move(complaint)};
 }
 
+// What follows the last argument that means something.
+CommandLine refuseFurther(std::span<const std::string_view> further)
+{
+    return refusal("unexpected argument '" + std::string(further.front()) + "'");
+}
+
 CommandLine parseToggle(std::span<const std::string_view> effects)
 {
     if (effects.empty() || !InstanceCommand::switchOf(effects.front()))
         return refusal("--toggle needs one of " + InstanceCommand::effectNames());
+    if (effects.size() > 1)
+        return refuseFurther(effects.subspan(1));
     return {.action = CommandLine::Action::command,
             .command = {.kind = InstanceCommand::Kind::toggle, .effect = std::string(effects.front())}};
+}
+
+// An option that nothing may follow.
+CommandLine parseAlone(std::string_view option)
+{
+    if (option == "--diagnostics")
+        return {.action = CommandLine::Action::showDiagnostics};
+    if (option == "--settings")
+        return {.action = CommandLine::Action::openSettings};
+    if (option == "--print-settings")
+        return {.action = CommandLine::Action::printSettings};
+    if (option == "--quit")
+        return {.action = CommandLine::Action::command, .command = {.kind = InstanceCommand::Kind::quit}};
+    return refusal("unknown option '" + std::string(option) + "'");
 }
 
 } // namespace
@@ -27,17 +49,10 @@ CommandLine CommandLine::parse(std::span<const std::string_view> arguments)
         return {.action = Action::showHelp};
     if (argument == "--version")
         return {.action = Action::showVersion};
-    if (argument == "--diagnostics")
-        return {.action = Action::showDiagnostics};
-    if (argument == "--settings")
-        return {.action = Action::openSettings};
-    if (argument == "--print-settings")
-        return {.action = Action::printSettings};
-    if (argument == "--quit")
-        return {.action = Action::command, .command = {.kind = InstanceCommand::Kind::quit}};
     if (argument == "--toggle")
         return parseToggle(arguments.subspan(1));
-    return refusal("unknown option '" + std::string(argument) + "'");
+    const CommandLine alone = parseAlone(argument);
+    return alone.action != Action::refuse && arguments.size() > 1 ? refuseFurther(arguments.subspan(1)) : alone;
 }
 
 std::string_view CommandLine::helpText()

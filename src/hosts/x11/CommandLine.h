@@ -25,7 +25,8 @@ struct CommandLine {
     InstanceCommand command = {}; // for command
     std::string complaint = {};   // for refuse: one line that says what is wrong
 
-    // `arguments` without the program's name. The first argument that settles the matter does.
+    // `arguments` without the program's name. --help and --version hold whatever follows; after any other, an argument
+    // that means nothing is refused.
     static CommandLine parse(std::span<const std::string_view> arguments);
     static std::string_view helpText();
 };

@@ -46,6 +46,32 @@ TEST(CommandLine, an_unknown_option_is_refused_by_name)
     EXPECT_THAT(commandLine.complaint, testing::HasSubstr("'--colour'"));
 }
 
+TEST(CommandLine, what_follows_a_whole_command_is_refused_by_name)
+{
+    for (const std::vector<std::string_view>& arguments : {std::vector<std::string_view>{"--settings", "--bogus"},
+                                                           {"--toggle", "border", "--bogus"},
+                                                           {"--quit", "--bogus", "more"},
+                                                           {"--print-settings", "--bogus"},
+                                                           {"--diagnostics", "--bogus"}}) {
+        const auto commandLine = parse(arguments);
+        EXPECT_EQ(commandLine.action, Action::refuse) << arguments.front();
+        EXPECT_EQ(commandLine.complaint, "haloric: unexpected argument '--bogus'") << arguments.front();
+    }
+    EXPECT_EQ(parse({"--settings", "--settings"}).action, Action::refuse);
+    EXPECT_EQ(parse({"--settings", ""}).action, Action::refuse);
+}
+
+TEST(CommandLine, an_unknown_option_is_named_whatever_follows)
+{
+    EXPECT_EQ(parse({"--colour", "--quit"}).complaint, "haloric: unknown option '--colour'");
+}
+
+TEST(CommandLine, help_and_version_are_given_whatever_follows)
+{
+    EXPECT_EQ(parse({"--help", "--bogus"}).action, Action::showHelp);
+    EXPECT_EQ(parse({"--version", "more"}).action, Action::showVersion);
+}
+
 TEST(CommandLine, a_file_name_and_an_empty_argument_are_refused_too)
 {
     EXPECT_EQ(parse({"settings.json"}).action, Action::refuse);

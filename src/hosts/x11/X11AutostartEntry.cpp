@@ -61,6 +61,16 @@ std::string commandFor(std::string_view launcher)
     return (hasFieldCode ? "/usr/bin/env " : "") + quotedArgument(launcher);
 }
 
+// Lets desktops pass over the entry once the program has been removed. The key holds printable ASCII, is read without
+// blanks at its end, and an entry with a mangled path in it would never start: then rather none.
+std::string tryExecLine(std::string_view launcher)
+{
+    const auto isPlain = [](char character) { return character >= ' ' && character <= '~'; };
+    if (!std::ranges::all_of(launcher, isPlain) || launcher.ends_with(' '))
+        return {};
+    return "TryExec=" + escapedValue(launcher) + "\n";
+}
+
 } // namespace
 
 std::string X11AutostartEntry::text(std::string_view launcher)
@@ -71,8 +81,7 @@ std::string X11AutostartEntry::text(std::string_view launcher)
            "Comment=Makes the focused window unmistakable\n"
            "Icon=com.kestrow.haloric\n"
            "Exec=" +
-           escapedValue(commandFor(launcher)) +
-           "\n"
+           escapedValue(commandFor(launcher)) + "\n" + tryExecLine(launcher) +
            "Terminal=false\n"
            "X-GNOME-Autostart-enabled=true\n";
 }

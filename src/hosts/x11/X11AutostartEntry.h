@@ -15,7 +15,8 @@ struct X11AutostartEntry {
         unusable, // no entry, or one that starts nothing
     };
 
-    // An entry that starts the program at `launcher`, an absolute path with any characters.
+    // An entry that starts the program at `launcher`, an absolute path with any characters. While
+    // there is none, desktops pass over the entry, unless the path has characters with which that cannot be said.
     static std::string text(std::string_view launcher);
 
     static State stateOf(std::string_view text);

@@ -5,12 +5,15 @@ namespace {
 
 using State = X11AutostartEntry::State;
 
-std::string execLine(std::string_view launcher)
+// The line of that key; empty without one.
+std::string lineOf(std::string_view key, std::string_view launcher)
 {
     const std::string text = X11AutostartEntry::text(launcher);
-    const auto begin = text.find("\nExec=") + 1;
-    return text.substr(begin, text.find('\n', begin) - begin);
+    const auto begin = text.find("\n" + std::string(key) + "=");
+    return begin == std::string::npos ? "" : text.substr(begin + 1, text.find('\n', begin + 1) - begin - 1);
 }
+
+std::string execLine(std::string_view launcher) { return lineOf("Exec", launcher); }
 
 TEST(X11AutostartEntry, it_starts_the_program_by_its_quoted_path)
 {
@@ -32,6 +35,21 @@ TEST(X11AutostartEntry, line_ends_in_a_path_stay_in_its_line)
 {
     EXPECT_EQ(execLine("/a\nHidden=true\t\r"), R"(Exec="/a\nHidden=true\t\r")");
     EXPECT_EQ(X11AutostartEntry::stateOf(X11AutostartEntry::text("/a\nHidden=true")), State::enabled);
+}
+
+TEST(X11AutostartEntry, it_is_passed_over_once_the_program_is_gone)
+{
+    EXPECT_EQ(lineOf("TryExec", "/opt/My Haloric.app/haloric"), "TryExec=/opt/My Haloric.app/haloric");
+    EXPECT_EQ(lineOf("TryExec", "/100%f/$\"x\""), "TryExec=/100%f/$\"x\"");
+    EXPECT_EQ(lineOf("TryExec", "/a\\b"), R"(TryExec=/a\\b)");
+}
+
+TEST(X11AutostartEntry, a_path_that_the_key_cannot_hold_is_not_looked_for)
+{
+    for (const char* launcher : {"/a\nHidden=true", "/a\tb", "/a\x7f", "/ä", "/a "}) {
+        EXPECT_EQ(lineOf("TryExec", launcher), "") << launcher;
+        EXPECT_NE(execLine(launcher), "") << launcher;
+    }
 }
 
 TEST(X11AutostartEntry, what_it_writes_is_enabled)

@@ -11,7 +11,7 @@ namespace haloric {
 
 X11TerminationSignals::X11TerminationSignals()
 {
-    std::signal(SIGPIPE, SIG_IGN);
+    ignoreBrokenPipes();
     sigset_t signals;
     sigemptyset(&signals);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
@@ -23,6 +23,8 @@ X11TerminationSignals::X11TerminationSignals()
 }
 
 X11TerminationSignals::~X11TerminationSignals() { close(m_descriptor); }
+
+void X11TerminationSignals::ignoreBrokenPipes() { std::signal(SIGPIPE, SIG_IGN); }
 
 Subscription X11TerminationSignals::watch(X11RunLoop& runLoop, Task terminate)
 {

@@ -10,12 +10,15 @@ namespace haloric {
 
 class X11TerminationSignals {
 public:
-    // From now on SIGTERM, SIGINT and SIGHUP wait for `watch`, and writing to a reader that has gone is an error
-    // instead of the end.
+    // From now on SIGTERM, SIGINT and SIGHUP wait for `watch`, so nothing may block the main thread for long any more.
+    // Broken pipes are ignored as well.
     X11TerminationSignals();
     ~X11TerminationSignals();
     X11TerminationSignals(const X11TerminationSignals&) = delete;
     X11TerminationSignals& operator=(const X11TerminationSignals&) = delete;
+
+    // Writing to a reader that has gone is an error then instead of the end.
+    static void ignoreBrokenPipes();
 
     // Calls `terminate` for each of them.
     Subscription watch(X11RunLoop& runLoop, Task terminate);

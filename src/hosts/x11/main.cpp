@@ -78,7 +78,7 @@ int printSettings(const Processes& processes)
 
 int runOnDisplay(CommandLine::Action action)
 {
-    X11TerminationSignals signals; // before anything starts a thread
+    X11TerminationSignals::ignoreBrokenPipes();
     X11RunLoop runLoop;
     StandardErrorLog log;
     PosixProcesses processes;
@@ -96,6 +96,9 @@ int runOnDisplay(CommandLine::Action action)
     }
     if (action == CommandLine::Action::showDiagnostics)
         return showDiagnostics(*connection, runLoop, log, processes);
+    // A running instance and the server may keep a start waiting, which is then to end by the signals as usual. Nothing
+    // has started a thread so far.
+    X11TerminationSignals signals;
     return runX11Program({.connection = *connection,
                           .runLoop = runLoop,
                           .signals = signals,

@@ -4,6 +4,11 @@
 #include <csignal>
 #include <fstream>
 
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 namespace haloric {
 namespace {
 
@@ -38,6 +43,67 @@ TEST(ProgramScene, a_display_that_does_not_answer_is_no_display)
     ChildProcess program(plainStart({}, environment));
     EXPECT_EQ(program.waitForExit(), 1);
     EXPECT_FALSE(program.standardError().empty());
+}
+
+// A display whose server takes connections and never says anything.
+class SilentDisplay {
+public:
+    SilentDisplay()
+    {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        auto* const raw = reinterpret_cast<sockaddr*>(&address);
+        if (bind(m_socket, raw, size) != 0 || listen(m_socket, 1) != 0 || getsockname(m_socket, raw, &size) != 0)
+            throw std::runtime_error("cannot listen");
+        m_name = "127.0.0.1:" + std::to_string(ntohs(address.sin_port) - kFirstPort);
+    }
+    ~SilentDisplay()
+    {
+        close(m_client);
+        close(m_socket);
+    }
+    SilentDisplay(const SilentDisplay&) = delete;
+    SilentDisplay& operator=(const SilentDisplay&) = delete;
+
+    const std::string& name() const { return m_name; } // as for DISPLAY
+
+    // Waits until a client has introduced itself, and so waits for the answer.
+    [[nodiscard]] bool waitForClient()
+    {
+        const auto isReadable = [](int descriptor) {
+            pollfd readable{descriptor, POLLIN, 0};
+            return poll(&readable, 1, static_cast<int>(kPatience.count())) == 1;
+        };
+        if (!isReadable(m_socket))
+            return false;
+        m_client = accept(m_socket, nullptr, nullptr);
+        return isReadable(m_client);
+    }
+
+private:
+    static constexpr int kFirstPort = 6000; // that of display 0
+
+    std::string m_name;
+    int m_socket = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    int m_client = -1;
+};
+
+TEST(ProgramScene, it_can_be_ended_while_the_server_keeps_it_waiting)
+{
+    const X11Server server; // for its environment alone
+    for (const int signal : {SIGTERM, SIGINT}) {
+        for (const std::vector<std::string>& arguments : {std::vector<std::string>{}, {"--diagnostics"}}) {
+            SilentDisplay display;
+            Environment environment = server.environment();
+            environment["DISPLAY"] = display.name();
+            ChildProcess program(plainStart(arguments, environment));
+            ASSERT_TRUE(display.waitForClient()) << program.standardError();
+            program.signal(signal);
+            EXPECT_EQ(program.waitForExit(), 128 + signal);
+        }
+    }
 }
 
 TEST(ProgramScene, help_and_version_need_no_display)

@@ -150,5 +150,14 @@ TEST_F(Dialogs, the_about_panel_waits_for_nobody_and_closes_by_escape)
     EXPECT_TRUE(session.observer().waitUntil([this] { return session.observer().clientList().empty(); }));
 }
 
+TEST_F(Dialogs, the_about_panel_names_the_program_its_version_and_what_it_does)
+{
+    toy.tell("about");
+    ASSERT_TRUE(session.observer().waitUntil([this] { return session.observer().clientList().size() == 1; }));
+    EXPECT_EQ(toy.labels("About Haloric"), "Haloric|Version dev|Makes the focused window unmistakable.");
+    toy.tell("about 7");
+    EXPECT_EQ(toy.labels("About Haloric"), "Haloric|Version dev (7)|Makes the focused window unmistakable.");
+}
+
 } // namespace
 } // namespace haloric

@@ -96,6 +96,15 @@ std::string QtToy::focused() { return ask("focus"); }
 
 std::string QtToy::described(const std::string& name) { return ask("describe " + name); }
 
+std::string QtToy::toolTip(const std::string& item) { return ask("tooltip " + item); }
+
+std::string QtToy::labels(const std::string& title) { return ask("labels " + title); }
+
+bool QtToy::waitForAvailable(const std::string& size)
+{
+    return m_session.observer().waitUntil([&] { return ask("available") == size; });
+}
+
 bool QtToy::isVisible(const std::string& name) { return ask("where " + name) != kNowhere; }
 
 ScreenRect QtToy::place(const std::string& name)

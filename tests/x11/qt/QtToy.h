@@ -36,6 +36,11 @@ public:
     ScreenRect place(const std::string& name);
     bool isVisible(const std::string& name);
     std::string described(const std::string& name); // to assistive technology: name, description
+    std::string toolTip(const std::string& item);   // of an item of an open menu
+    std::string labels(const std::string& title);   // the texts in that window, with bars between them
+
+    // Waits until the program knows that so much of the screen is for windows, such as "1920x1080".
+    [[nodiscard]] bool waitForAvailable(const std::string& size);
     [[nodiscard]] bool click(const std::string& name, std::uint8_t button = XCB_BUTTON_INDEX_1);
     void press(std::uint32_t keySymbol);
 

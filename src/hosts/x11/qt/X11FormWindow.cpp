@@ -22,11 +22,34 @@ constexpr std::uint64_t kResizable = 8;
 constexpr int kFrameAllowance = 60; // points that frames and panels need beside a window as high as the screen
 constexpr std::uint32_t kFromPager = 2;
 
+// The screen that shows most of it, else the primary one.
+const QScreen& screenOf(const QRect& frame)
+{
+    const QScreen* best = QGuiApplication::primaryScreen();
+    const auto shown = [&frame](const QScreen& screen) {
+        const QSize size = screen.geometry().intersected(frame).size();
+        return size.width() * size.height();
+    };
+    for (const QScreen* screen : QGuiApplication::screens())
+        if (shown(*screen) > shown(*best))
+            best = screen;
+    return *best;
+}
+
+// Moved into `area`; what does not fit is beyond the right and the lower edge.
+QPoint clamped(const QRect& frame, const QRect& area)
+{
+    return {std::max(std::min(frame.left(), area.right() + 1 - frame.width()), area.left()),
+            std::max(std::min(frame.top(), area.bottom() + 1 - frame.height()), area.top())};
+}
+
 } // namespace
 
 X11FormWindow::X11FormWindow(X11Connection& connection, const FormWindowConfiguration& configuration,
                              const FormModel& form)
     : m_connection(connection),
+      m_contentSize(QSizeF(configuration.contentSize.width, configuration.contentSize.height).toSize()),
+      m_isResizable((configuration.styleMask & kResizable) != 0),
       m_view(new X11FormView(this))
 {
     Qt::WindowFlags flags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -41,18 +64,17 @@ X11FormWindow::X11FormWindow(X11Connection& connection, const FormWindowConfigur
     all->addWidget(m_view);
     for (const QKeySequence& keys : {QKeySequence(Qt::Key_Escape), QKeySequence(Qt::CTRL | Qt::Key_W)})
         connect(new QShortcut(keys, this), &QShortcut::activated, this, [this] { close(); });
-    setSize(configuration);
+    fitInto(*QGuiApplication::primaryScreen());
     m_view->show(form);
 }
 
 X11FormWindow::~X11FormWindow() = default;
 
-void X11FormWindow::setSize(const FormWindowConfiguration& configuration)
+void X11FormWindow::fitInto(const QScreen& screen)
 {
-    const int available = QGuiApplication::primaryScreen()->availableSize().height() - kFrameAllowance;
-    const QSize wanted = QSizeF(configuration.contentSize.width, configuration.contentSize.height).toSize();
-    const QSize size(wanted.width(), std::min(wanted.height(), std::max(available, 1)));
-    if ((configuration.styleMask & kResizable) != 0)
+    const int available = std::max(screen.availableSize().height() - kFrameAllowance, 1);
+    const QSize size(m_contentSize.width(), std::min(m_contentSize.height(), available));
+    if (m_isResizable)
         resize(size);
     else
         setFixedSize(size);
@@ -62,9 +84,11 @@ void X11FormWindow::setForm(const FormModel& form) { m_view->show(form); }
 
 void X11FormWindow::center()
 {
-    const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+    const QScreen& screen = *QGuiApplication::primaryScreen();
+    if (!QWidget::isVisible())
+        fitInto(screen);
     QRect frame = frameGeometry();
-    frame.moveCenter(available.center());
+    frame.moveCenter(screen.availableGeometry().center());
     m_place = frame.topLeft();
     move(*m_place);
 }
@@ -79,12 +103,23 @@ void X11FormWindow::makeKeyAndOrderFront()
         askForFocus();
         return;
     }
-    if (m_place)
-        move(*m_place);
+    comeOntoScreen();
     QWidget::show();
     activateWindow();
     for (const Task& onAppear : m_view->onAppear())
         onAppear();
+}
+
+// Screens may have come, gone and changed while the window was hidden.
+void X11FormWindow::comeOntoScreen()
+{
+    const QPoint place = m_place.value_or(frameGeometry().topLeft());
+    const QScreen& screen = screenOf({place, frameGeometry().size()});
+    fitInto(screen);
+    if (!m_place)
+        return;
+    m_place = clamped({place, frameGeometry().size()}, screen.availableGeometry());
+    move(*m_place);
 }
 
 void X11FormWindow::hideEvent(QHideEvent* event)

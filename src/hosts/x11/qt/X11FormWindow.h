@@ -1,4 +1,5 @@
-// A window with a form. Escape and Control+W close it; closed, it is hidden and keeps its place. Main thread.
+// A window with a form. Escape and Control+W close it; closed, it is hidden and keeps its place, as far as the screens
+// that there are when it is shown again let it. It is never higher than its screen; the form scrolls then. Main thread.
 #pragma once
 
 #include "hosts/x11/X11Connection.h"
@@ -8,6 +9,7 @@
 #include <optional>
 
 #include <QPoint>
+#include <QSize>
 #include <QWidget>
 
 namespace haloric {
@@ -29,10 +31,13 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    void setSize(const FormWindowConfiguration& configuration);
+    void fitInto(const QScreen& screen);
+    void comeOntoScreen();
     void askForFocus();
 
     X11Connection& m_connection;
+    QSize m_contentSize; // where the screen is high enough
+    bool m_isResizable;
     X11FormView* m_view;
     std::optional<QPoint> m_place; // of the frame, while hidden
     bool m_wantsFocus = false;

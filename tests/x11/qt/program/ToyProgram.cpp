@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <QScreen>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -125,9 +126,9 @@ void ToyProgram::addVerbs()
                                          .localizedRecoverySuggestion = "Look at the folder's permissions."});
         say("error seen");
     };
-    m_verbs["about"] = [this](const std::string&) {
+    m_verbs["about"] = [this](const std::string& build) {
         m_platform.panels.orderFrontStandardAboutPanel(
-            {"Haloric", "dev", "", "Makes the focused window unmistakable.", 11});
+            {"Haloric", "dev", build, "Makes the focused window unmistakable.", 11});
     };
     m_verbs["choose"] = [this](const std::string&) {
         const auto path = m_platform.panels.runModalOpenPanel({ContentType::applicationBundle, "/Applications", "Add"});
@@ -166,6 +167,12 @@ void ToyProgram::addQuestions()
         }
     };
     m_verbs["focus"] = [](const std::string&) { say("= " + WidgetFinder::focused()); };
+    m_verbs["tooltip"] = [](const std::string& name) { say("= " + WidgetFinder::toolTip(name)); };
+    m_verbs["labels"] = [](const std::string& title) { say("= " + WidgetFinder::labels(title)); };
+    m_verbs["available"] = [](const std::string&) {
+        const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+        say("= " + std::to_string(area.width()) + "x" + std::to_string(area.height()));
+    };
     m_verbs["describe"] = [](const std::string& name) { say("= " + WidgetFinder::described(name)); };
 }
 

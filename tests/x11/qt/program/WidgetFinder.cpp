@@ -1,9 +1,12 @@
 #include "x11/qt/program/WidgetFinder.h"
 
+#include <algorithm>
+
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QListView>
 #include <QMenu>
 #include <QWidget>
@@ -79,6 +82,36 @@ std::string WidgetFinder::described(const std::string& name)
         return {};
     return accessible->text(QAccessible::Name).toStdString() + ", " +
            accessible->text(QAccessible::Description).toStdString();
+}
+
+std::string WidgetFinder::toolTip(const std::string& item)
+{
+    for (const QWidget* widget : QApplication::allWidgets()) {
+        const auto* menu = qobject_cast<const QMenu*>(widget);
+        if (!menu || !menu->isVisible() || !menu->toolTipsVisible())
+            continue;
+        for (const QAction* action : menu->actions()) {
+            // Without one of its own, an action gives its text.
+            if (plain(action->text()).toStdString() == item && action->toolTip() != action->text())
+                return action->toolTip().toStdString();
+        }
+    }
+    return {};
+}
+
+std::string WidgetFinder::labels(const std::string& title)
+{
+    QStringList texts;
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (!window->isVisible() || window->windowTitle().toStdString() != title)
+            continue;
+        QList<QLabel*> labels = window->findChildren<QLabel*>();
+        std::ranges::sort(labels, {}, [](const QLabel* label) { return label->y(); });
+        for (const QLabel* label : labels)
+            if (!label->text().isEmpty())
+                texts.append(label->text());
+    }
+    return texts.join("|").toStdString();
 }
 
 } // namespace haloric

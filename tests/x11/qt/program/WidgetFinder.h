@@ -19,6 +19,12 @@ public:
 
     // What assistive technology reads: name and description of the widget with that name.
     static std::string described(const std::string& name);
+
+    // What an item of an open menu with that text tells when the pointer rests on it; empty when it tells nothing.
+    static std::string toolTip(const std::string& item);
+
+    // The texts in the visible window with that title, from top to bottom with bars between them.
+    static std::string labels(const std::string& title);
 };
 
 } // namespace haloric

@@ -82,6 +82,17 @@ TEST_F(Tray, disabled_and_hidden_items_do_nothing)
     EXPECT_FALSE(toy->isVisible("Grant Accessibility Permission…"));
 }
 
+TEST_F(Tray, an_item_says_why_it_is_disabled)
+{
+    panel.emplace(session);
+    toy.emplace(session);
+    toy->tell("tray");
+    openMenu(XCB_BUTTON_INDEX_1);
+    ASSERT_TRUE(session.observer().waitUntil([this] { return toy->isVisible("Launch at Login"); }));
+    EXPECT_EQ(toy->toolTip("Launch at Login"), "Available when running from Haloric.app");
+    EXPECT_EQ(toy->toolTip("Border"), "");
+}
+
 TEST_F(Tray, an_item_appears_in_a_tray_that_comes_later)
 {
     toy.emplace(session);

@@ -51,5 +51,28 @@ TEST(InstalledProgram, it_surrounds_the_focused_window_and_ends_when_told)
     EXPECT_EQ(program.terminate(), 0) << program.standardError();
 }
 
+// The line "key=value" of the installed desktop entry; empty without one.
+std::string desktopEntryValue(const std::string& key)
+{
+    const auto data = installedProgram().parent_path().parent_path() / "share";
+    std::ifstream file(data / "applications" / "com.kestrow.haloric.desktop");
+    for (std::string line; std::getline(file, line);)
+        if (line.starts_with(key + "="))
+            return line.substr(key.size() + 1);
+    return {};
+}
+
+TEST(InstalledProgram, its_desktop_entry_claims_its_windows)
+{
+    X11Session session(WindowManager::openbox);
+    DesktopObserver& observer = session.observer();
+    const ChildProcess program({{installedProgram().string(), "--settings"}, session.environment(), {}, -1});
+    ASSERT_TRUE(observer.waitUntil([&] { return !observer.clientList().empty(); }));
+    const std::string names = observer.text(observer.clientList().front(), "WM_CLASS");
+    const std::string instanceName = names.substr(0, names.find('\0'));
+    EXPECT_NE(instanceName, "");
+    EXPECT_EQ(desktopEntryValue("StartupWMClass"), instanceName);
+}
+
 } // namespace
 } // namespace haloric

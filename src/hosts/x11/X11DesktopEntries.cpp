@@ -16,9 +16,6 @@ namespace {
 
 constexpr std::string_view kSuffix = ".desktop";
 
-// A class without an entry may get one when its application is installed, but reading all entries takes a while.
-constexpr std::chrono::seconds kRereadInterval{30};
-
 bool equalAsWritten(std::string_view a, std::string_view b) { return a == b; }
 
 bool equalRegardlessOfCase(std::string_view a, std::string_view b)
@@ -37,6 +34,47 @@ std::string withoutSuffix(std::string identifier)
 }
 
 } // namespace
+
+// Tells whether the set of installed applications has changed. GIO says so in the context that is the thread's when it
+// is asked first, and nothing turns one here: this has its own, which is turned when the question comes.
+class X11DesktopEntries::Changes {
+public:
+    Changes()
+    {
+        g_main_context_push_thread_default(m_context);
+        m_monitor = g_app_info_monitor_get();
+        g_main_context_pop_thread_default(m_context);
+        m_handler = g_signal_connect_swapped(m_monitor, "changed", G_CALLBACK(&Changes::note), this);
+    }
+    ~Changes()
+    {
+        g_signal_handler_disconnect(m_monitor, m_handler);
+        g_object_unref(m_monitor);
+        g_main_context_unref(m_context);
+    }
+    Changes(const Changes&) = delete;
+    Changes& operator=(const Changes&) = delete;
+
+    // Since the last question. Does not wait.
+    bool take()
+    {
+        while (g_main_context_iteration(m_context, FALSE) != 0) {
+        }
+        return std::exchange(m_changed, false);
+    }
+
+private:
+    static void note(Changes* self) { self->m_changed = true; }
+
+    GMainContext* m_context = g_main_context_new();
+    GAppInfoMonitor* m_monitor = nullptr;
+    gulong m_handler = 0;
+    bool m_changed = false;
+};
+
+X11DesktopEntries::X11DesktopEntries() : m_changes(std::make_unique<Changes>()) {}
+
+X11DesktopEntries::~X11DesktopEntries() = default;
 
 std::optional<std::string> X11DesktopEntries::match(const X11ApplicationNames& names, const std::vector<Entry>& entries)
 {
@@ -60,30 +98,28 @@ std::optional<std::string> X11DesktopEntries::identifier(const X11ApplicationNam
         return names.applicationId;
     if (names.className.empty() && names.instanceName.empty())
         return std::nullopt;
-    const auto key = std::pair(names.className, names.instanceName);
-    const auto known = m_found.find(key);
-    if (known != m_found.end())
-        return known->second;
-
-    const auto now = std::chrono::steady_clock::now();
-    if (!m_readAt || now - *m_readAt >= kRereadInterval) {
-        readInstalled();
-        m_readAt = now;
+    if (m_changes->take()) {
+        m_known.clear();
+        m_installed.reset();
     }
-    if (auto found = match(names, m_installed))
-        return m_found.emplace(key, *std::move(found)).first->second;
-    return names.className.empty() ? names.instanceName : names.className;
+    const auto key = std::pair(names.className, names.instanceName);
+    if (const auto known = m_known.find(key); known != m_known.end())
+        return known->second;
+    if (!m_installed)
+        readInstalled();
+    const std::string& ownName = names.className.empty() ? names.instanceName : names.className;
+    return m_known.emplace(key, match(names, *m_installed).value_or(ownName)).first->second;
 }
 
 void X11DesktopEntries::readInstalled()
 {
-    m_installed.clear();
+    std::vector<Entry>& installed = m_installed.emplace();
     const auto release = [](GList* list) { g_list_free_full(list, g_object_unref); };
     const std::unique_ptr<GList, decltype(release)> all(g_app_info_get_all(), release);
     for (const GList* item = all.get(); item; item = item->next) {
         auto* application = G_DESKTOP_APP_INFO(item->data);
-        m_installed.push_back({withoutSuffix(textOrEmpty(g_app_info_get_id(G_APP_INFO(application)))),
-                               textOrEmpty(g_desktop_app_info_get_startup_wm_class(application))});
+        installed.push_back({withoutSuffix(textOrEmpty(g_app_info_get_id(G_APP_INFO(application)))),
+                             textOrEmpty(g_desktop_app_info_get_startup_wm_class(application))});
     }
 }
 

@@ -4,8 +4,8 @@
 
 #include "hosts/x11/X11Client.h"
 
-#include <chrono>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,6 +14,11 @@ namespace haloric {
 
 class X11DesktopEntries {
 public:
+    X11DesktopEntries();
+    ~X11DesktopEntries();
+    X11DesktopEntries(const X11DesktopEntries&) = delete;
+    X11DesktopEntries& operator=(const X11DesktopEntries&) = delete;
+
     struct Entry {
         std::string identifier;
         std::string windowClass; // StartupWMClass; empty when the entry names none
@@ -21,18 +26,21 @@ public:
 
     // Which application a window belongs to: the identifier that the window gives itself; else the entry that
     // claims its class or instance name, then the entry named like one of them, each first as written and then
-    // regardless of case; else the class name. Absent when the window tells nothing.
+    // regardless of case; else the class name. Absent when the window tells nothing. What is installed is read again
+    // only after it has changed.
     std::optional<std::string> identifier(const X11ApplicationNames& names);
 
     // The matching alone. Absent when no entry fits.
     static std::optional<std::string> match(const X11ApplicationNames& names, const std::vector<Entry>& entries);
 
 private:
+    class Changes;
+
     void readInstalled();
 
-    std::map<std::pair<std::string, std::string>, std::string> m_found; // by class and instance name
-    std::vector<Entry> m_installed;
-    std::optional<std::chrono::steady_clock::time_point> m_readAt;
+    std::unique_ptr<Changes> m_changes;
+    std::map<std::pair<std::string, std::string>, std::string> m_known; // by class and instance name
+    std::optional<std::vector<Entry>> m_installed;                      // absent until it is needed
 };
 
 } // namespace haloric

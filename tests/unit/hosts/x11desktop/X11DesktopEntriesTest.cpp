@@ -1,8 +1,15 @@
 #include "hosts/x11/X11DesktopEntries.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <thread>
+
+#include <poll.h>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 namespace haloric {
 namespace {
@@ -46,6 +53,24 @@ TEST(X11DesktopEntries, empty_names_match_nothing)
     EXPECT_EQ(X11DesktopEntries::match(windowClass("", "unknown"), kEntries), std::nullopt);
 }
 
+// Whether a file of a folder has been opened meanwhile.
+class EntryReads {
+public:
+    explicit EntryReads(const std::filesystem::path& folder) { inotify_add_watch(m_watch, folder.c_str(), IN_OPEN); }
+    ~EntryReads() { close(m_watch); }
+    EntryReads(const EntryReads&) = delete;
+    EntryReads& operator=(const EntryReads&) = delete;
+
+    bool happened() const
+    {
+        pollfd readable{m_watch, POLLIN, 0};
+        return poll(&readable, 1, 0) != 0;
+    }
+
+private:
+    int m_watch = inotify_init1(IN_CLOEXEC);
+};
+
 // GIO looks at the environment once, so the folder is made before anything asks it.
 class InstalledEntries : public testing::Test {
 protected:
@@ -67,6 +92,13 @@ protected:
             << "[Desktop Entry]\nType=Application\nName=" << identifier << "\nExec=/bin/true\n"
             << more;
     }
+
+    static void uninstall(const std::string& identifier)
+    {
+        std::filesystem::remove(applications() / (identifier + ".desktop"));
+    }
+
+    static std::filesystem::path applications() { return s_folder / "applications"; }
 
     static inline std::filesystem::path s_folder;
 };
@@ -91,6 +123,46 @@ TEST_F(InstalledEntries, without_an_entry_the_class_serves)
     EXPECT_EQ(entries.identifier(windowClass("inst", "Unknown")), "Unknown");
     EXPECT_EQ(entries.identifier(windowClass("inst", "")), "inst");
     EXPECT_EQ(entries.identifier({}), std::nullopt);
+}
+
+// GIO hears of changes on a thread of its own, so they are waited for.
+bool waitFor(const std::function<bool()>& predicate)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!predicate()) {
+        if (std::chrono::steady_clock::now() >= end)
+            return false;
+        std::this_thread::yield();
+    }
+    return true;
+}
+
+TEST_F(InstalledEntries, an_application_that_is_installed_meanwhile_is_found_and_one_that_goes_is_forgotten)
+{
+    X11DesktopEntries entries;
+    const auto isFoundAs = [&](const std::string& identifier) {
+        return waitFor([&] { return entries.identifier(windowClass("x", "late-main")) == identifier; });
+    };
+    ASSERT_EQ(entries.identifier(windowClass("x", "late-main")), "late-main");
+    install("org.example.Late", "StartupWMClass=late-main\n");
+    EXPECT_TRUE(isFoundAs("org.example.Late"));
+    uninstall("org.example.Late");
+    EXPECT_TRUE(isFoundAs("late-main"));
+    install("org.example.Later", "StartupWMClass=late-main\n");
+    EXPECT_TRUE(isFoundAs("org.example.Later"));
+    uninstall("org.example.Later");
+    EXPECT_TRUE(isFoundAs("late-main"));
+}
+
+TEST_F(InstalledEntries, entries_are_not_read_again_for_a_class_that_none_claims)
+{
+    X11DesktopEntries entries;
+    EXPECT_EQ(entries.identifier(windowClass("x", "Unclaimed")), "Unclaimed");
+    const EntryReads reads(applications());
+    for (int time = 0; time < 3; ++time)
+        EXPECT_EQ(entries.identifier(windowClass("x", "Unclaimed")), "Unclaimed");
+    EXPECT_EQ(entries.identifier(windowClass("x", "Also unclaimed")), "Also unclaimed");
+    EXPECT_FALSE(reads.happened());
 }
 
 } // namespace

@@ -27,20 +27,7 @@ AXAttribute elementOf(const std::optional<X11Client>& client, Kind kind)
 
 const X11AXElement* unwrapped(const AXElement& element) { return dynamic_cast<const X11AXElement*>(element.get()); }
 
-std::string roleOf(const X11Client& client)
-{
-    switch (client.type) {
-    case X11WindowType::normal:
-    case X11WindowType::dialog:
-    case X11WindowType::utility:
-        return "AXWindow";
-    case X11WindowType::dock:
-    case X11WindowType::desktop:
-    case X11WindowType::other:
-        break;
-    }
-    return "AXUnknown";
-}
+std::string roleOf(const X11Client& client) { return client.isForWork() ? "AXWindow" : "AXUnknown"; }
 
 } // namespace
 

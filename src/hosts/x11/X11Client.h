@@ -33,6 +33,12 @@ struct X11Client {
     std::uint32_t desktop = kEveryDesktop; // also when nobody told
     double opacity = 1;
 
+    // Whether people work in it, as opposed to panels, menus, splash screens and the desktop.
+    bool isForWork() const
+    {
+        return type == X11WindowType::normal || type == X11WindowType::dialog || type == X11WindowType::utility;
+    }
+
     X11Rect visibleFrame() const { return shaded ? geometry.rolledUpFrame() : geometry.visibleFrame(); }
 
     // Some window managers call a window that is rolled up hidden; its title bar is still there.

@@ -9,9 +9,7 @@ namespace {
 // Windows that are kept above others stay above the overlays, too, unless they have the focus.
 bool isOrdinary(const X11Client& client, std::uint32_t currentDesktop)
 {
-    const bool isApplications = client.type == X11WindowType::normal || client.type == X11WindowType::dialog ||
-                                client.type == X11WindowType::utility;
-    return isApplications && !client.above && client.isSeenOn(currentDesktop);
+    return client.isForWork() && !client.above && client.isSeenOn(currentDesktop);
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 // Where windows are seen, under window managers that frame them in different ways.
 #include "x11/desktop/DesktopAdapters.h"
 
+#include <cmath>
+
 namespace haloric {
 namespace {
 
@@ -143,10 +145,13 @@ TEST_P(X11FramesTest, state_type_and_opacity_are_listed)
         const auto list = adapters.windowInfo.copyWindowInfo(WindowListOptions::includingWindow, number);
         return list->empty() ? WindowInfo{} : list->front();
     };
-    EXPECT_TRUE(adapters.waitUntil([&] { return infoOf(*above).layer == WindowInfoValue(std::int64_t{3}); }));
     EXPECT_TRUE(adapters.waitUntil([&] { return infoOf(*dock).layer == WindowInfoValue(std::int64_t{20}); }));
-    EXPECT_NEAR(std::get<double>(infoOf(*above).alpha), 0.5, 1e-6);
+    EXPECT_TRUE(adapters.waitUntil([&] { return std::abs(std::get<double>(infoOf(*above).alpha) - 0.5) < 1e-6; }));
     EXPECT_EQ(std::get<double>(infoOf(*dock).alpha), 1);
+    EXPECT_EQ(infoOf(*above).layer, WindowInfoValue(std::int64_t{0})) << "it has the focus";
+    const auto other = session.makeClient({.content = {1200, 500, 300, 200}});
+    ASSERT_TRUE(other->showFocused());
+    EXPECT_TRUE(adapters.waitUntil([&] { return infoOf(*above).layer == WindowInfoValue(std::int64_t{3}); }));
 }
 
 INSTANTIATE_TEST_SUITE_P(Under, X11FramesTest,

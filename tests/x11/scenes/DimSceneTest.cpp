@@ -49,6 +49,17 @@ TEST_P(DimScene, the_hole_follows_the_focus)
     EXPECT_TRUE(waitForDimmed(600, 450, 0xC0F0C0)) << log();
 }
 
+TEST_P(DimScene, a_focused_window_that_is_kept_above_others_is_spared_and_everything_else_stays_dark)
+{
+    const auto other = openFocused({.title = "other", .content = {1100, 300, 500, 400}, .color = 0xF0E0D0});
+    const auto client = openFocused({.content = {300, 250, 600, 400}, .color = 0xC0F0C0});
+    ASSERT_TRUE(client->setState("_NET_WM_STATE_ABOVE", true));
+    startAround(*client, kDimAll);
+    EXPECT_TRUE(waitForDimmed(1300, 500, 0xF0E0D0)) << log();
+    EXPECT_TRUE(waitForDimmed(100, 900, X11Session::kDesktopColor)) << log();
+    EXPECT_TRUE(waitForPixel(600, 450, 0xC0F0C0)) << log();
+}
+
 TEST_P(DimScene, only_windows_of_chosen_applications_are_darkened)
 {
     const auto dimmed =

@@ -164,6 +164,20 @@ TEST_P(HighlightScene, a_window_that_fills_the_screen_keeps_its_border_unless_to
     EXPECT_TRUE(haloric->waitForNothing()) << log();
 }
 
+TEST_P(HighlightScene, a_window_that_is_kept_above_others_has_its_border_while_it_has_the_focus)
+{
+    const auto other = openFocused({.title = "other", .content = {1000, 300, 600, 400}});
+    const auto client = openFocused({.content = {200, 300, 500, 350}});
+    startAround(*client);
+    ASSERT_TRUE(client->setState("_NET_WM_STATE_ABOVE", true));
+    ASSERT_TRUE(client->moveTo(250, 350)); // has the focused window looked at again
+    EXPECT_TRUE(waitForBorder(*client)) << log();
+    ASSERT_TRUE(other->focus());
+    EXPECT_TRUE(waitForBorder(*other)) << log();
+    ASSERT_TRUE(client->focus());
+    EXPECT_TRUE(waitForBorder(*client)) << log();
+}
+
 TEST_P(HighlightScene, a_pulse_runs_out_when_the_focus_moves)
 {
     constexpr int kPulseReach = 15; // the ring passes here; the border lies inside the window

@@ -78,6 +78,28 @@ TEST_F(X11WindowInfoSourceTest, layers_follow_type_and_state)
     EXPECT_EQ(std::get<std::int64_t>(info(4).layer), 20);
 }
 
+TEST_F(X11WindowInfoSourceTest, an_active_window_that_is_kept_above_is_an_ordinary_one)
+{
+    add(1, [](X11Client& client) { client.above = true; });
+    add(2, [](X11Client& client) { client.above = true; });
+    table.setState({1, 1, false});
+    EXPECT_EQ(std::get<std::int64_t>(info(1).layer), 0);
+    EXPECT_EQ(std::get<std::int64_t>(info(2).layer), 3);
+    table.setState({2, 1, false});
+    EXPECT_EQ(std::get<std::int64_t>(info(1).layer), 3);
+    EXPECT_EQ(std::get<std::int64_t>(info(2).layer), 0);
+}
+
+TEST_F(X11WindowInfoSourceTest, nobody_works_in_other_types_that_are_kept_above)
+{
+    add(1, [](X11Client& client) {
+        client.above = true;
+        client.type = X11WindowType::other;
+    });
+    table.setState({1, 1, false});
+    EXPECT_EQ(std::get<std::int64_t>(info(1).layer), 3);
+}
+
 TEST_F(X11WindowInfoSourceTest, only_what_is_seen_on_the_current_desktop_is_listed)
 {
     add(1, [](X11Client& client) { client.desktop = 0; });

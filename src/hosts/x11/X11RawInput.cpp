@@ -44,10 +44,10 @@ X11RawInput::X11RawInput(X11Connection& connection)
       m_keyboard(connection),
       m_available(selectEvents())
 {
+    if (!m_available)
+        return; // what is held now would never be heard to be released
     readButtonMapping();
     readState();
-    if (!m_available)
-        return;
     m_rawEvents =
         connection.onGenericEvent(&xcb_input_id, [this](const xcb_generic_event_t& event) { receive(event); });
     m_mappingChanges = connection.onEvent(XCB_MAPPING_NOTIFY, [this](const xcb_generic_event_t& event) {

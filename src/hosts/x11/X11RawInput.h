@@ -23,7 +23,7 @@ public:
     // The connection outlives it. A few round trips.
     explicit X11RawInput(X11Connection& connection);
 
-    // Whether the server offers raw events; without them nothing is ever delivered.
+    // Whether the server offers raw events; without them nothing is ever delivered, nor held.
     bool isAvailable() const { return m_available; }
 
     // Left, right and other buttons; the wheel counts as none.

@@ -1,5 +1,7 @@
 #include "x11/screen/InputAdapters.h"
 
+#include <xcb/xinput.h>
+
 namespace haloric {
 namespace {
 
@@ -83,6 +85,20 @@ TEST_F(X11ButtonsTest, a_button_held_from_before_is_known)
     session.input().press(3);
     const X11RawInput late(*adapters.connection);
     EXPECT_EQ(late.pressedButtons(), 0b10U);
+    session.input().release(3);
+}
+
+TEST_F(X11ButtonsTest, nothing_is_held_where_releases_cannot_be_heard)
+{
+    // The server stays with what a client asked for first; raw events during the grabs of others came later.
+    DesktopAdapters old(session.display());
+    const XcbReply<xcb_input_xi_query_version_reply_t> version(xcb_input_xi_query_version_reply(
+        old.connection->raw(), xcb_input_xi_query_version(old.connection->raw(), 2, 0), nullptr));
+    ASSERT_TRUE(version);
+    session.input().press(3);
+    const X11RawInput late(*old.connection);
+    EXPECT_FALSE(late.isAvailable());
+    EXPECT_EQ(late.pressedButtons(), 0U);
     session.input().release(3);
 }
 

@@ -69,8 +69,10 @@ struct X11AXObserver::Delivery {
     }
 };
 
-X11AXObserver::X11AXObserver(X11Clients& clients, ProcessID pid, Accessibility::ObserverCallback callback)
-    : m_clients(clients),
+X11AXObserver::X11AXObserver(RunLoop& runLoop, X11Clients& clients, ProcessID pid,
+                             Accessibility::ObserverCallback callback)
+    : m_runLoop(runLoop),
+      m_clients(clients),
       m_delivery(std::make_shared<Delivery>())
 {
     m_delivery->pid = pid;
@@ -100,7 +102,10 @@ void X11AXObserver::addToMainRunLoop()
         if (notice.pid == delivery->pid)
             delivery->tell(notificationFor(notice.change));
     });
-    m_passes = m_clients.onPass([delivery = m_delivery, &clients = m_clients] { delivery->takeIn(clients.table()); });
+    const auto compare = [delivery = m_delivery, &clients = m_clients] { delivery->takeIn(clients.table()); };
+    m_passes = m_clients.onPass(compare);
+    // The focus may have changed since this was made, and the next pass may be far off.
+    m_firstComparison = m_runLoop.scheduleOnce(Seconds(0), compare);
 }
 
 void X11AXObserver::removeFromMainRunLoop()
@@ -108,6 +113,7 @@ void X11AXObserver::removeFromMainRunLoop()
     m_delivery->isOnRunLoop = false;
     m_notices.reset();
     m_passes.reset();
+    m_firstComparison.reset();
 }
 
 } // namespace haloric

@@ -3,11 +3,13 @@
 //
 // Made and released on the Accessibility queue; everything else happens on the main thread while it is on the main
 // run loop. A delivery that is under way keeps what it uses, so the observer may be taken off and released meanwhile.
+// A change of the focus between the making and the installation is told on the next turn of the loop.
 #pragma once
 
 #include "foundation/Subscription.h"
 #include "hosts/x11/X11Clients.h"
 #include "platform/Accessibility.h"
+#include "platform/RunLoop.h"
 
 #include <memory>
 
@@ -15,8 +17,8 @@ namespace haloric {
 
 class X11AXObserver final : public AXObserver {
 public:
-    // The clients outlive it.
-    X11AXObserver(X11Clients& clients, ProcessID pid, Accessibility::ObserverCallback callback);
+    // The loop and the clients outlive it.
+    X11AXObserver(RunLoop& runLoop, X11Clients& clients, ProcessID pid, Accessibility::ObserverCallback callback);
     ~X11AXObserver() override;
 
     AXError addNotification(const AXElement& element, std::string_view name) override;
@@ -26,10 +28,12 @@ public:
 private:
     struct Delivery;
 
+    RunLoop& m_runLoop;
     X11Clients& m_clients;
     std::shared_ptr<Delivery> m_delivery;
     Subscription m_notices;
     Subscription m_passes;
+    Subscription m_firstComparison;
 };
 
 } // namespace haloric

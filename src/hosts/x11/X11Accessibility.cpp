@@ -135,7 +135,7 @@ std::unique_ptr<AXObserver> X11Accessibility::createObserver(ProcessID pid, Obse
 {
     if (pid == ProcessID::none)
         return nullptr;
-    return std::make_unique<X11AXObserver>(m_clients, pid, std::move(callback));
+    return std::make_unique<X11AXObserver>(m_runLoop, m_clients, pid, std::move(callback));
 }
 
 } // namespace haloric

@@ -9,6 +9,7 @@
 #include "hosts/x11/X11Scale.h"
 #include "hosts/x11/X11WindowManager.h"
 #include "platform/Accessibility.h"
+#include "platform/RunLoop.h"
 
 namespace haloric {
 
@@ -16,9 +17,11 @@ class X11AXElement;
 
 class X11Accessibility final : public Accessibility {
 public:
-    // All three outlive it, its elements and its observers.
-    X11Accessibility(X11Clients& clients, const X11WindowManager& windowManager, const X11Scale& scale)
-        : m_clients(clients),
+    // All outlive it, its elements and its observers.
+    X11Accessibility(RunLoop& runLoop, X11Clients& clients, const X11WindowManager& windowManager,
+                     const X11Scale& scale)
+        : m_runLoop(runLoop),
+          m_clients(clients),
           m_windowManager(windowManager),
           m_scale(scale)
     {
@@ -40,6 +43,7 @@ private:
     AXAttribute closeButton(const X11Client& client) const;
     AXAttribute closeButtonAttribute(const X11Client& client, std::string_view name) const;
 
+    RunLoop& m_runLoop;
     X11Clients& m_clients;
     const X11WindowManager& m_windowManager;
     const X11Scale& m_scale;

@@ -61,7 +61,7 @@ struct Desktop {
           windowManager(connection, runLoop),
           clients(connection, runLoop),
           workspace(clients, runLoop),
-          accessibility(clients, windowManager, scale),
+          accessibility(runLoop, clients, windowManager, scale),
           windowInfoSource(clients.table(), scale),
           windowServerLibrary(connection, kDisplay, clients, scale),
           compositor(connection),

@@ -34,7 +34,7 @@ public:
           windowManager(*connection, loop),
           clients(*connection, loop),
           workspace(clients, loop),
-          accessibility(clients, windowManager, scale),
+          accessibility(loop, clients, windowManager, scale),
           windowInfo(clients.table(), scale)
     {
     }

@@ -27,11 +27,30 @@ protected:
 
     void observe(ProcessID pid)
     {
+        makeObserver(pid);
+        observer->addToMainRunLoop();
+    }
+
+    void makeObserver(ProcessID pid)
+    {
         observer =
             adapters.accessibility.createObserver(pid, [this](std::string_view name) { heard.emplace_back(name); });
         const AXElement application = adapters.accessibility.createApplicationElement(pid);
         for (const char* name : kNames)
             EXPECT_EQ(observer->addNotification(application, name), AXError::success);
+    }
+
+    // An observer made before, and installed after, the focus went to another window of its application.
+    void makeObserverOvertakenByFocus(TestClient& first, TestClient& second)
+    {
+        ASSERT_TRUE(adapters.appear(second));
+        ASSERT_TRUE(adapters.appear(first));
+        makeObserver(kSelf);
+        ASSERT_TRUE(second.focus());
+        ASSERT_TRUE(adapters.waitUntil([&] { return adapters.focusedWindow() == second.window(); }));
+        for (int turn = 0; turn < 5; ++turn)
+            adapters.settle(); // nothing more comes from the server
+        ASSERT_TRUE(heard.empty());
         observer->addToMainRunLoop();
     }
 
@@ -168,6 +187,26 @@ TEST_P(X11AccessibilityTest, a_focus_change_within_the_application_is_told)
     EXPECT_TRUE(hears("AXFocusedWindowChanged"));
     EXPECT_TRUE(hears("AXMainWindowChanged"));
     EXPECT_TRUE(adapters.waitUntil([&] { return adapters.focusedWindow() == other->window(); }));
+}
+
+TEST_P(X11AccessibilityTest, a_focus_change_before_the_installation_is_told_after_it)
+{
+    const auto one = session.makeClient();
+    const auto other = session.makeClient({.content = {800, 600, 300, 200}});
+    makeObserverOvertakenByFocus(*one, *other);
+    EXPECT_TRUE(heard.empty()) << "not within the installation";
+    EXPECT_TRUE(hears("AXFocusedWindowChanged"));
+    EXPECT_EQ(std::ranges::count(heard, "AXFocusedWindowChanged"), 1);
+}
+
+TEST_P(X11AccessibilityTest, an_observer_that_was_taken_off_at_once_is_not_told_of_an_earlier_focus_change)
+{
+    const auto one = session.makeClient();
+    const auto other = session.makeClient({.content = {800, 600, 300, 200}});
+    makeObserverOvertakenByFocus(*one, *other);
+    observer->removeFromMainRunLoop();
+    adapters.settle();
+    EXPECT_TRUE(heard.empty());
 }
 
 TEST_P(X11AccessibilityTest, windows_that_come_and_go_are_told)

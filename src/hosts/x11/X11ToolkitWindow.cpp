@@ -2,22 +2,11 @@
 
 #include "hosts/x11/X11ToolkitWindows.h"
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace haloric {
 
 namespace {
-
-// What the protocol can say of a window: far more than any screen.
-X11Rect withinProtocol(const X11Rect& rect)
-{
-    using Limits = std::numeric_limits<std::int16_t>;
-    return {std::clamp<int>(rect.x, Limits::min(), Limits::max()),
-            std::clamp<int>(rect.y, Limits::min(), Limits::max()), std::clamp<int>(rect.width, 1, Limits::max()),
-            std::clamp<int>(rect.height, 1, Limits::max())};
-}
 
 bool isFinite(const Rect& rect)
 {
@@ -48,7 +37,7 @@ void X11ToolkitWindow::setFrame(const Rect& frame, bool display)
     if (!isFinite(m_frame))
         return;
     const X11Rect old = m_pixels;
-    m_pixels = withinProtocol(m_windows.space().fromScreenSpace(m_frame));
+    m_pixels = m_windows.space().fromScreenSpace(m_frame).withinProtocol();
     configure(); // also when nothing differs: the window may have been moved past the toolkit
     if (display || old.width != m_pixels.width || old.height != m_pixels.height)
         setNeedsDisplay(); // a change of size goes out together with the new content

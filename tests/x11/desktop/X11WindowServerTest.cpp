@@ -87,6 +87,19 @@ protected:
         return client;
     }
 
+    // An own window of 30 by 40 pixels at (10, 20).
+    xcb_window_t showOverlay()
+    {
+        xcb_connection_t* own = adapters.connection->raw();
+        const xcb_window_t overlay = xcb_generate_id(own);
+        const std::uint32_t overrideRedirect = 1;
+        xcb_create_window(own, XCB_COPY_FROM_PARENT, overlay, adapters.connection->root(), 10, 20, 30, 40, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT,
+                          &overrideRedirect);
+        xcb_map_window(own, overlay);
+        return overlay;
+    }
+
     X11Session session{GetParam()};
     DesktopAdapters adapters{session.display()};
     X11WindowServerLibrary library{*adapters.connection, adapters.display.c_str(), adapters.clients, adapters.scale};
@@ -215,12 +228,7 @@ TEST_P(X11WindowServerTest, one_window_at_a_time_can_be_watched)
 
 TEST_P(X11WindowServerTest, a_window_of_our_own_is_moved_by_a_transaction)
 {
-    xcb_connection_t* own = adapters.connection->raw();
-    const xcb_window_t overlay = xcb_generate_id(own);
-    const std::uint32_t overrideRedirect = 1;
-    xcb_create_window(own, XCB_COPY_FROM_PARENT, overlay, adapters.connection->root(), 10, 20, 30, 40, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT, &overrideRedirect);
-    xcb_map_window(own, overlay);
+    const xcb_window_t overlay = showOverlay();
     EXPECT_EQ(bounds(overlay), (Rect{10, 20, 30, 40}));
     void* transaction = entries.create(entries.mainConnection());
     ASSERT_NE(transaction, nullptr);
@@ -235,6 +243,18 @@ TEST_P(X11WindowServerTest, a_window_of_our_own_is_moved_by_a_transaction)
     EXPECT_EQ(entries.create(entries.mainConnection()), transaction) << "released ones are used again";
     library.release(transaction);
     EXPECT_THAT(adapters.listedWindows(), testing::Not(testing::Contains(overlay)));
+}
+
+TEST_P(X11WindowServerTest, places_beyond_the_protocol_are_cut_off)
+{
+    const xcb_window_t overlay = showOverlay();
+    void* transaction = entries.create(entries.mainConnection());
+    entries.move(transaction, overlay, {40000, -1e9}); // as 16 bits, the first would be far to the left
+    EXPECT_EQ(entries.commit(transaction, 0), 0);
+    EXPECT_TRUE(session.observer().waitUntil([&] {
+        return session.observer().rectOnRoot(overlay) == ScreenRect{32767, -32768, 30, 40};
+    }));
+    library.release(transaction);
 }
 
 TEST_P(X11WindowServerTest, coordinates_are_points)

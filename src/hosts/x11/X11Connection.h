@@ -37,6 +37,9 @@ public:
     const xcb_screen_t& screen() const { return *m_screen; }
     xcb_window_t root() const { return m_screen->root; }
 
+    // The window that bears the user's resources: the first root, whichever is ours.
+    xcb_window_t resourceRoot() const { return xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root; }
+
     // The atom of a name; asked from the server once. Never blocks for a name in X11AtomNames.h.
     xcb_atom_t atom(std::string_view name);
 

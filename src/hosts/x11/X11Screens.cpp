@@ -23,9 +23,14 @@ void X11Screens::listen()
     };
     const xcb_window_t root = m_connection.root();
     m_connection.selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
-    noteOn(XCB_PROPERTY_NOTIFY, [root](const auto& event) {
+    const xcb_window_t resourceRoot = m_connection.resourceRoot();
+    if (resourceRoot != root) {
+        const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+        xcb_change_window_attributes(m_connection.raw(), resourceRoot, XCB_CW_EVENT_MASK, &mask);
+    }
+    noteOn(XCB_PROPERTY_NOTIFY, [resourceRoot](const auto& event) {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-        return change.window == root && change.atom == XCB_ATOM_RESOURCE_MANAGER;
+        return change.window == resourceRoot && change.atom == XCB_ATOM_RESOURCE_MANAGER;
     });
     noteOn(XCB_CONFIGURE_NOTIFY, [root](const auto& event) {
         return reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == root;
@@ -54,7 +59,7 @@ bool X11Screens::readAgain()
 
 void X11Screens::read()
 {
-    X11PropertyRequest resources(m_connection.raw(), m_connection.root(), XCB_ATOM_RESOURCE_MANAGER,
+    X11PropertyRequest resources(m_connection.raw(), m_connection.resourceRoot(), XCB_ATOM_RESOURCE_MANAGER,
                                  X11PropertyRequest::kUnlimitedWords);
     const auto monitors = X11Monitor::readAll(m_connection.raw(), m_connection.screen());
     const double factor = X11Scale::fromResources(resources.take().text());

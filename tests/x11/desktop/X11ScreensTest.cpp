@@ -92,6 +92,21 @@ TEST_F(X11ScreensTest, changes_of_one_turn_are_told_once)
     EXPECT_EQ(changes, 1);
 }
 
+// A server with screens that share nothing but the keyboard and the pointer: the resources are told on the first.
+TEST(X11SeparateScreens, the_second_one_is_scaled_by_the_resources_of_the_first)
+{
+    X11Session session(WindowManager::none, Compositor::none, {.arguments = {"-screen", "1", "800x600x24"}});
+    const auto setResources = [&session](const char* text) {
+        session.observer().setText(session.observer().root(), "RESOURCE_MANAGER", text);
+        session.observer().synchronize();
+    };
+    setResources("Xft.dpi:\t192\n");
+    DesktopAdapters adapters(session.display() + ".1");
+    EXPECT_THAT(framesOf(adapters.screens), ElementsAre(Rect{0, 0, 400, 300}));
+    setResources("Xft.dpi:\t96\n");
+    EXPECT_TRUE(adapters.waitUntil([&] { return framesOf(adapters.screens) == std::vector<Rect>{{0, 0, 800, 600}}; }));
+}
+
 // Outputs that are really switched on and off.
 TEST(X11Outputs, screens_come_and_go_with_their_outputs)
 {

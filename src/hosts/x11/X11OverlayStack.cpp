@@ -38,8 +38,12 @@ void X11OverlayStack::listen()
         m_siblingsBelow.erase(window);
         noticeOthers(window);
     });
-    on(XCB_REPARENT_NOTIFY,
-       [this](const xcb_generic_event_t& event) { noticeOthers(as<xcb_reparent_notify_event_t>(event).window); });
+    on(XCB_REPARENT_NOTIFY, [this](const xcb_generic_event_t& event) {
+        const auto& reparent = as<xcb_reparent_notify_event_t>(event);
+        if (reparent.parent != m_connection.root())
+            m_siblingsBelow.erase(reparent.window); // nothing tells of it any more, nor of its end
+        noticeOthers(reparent.window);
+    });
     on(XCB_CIRCULATE_NOTIFY,
        [this](const xcb_generic_event_t& event) { noticeOthers(as<xcb_circulate_notify_event_t>(event).window); });
     const xcb_atom_t active = m_connection.atom("_NET_ACTIVE_WINDOW");
@@ -55,13 +59,18 @@ void X11OverlayStack::noticeConfigure(const xcb_configure_notify_event_t& event)
 {
     if (event.event != m_connection.root())
         return;
+    if (isOverlay(event.window)) {
+        // It may have gone between that sibling and what was directly above it.
+        std::erase_if(m_siblingsBelow, [&event](const auto& known) { return known.second == event.above_sibling; });
+        return;
+    }
     // A window that only moves or grows is above the same one as before. Windows may also have gone in between, which
     // costs one pass without effect.
     const auto [known, isNew] = m_siblingsBelow.try_emplace(event.window, event.above_sibling);
     if (!isNew && known->second == event.above_sibling)
         return;
     known->second = event.above_sibling;
-    noticeOthers(event.window);
+    m_isDue = true;
 }
 
 void X11OverlayStack::noticeOthers(xcb_window_t window) { m_isDue = m_isDue || !isOverlay(window); }

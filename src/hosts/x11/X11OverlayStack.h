@@ -47,7 +47,7 @@ private:
     std::vector<xcb_window_t> m_shown;    // bottom to top
     std::vector<xcb_window_t> m_unmapped; // of those, the ones that `update` has yet to map
     std::unordered_map<xcb_window_t, xcb_window_t>
-        m_siblingsBelow; // what each child of the root was last said to be above
+        m_siblingsBelow; // what each other child of the root was last said to be above, unless an overlay came between
     bool m_isDue = false;
     std::function<void(xcb_window_t)> m_mapped = [](xcb_window_t) {};
     std::vector<Subscription> m_subscriptions;

@@ -112,6 +112,24 @@ TEST_P(X11OverlayStackTest, a_window_that_is_shown_is_never_on_top_of_a_menu)
     EXPECT_LT(order[0], order[1]);
 }
 
+TEST_P(X11OverlayStackTest, a_popup_that_goes_beneath_them_is_passed_every_time)
+{
+    const auto client = session.makeClient();
+    ASSERT_TRUE(client->showFocused());
+    const auto popup = session.makeClient(
+        {.title = "popup", .content = {900, 300, 100, 100}, .management = TestClient::Management::overrideRedirect});
+    ASSERT_TRUE(popup->show());
+    showBoth();
+    ASSERT_TRUE(waitUntilDirectlyAbove(*client));
+    for (int time = 1; time <= 3; ++time) {
+        const std::uint32_t values[] = {session.observer().topLevelOf(client->window()), XCB_STACK_MODE_ABOVE};
+        xcb_configure_window(popup->connection().raw(), popup->window(),
+                             XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values);
+        popup->connection().synchronize();
+        EXPECT_TRUE(waitUntilDirectlyAbove(*client)) << "time " << time;
+    }
+}
+
 TEST_P(X11OverlayStackTest, restacking_comes_to_rest_by_itself)
 {
     const auto first = session.makeClient({.title = "first"});

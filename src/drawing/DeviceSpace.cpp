@@ -43,9 +43,10 @@ double limitedRadius(const RoundedRect& shape)
 
 } // namespace
 
-DeviceSpace::DeviceSpace(double scale, Size viewSize)
+DeviceSpace::DeviceSpace(double scale, Size viewSize, Point offset)
     : m_scale(scale > 0 && std::isfinite(scale) ? scale : 1),
       m_viewSize(viewSize),
+      m_offset(offset),
       m_pixels{0, 0, wholePixels(viewSize.width * m_scale), wholePixels(viewSize.height * m_scale)}
 {
 }
@@ -54,8 +55,8 @@ DeviceShape DeviceSpace::map(const Rect& rect, double radius) const
 {
     if (!isUsable(rect))
         return {};
-    DeviceShape shape{toUnits(rect.minX() * m_scale), toUnits((m_viewSize.height - rect.maxY()) * m_scale),
-                      toUnits(rect.maxX() * m_scale), toUnits((m_viewSize.height - rect.minY()) * m_scale), 0};
+    DeviceShape shape{toUnits(toPixelX(rect.minX())), toUnits(toPixelY(rect.maxY())), toUnits(toPixelX(rect.maxX())),
+                      toUnits(toPixelY(rect.minY())), 0};
     shape.radius = std::min(toUnits(radius * m_scale), std::min(shape.width(), shape.height()) / 2);
     return shape;
 }
@@ -66,6 +67,10 @@ DeviceShape DeviceSpace::shape(const Path::Shape& shape) const
     DeviceShape mapped = map(rounded.rect, limitedRadius(rounded));
     if (mapped.empty() || !std::holds_alternative<Rect>(shape))
         return mapped;
+    if (rounded.rect.minX() <= 0)
+        mapped.x0 = std::min(mapped.x0, 0);
+    if (rounded.rect.maxY() >= m_viewSize.height)
+        mapped.y0 = std::min(mapped.y0, 0);
     if (rounded.rect.maxX() >= m_viewSize.width)
         mapped.x1 = std::max(mapped.x1, m_pixels.maxX() * DeviceShape::kUnit);
     if (rounded.rect.minY() <= 0)
@@ -91,8 +96,7 @@ void DeviceSpace::addLine(const Polyline& line, std::vector<DevicePoint>& points
         return;
     bool begins = true;
     for (const Point& point : line.points)
-        points.push_back({toUnits(point.x * m_scale), toUnits((m_viewSize.height - point.y) * m_scale),
-                          std::exchange(begins, false)});
+        points.push_back({toUnits(toPixelX(point.x)), toUnits(toPixelY(point.y)), std::exchange(begins, false)});
 }
 
 double DeviceSpace::length(double points, double limit) const

@@ -19,16 +19,17 @@ struct StrokeOutline {
 
 class DeviceSpace {
 public:
-    // `scale`: pixels a point; a scale that is not above zero counts as 1.
-    DeviceSpace(double scale, Size viewSize);
+    // `scale`: pixels a point; a scale that is not above zero counts as 1. `offset`: how far right of and below the
+    // first pixel's corner the view's lies, half a pixel at most; the pixels stay those of a view without one.
+    DeviceSpace(double scale, Size viewSize, Point offset = {});
 
     double scale() const { return m_scale; }
 
-    // Every pixel that the view touches. The top edge of the view is the top edge of its first row.
+    // Every pixel that the view touches when its top edge is the top edge of its first row.
     PixelRect pixels() const { return m_pixels; }
 
-    // A plain rectangle that reaches the view's right or bottom edge takes in the whole of the last pixels there, which
-    // a fractional scale would leave half covered: the edge of a window is the edge of a pixel.
+    // A plain rectangle that reaches an edge of the view takes in the whole of the last pixels there, which a
+    // fractional scale or an offset would leave half covered: the edge of a window is the edge of a pixel.
     DeviceShape shape(const Path::Shape& shape) const;
 
     // Centred on the shape's edge. Corners of a plain rectangle stay sharp, round ones stay round.
@@ -43,9 +44,12 @@ public:
 
 private:
     DeviceShape map(const Rect& rect, double radius) const;
+    double toPixelX(double x) const { return x * m_scale + m_offset.x; }
+    double toPixelY(double y) const { return (m_viewSize.height - y) * m_scale + m_offset.y; }
 
     double m_scale;
     Size m_viewSize;
+    Point m_offset; // pixels
     PixelRect m_pixels;
 };
 

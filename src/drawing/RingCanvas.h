@@ -14,8 +14,8 @@ namespace haloric {
 
 class RingCanvas final : public Canvas {
 public:
-    // `scale`: pixels a point.
-    RingCanvas(double scale, Size viewSize) : m_space(scale, viewSize) {}
+    // As for DeviceSpace.
+    RingCanvas(double scale, Size viewSize, Point offset = {}) : m_space(scale, viewSize, offset) {}
 
     // The pixels of all strokes, from the view's upper left pixel, y downward. Rows that are alike share a rectangle.
     // Those of different strokes may overlap.

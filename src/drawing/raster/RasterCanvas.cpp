@@ -34,7 +34,7 @@ RasterCanvas::RasterCanvas(RasterResources& resources, const PixelBuffer& buffer
 RasterCanvas::RasterCanvas(RasterResources& resources, const PixelBuffer& buffer, const RasterView& view,
                            RasterContents contents, std::span<const PixelRect> damage, RasterWays ways)
     : m_resources(resources),
-      m_space(view.scale, view.size),
+      m_space(view.scale, view.size, view.offset),
       m_ways(ways),
       m_transparent(contents != RasterContents::kept)
 {

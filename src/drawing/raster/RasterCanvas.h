@@ -24,6 +24,7 @@ struct RasterView {
     Size size;        // of the whole view, in points
     int originX = 0;  // the view's pixel, from its upper left one, that is the buffer's first
     int originY = 0;
+    Point offset = {}; // of the view's corner from that of its first pixel, as for DeviceSpace
 };
 
 // What the buffer holds when drawing begins, as far as the canvas may draw.

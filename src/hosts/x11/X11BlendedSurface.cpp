@@ -42,7 +42,8 @@ bool X11BlendedSurface::draw(const X11ViewContent& content, const PixelRect& ban
     const PixelBuffer buffer = m_uploader.reserve(band.width, band.height);
     if (!buffer.data)
         return false;
-    RasterCanvas canvas(m_resources, buffer, {content.scale, content.size, band.x, band.y}, RasterContents::cleared);
+    const RasterView view{content.scale, content.size, band.x, band.y, content.offset};
+    RasterCanvas canvas(m_resources, buffer, view, RasterContents::cleared);
     content.view.draw(canvas, content.bounds());
     m_uploader.put(window(), band.x, band.y);
     return true;

@@ -27,7 +27,7 @@ X11RingSurface::X11RingSurface(X11Connection& connection) : m_connection(connect
 
 X11PixelRegion X11RingSurface::paint(const X11ViewContent& content, const X11PixelRegion&)
 {
-    RingCanvas canvas(content.scale, content.size);
+    RingCanvas canvas(content.scale, content.size, content.offset);
     content.view.draw(canvas, content.bounds());
     if (canvas.color())
         setColor(*canvas.color());

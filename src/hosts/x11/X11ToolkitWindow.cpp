@@ -3,6 +3,7 @@
 #include "hosts/x11/X11ToolkitWindows.h"
 
 #include <cmath>
+#include <utility>
 
 namespace haloric {
 
@@ -37,9 +38,11 @@ void X11ToolkitWindow::setFrame(const Rect& frame, bool display)
     if (!isFinite(m_frame))
         return;
     const X11Rect old = m_pixels;
+    const Point oldOffset = std::exchange(m_offset, m_windows.space().offsetFromScreenSpace(m_frame));
     m_pixels = m_windows.space().fromScreenSpace(m_frame).withinProtocol();
     configure(); // also when nothing differs: the window may have been moved past the toolkit
-    if (display || old.width != m_pixels.width || old.height != m_pixels.height)
+    const bool isMove = old.width == m_pixels.width && old.height == m_pixels.height && oldOffset == m_offset;
+    if (display || !isMove)
         setNeedsDisplay(); // a change of size goes out together with the new content
     else if (m_visible)
         m_windows.connection().flush();
@@ -98,7 +101,7 @@ void X11ToolkitWindow::setNeedsDisplay(std::span<const Rect> parts)
 
 X11ViewContent X11ToolkitWindow::content() const
 {
-    return {*m_view, m_frame.size(), m_windows.space().pixelsPerPoint, allPixels()};
+    return {*m_view, m_frame.size(), m_windows.space().pixelsPerPoint, allPixels(), m_offset};
 }
 
 bool X11ToolkitWindow::paint()

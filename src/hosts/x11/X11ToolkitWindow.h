@@ -1,5 +1,6 @@
 // One overlay window. Frames in points become pixels by X11Space: origin and size are rounded to the nearest pixel,
-// each by itself. A move is sent at once; everything else goes out before the loop waits. Main thread.
+// each by itself, and the view is drawn where the frame exactly is. A move is sent at once; everything else goes out
+// before the loop waits. Main thread.
 #pragma once
 
 #include "hosts/x11/X11OverlaySurface.h"
@@ -54,6 +55,7 @@ private:
     ContentView* m_view = nullptr;
     Rect m_frame;
     X11Rect m_pixels{0, 0, 1, 1}; // as the server was last told
+    Point m_offset;               // of the frame's corner from that of the pixels
     bool m_visible = false;
     X11PixelRegion m_damage;
     std::optional<std::uint32_t> m_completeSince; // the request after which nothing was missing

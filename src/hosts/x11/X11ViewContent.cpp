@@ -19,10 +19,10 @@ int cut(double pixel, int limit)
 
 PixelRect X11ViewContent::toPixels(const Rect& rect) const
 {
-    const int left = cut(std::floor(rect.minX() * scale + kNoise), pixels.width);
-    const int right = cut(std::ceil(rect.maxX() * scale - kNoise), pixels.width);
-    const int top = cut(std::floor((size.height - rect.maxY()) * scale + kNoise), pixels.height);
-    const int bottom = cut(std::ceil((size.height - rect.minY()) * scale - kNoise), pixels.height);
+    const int left = cut(std::floor(rect.minX() * scale + offset.x + kNoise), pixels.width);
+    const int right = cut(std::ceil(rect.maxX() * scale + offset.x - kNoise), pixels.width);
+    const int top = cut(std::floor((size.height - rect.maxY()) * scale + offset.y + kNoise), pixels.height);
+    const int bottom = cut(std::ceil((size.height - rect.minY()) * scale + offset.y - kNoise), pixels.height);
     return {left, top, right - left, bottom - top};
 }
 

@@ -28,6 +28,15 @@ TEST(DeviceSpace, keeps_fractions_of_a_pixel)
     EXPECT_EQ(DeviceSpace(1.25, {100, 50}).shape(Rect{1, 1, 3, 2}), pixels(1.25, 58.75, 5, 61.25, 0));
 }
 
+TEST(DeviceSpace, an_offset_shifts_everything_but_what_reaches_the_edges)
+{
+    const DeviceSpace space(1.25, {100, 52}, {-0.5, 0.25});
+    EXPECT_EQ(space.pixels(), (PixelRect{0, 0, 125, 65}));
+    EXPECT_EQ(space.shape(Rect{2, 2, 4, 4}), pixels(2, 57.75, 7, 62.75, 0));
+    EXPECT_EQ(space.stroke(Rect{2, 2, 4, 4}, 0.8).outer, pixels(1.5, 57.25, 7.5, 63.25, 0));
+    EXPECT_EQ(space.shape(Rect{0, 0, 100, 52}), pixels(-0.5, 0, 125, 65.25, 0));
+}
+
 TEST(DeviceSpace, a_radius_is_limited_to_half_the_shorter_side)
 {
     EXPECT_EQ(DeviceSpace(1, {100, 100}).shape(RoundedRect{{0, 0, 10, 40}, 12}).radius, 5 * DeviceShape::kUnit);

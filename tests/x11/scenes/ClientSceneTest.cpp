@@ -1,7 +1,10 @@
 // Programs that do not behave: whatever a client does to its windows, the program goes on and finds the next one.
 #include "x11/scenes/Scene.h"
 
+#include <csignal>
 #include <limits>
+
+#include <sys/wait.h>
 
 namespace haloric {
 namespace {
@@ -116,6 +119,21 @@ TEST_P(ClientScene, a_client_that_is_cut_off_takes_its_highlight_with_it)
     client.reset(); // closes its connection without destroying the window first
     EXPECT_TRUE(waitForPicture(empty)) << log();
     expectStillFollowing();
+}
+
+TEST_P(ClientScene, a_client_that_is_stopped_holds_nothing_up)
+{
+    const auto client = openFocused({.content = {200, 200, 500, 300}});
+    startAround(*client);
+    const auto process = static_cast<pid_t>(session.observer().value(client->window(), "_NET_WM_PID").value_or(0));
+    ASSERT_GT(process, 1);
+    int status = 0;
+    ASSERT_EQ(::kill(process, SIGSTOP), 0);
+    ASSERT_EQ(::waitpid(process, &status, WUNTRACED), process);
+    ASSERT_TRUE(WIFSTOPPED(status));
+    expectStillFollowing();
+    ASSERT_TRUE(client->focus());
+    EXPECT_TRUE(waitForBorder(*client)) << log();
 }
 
 TEST_P(ClientScene, the_active_window_may_be_none_or_nonsense)

@@ -98,20 +98,7 @@ TEST_P(HighlightScene, it_follows_a_drag_by_the_title_bar_while_the_button_is_do
 {
     const auto client = openFocused();
     startAround(*client);
-    const ScreenRect frame = client->visibleFrame();
-    const ScreenRect content = client->content();
-    const int x = frame.x + frame.width / 2;
-    const int y = (frame.y + content.y) / 2;
-    session.input().moveTo(x, y);
-    session.input().press();
-    for (int step = 1; step <= 30; ++step)
-        session.input().moveTo(x + 5 * step, y + 3 * step);
-    // A hand is never quite still; motion from before the window manager had begun the drag does not count for it.
-    ASSERT_TRUE(session.observer().waitUntil([&] {
-        session.input().moveTo(x + 149, y + 90);
-        session.input().moveTo(x + 150, y + 90);
-        return client->content().x == content.x + 150;
-    }));
+    ASSERT_TRUE(dragByTitleBar(*client, 150, 90));
     EXPECT_TRUE(waitForBorder(*client)) << log();
     session.input().release();
     EXPECT_TRUE(waitForBorder(*client)) << log();

@@ -75,6 +75,25 @@ bool Scene::waitForBorder(TestClient& client)
     return isThere;
 }
 
+bool Scene::dragByTitleBar(TestClient& client, int right, int down)
+{
+    constexpr int kSteps = 30;
+    const ScreenRect frame = client.visibleFrame();
+    const ScreenRect content = client.content();
+    const int x = frame.x + frame.width / 2;
+    const int y = (frame.y + content.y) / 2;
+    session.input().moveTo(x, y);
+    session.input().press();
+    for (int step = 1; step <= kSteps; ++step)
+        session.input().moveTo(x + right * step / kSteps, y + down * step / kSteps);
+    // A hand is never quite still; motion from before the window manager had begun the drag does not count for it.
+    return session.observer().waitUntil([&] {
+        session.input().moveTo(x + right - 1, y + down);
+        session.input().moveTo(x + right, y + down);
+        return client.content().x == content.x + right;
+    });
+}
+
 bool Scene::waitForPicture(const ScreenImage& picture)
 {
     return session.waitForPixels(nameOfTest() + "-picture", picture.area(),

@@ -52,6 +52,9 @@ protected:
     // Waits until the border lies on the middle of each edge of the client's visible frame.
     [[nodiscard]] bool waitForBorder(TestClient& client);
 
+    // Drags the window by the middle of its title bar. Returns once it is there; the button is still down.
+    [[nodiscard]] bool dragByTitleBar(TestClient& client, int right, int down);
+
     // Waits until the screen looks as in `picture`, pixel by pixel.
     [[nodiscard]] bool waitForPicture(const ScreenImage& picture);
 

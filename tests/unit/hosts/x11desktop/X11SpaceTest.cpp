@@ -39,6 +39,30 @@ TEST(X11Space, a_rectangle_that_only_moves_keeps_its_size_in_pixels)
         EXPECT_EQ(space.fromGlobal({x, x, 100.5, 33.3}).width, space.fromGlobal({0, 0, 100.5, 33.3}).width);
 }
 
+TEST(X11Space, a_rectangle_that_moves_by_whole_pixels_keeps_its_offset)
+{
+    const X11Space space{1.25, {1920, 200, 2560, 1440}};
+    for (const double margin : {38.0, 40.0, 38.1}) { // 47.5, 50 and 47.625 pixels
+        const auto around = [&](int pixel) { return space.toScreenSpace({pixel, pixel, 100, 100}).insetBy(-margin); };
+        const Point offset = space.offsetFromScreenSpace(around(0));
+        const int distance = space.fromScreenSpace(around(0)).x;
+        for (int pixel = -500; pixel < 500; ++pixel) {
+            EXPECT_EQ(space.offsetFromScreenSpace(around(pixel)), offset) << pixel;
+            EXPECT_EQ(space.fromScreenSpace(around(pixel)).x, distance + pixel);
+            EXPECT_EQ(space.fromScreenSpace(around(pixel)).y, distance + pixel);
+        }
+        EXPECT_NEAR(distance + offset.x, -margin * 1.25, 1.0 / 256);
+    }
+}
+
+TEST(X11Space, what_lies_on_whole_pixels_has_no_offset)
+{
+    for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
+        const X11Space space{scale, {1920, 200, 2560, 1440}};
+        EXPECT_EQ(space.offsetFromScreenSpace(space.toScreenSpace({-333, 77, 801, 603})), Point{}) << scale;
+    }
+}
+
 TEST(X11Space, coordinates_beyond_any_window_stay_numbers)
 {
     const double huge = std::numeric_limits<double>::max();

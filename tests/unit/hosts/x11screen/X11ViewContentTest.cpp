@@ -35,6 +35,14 @@ TEST_F(X11ViewContentTest, noise_of_sums_takes_in_no_further_pixel)
               (PixelRect{10, 35, 5, 5}));
 }
 
+TEST_F(X11ViewContentTest, the_offset_shifts_the_view_in_its_window)
+{
+    X11ViewContent content = at(1, {0, 0, 100, 50});
+    content.offset = {-0.5, 0.25};
+    EXPECT_EQ(content.toPixels({10, 10, 5, 5}), (PixelRect{9, 35, 6, 6}));
+    EXPECT_EQ(content.toPixels({10.5, 10.25, 5, 5}), (PixelRect{10, 35, 5, 5}));
+}
+
 TEST_F(X11ViewContentTest, what_lies_outside_is_cut_off)
 {
     EXPECT_EQ(at(1, {0, 0, 100, 50}).toPixels({-10, -10, 1000, 1000}), (PixelRect{0, 0, 100, 50}));

@@ -12,7 +12,7 @@ class X11WindowInfoSource final : public WindowInfoSource {
 public:
     // Layers, as the platform numbers them.
     static constexpr std::int64_t kOrdinaryLayer = 0;
-    static constexpr std::int64_t kFloatingLayer = 3; // kept above others, unless it is an application's window and active
+    static constexpr std::int64_t kFloatingLayer = 3; // kept above others, and nobody works in it
     static constexpr std::int64_t kDockLayer = 20;
     static constexpr std::int64_t kDesktopLayer = -1;
 

@@ -28,15 +28,18 @@ bool TrayPanel::restart()
     return true;
 }
 
-// The icon is a window of the program inside of the panel. Panels move about while they take one in.
+// The icon is a window of the program inside of the panel, which comes up in the middle of the screen and goes to its
+// edge later.
 ScreenRect TrayPanel::findIcon()
 {
     DesktopObserver& observer = m_session.observer();
     ScreenRect icon;
     const auto isThere = [&] {
         const xcb_window_t window = iconBelow(observer.root());
+        if (window == XCB_WINDOW_NONE || observer.rectOnRoot(observer.topLevelOf(window)).y != 0)
+            return false;
         icon = observer.rectOnRoot(window);
-        return window != XCB_WINDOW_NONE && isReachedAt(window, icon.x + icon.width / 2, icon.y + icon.height / 2);
+        return isReachedAt(window, icon.x + icon.width / 2, icon.y + icon.height / 2);
     };
     if (!observer.waitUntil(isThere)) {
         m_session.keepFailure("no-icon");

@@ -1,5 +1,5 @@
-// A panel with a tray of the older kind, in the top left corner of a test's desktop unless told otherwise, and the
-// program's icon in it.
+// A panel with a tray of the older kind at the upper edge of a test's desktop, on the left unless told otherwise, and
+// the program's icon in it.
 #pragma once
 
 #include "x11/support/X11Session.h"

@@ -157,9 +157,10 @@ TEST_P(RunLoopContract, a_video_link_calls_its_handler_until_it_stops)
     const auto display = host->screens().all()[0].displayID;
     ASSERT_TRUE(display);
     const auto link = host->displayLinks().makeVideoLink(*display);
-    if (!link && host->displayLinks().screenLinksAvailable())
-        GTEST_SKIP() << "this host makes links from screens alone";
-    ASSERT_TRUE(link);
+    if (!link) {
+        EXPECT_TRUE(host->displayLinks().screenLinksAvailable()) << "no link of either kind";
+        return;
+    }
     std::atomic<int> frames = 0; // the link's thread counts
     EXPECT_TRUE(link->setOutputHandler([&frames] {
         ++frames;

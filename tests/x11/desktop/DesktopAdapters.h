@@ -51,11 +51,13 @@ public:
         return true;
     }
 
-    // Shows a window and waits until the window manager has given it the focus by itself. Asking for the focus as
-    // well might be answered first, and the focus that comes with the showing then undo a later change.
+    // Shows a window and waits until the window manager has given it the focus by itself. Asking for the focus at once
+    // might be answered first, and the focus that comes with the showing then undo a later change; but a window
+    // manager that has just started may have forgotten it.
     [[nodiscard]] bool appear(TestClient& client)
     {
-        return client.show() && waitUntil([&] { return focusedWindow() == client.window(); });
+        const auto isFocused = [&] { return focusedWindow() == client.window(); };
+        return client.show() && (waitUntil(isFocused, kPatience / 4) || (client.focus() && waitUntil(isFocused)));
     }
 
     // Takes in everything that the server has sent for what happened before this call.

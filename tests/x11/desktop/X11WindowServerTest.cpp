@@ -112,9 +112,11 @@ TEST_P(X11WindowServerTest, an_unknown_symbol_is_not_found) { EXPECT_EQ(opened->
 TEST_P(X11WindowServerTest, a_managed_window_has_its_visible_frame)
 {
     const auto client = showClient();
-    EXPECT_EQ(bounds(client->window()), pointsOf(client->visibleFrame()));
+    // Window managers may add the frame after they have given the focus.
+    const auto areThoseOfTheFrame = [&] { return bounds(client->window()) == pointsOf(client->visibleFrame()); };
+    EXPECT_TRUE(adapters.waitUntil(areThoseOfTheFrame));
     ASSERT_TRUE(watch(*client));
-    EXPECT_EQ(bounds(client->window()), pointsOf(client->visibleFrame()));
+    EXPECT_TRUE(adapters.waitUntil(areThoseOfTheFrame));
 }
 
 TEST_P(X11WindowServerTest, a_window_that_does_not_exist_has_no_bounds)

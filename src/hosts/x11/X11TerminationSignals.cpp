@@ -11,7 +11,6 @@ namespace haloric {
 
 X11TerminationSignals::X11TerminationSignals()
 {
-    ignoreBrokenPipes();
     sigset_t signals;
     sigemptyset(&signals);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})

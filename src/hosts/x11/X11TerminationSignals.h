@@ -11,7 +11,6 @@ namespace haloric {
 class X11TerminationSignals {
 public:
     // From now on SIGTERM, SIGINT and SIGHUP wait for `watch`, so nothing may block the main thread for long any more.
-    // Broken pipes are ignored as well.
     X11TerminationSignals();
     ~X11TerminationSignals();
     X11TerminationSignals(const X11TerminationSignals&) = delete;

@@ -8,6 +8,9 @@
 namespace haloric {
 namespace {
 
+// At 120 dpi, the window of the highlight begins half a pixel off the grid with this glow: 47.5 before the frame.
+constexpr const char* kOffTheGrid = R"({"pulseEnabled": false, "glowRadius": 17})";
+
 class ScaleScene : public Scene {
 protected:
     // Before the program starts.
@@ -59,12 +62,11 @@ TEST_P(ScaleScene, at_twice_the_scale_the_border_is_twice_as_wide)
     EXPECT_TRUE(waitForRows(*client, 6, 6)) << log();
 }
 
-// At this scale and glow, the window of the highlight begins half a pixel off the grid: 47.5 before the frame.
 TEST_P(ScaleScene, at_a_broken_scale_the_border_lies_on_the_edges)
 {
     setTextResolution(120);
     const auto client = openFocused();
-    startAround(*client, R"({"pulseEnabled": false, "glowRadius": 17})");
+    startAround(*client, kOffTheGrid);
     EXPECT_TRUE(waitForRows(*client, 3, 4)) << log(); // 3.75 wide
     ASSERT_TRUE(client->setContent({411, 277, 603, 401}));
     EXPECT_TRUE(waitForRows(*client, 3, 4)) << log();
@@ -74,7 +76,7 @@ TEST_P(ScaleScene, at_a_broken_scale_the_border_stays_on_the_edges_while_the_win
 {
     setTextResolution(120);
     const auto client = openFocused();
-    startAround(*client, R"({"pulseEnabled": false, "glowRadius": 17})");
+    startAround(*client, kOffTheGrid);
     ASSERT_TRUE(dragByTitleBar(*client, 151, 90));
     EXPECT_TRUE(waitForRows(*client, 3, 4)) << log();
     session.input().release();

@@ -7,8 +7,8 @@
 #include "desktop/Percentiles.h"
 #include "desktop/ProcessFigures.h"
 #include "desktop/UiBench.h"
-#include "x11/support/HaloricProcess.h"
-#include "x11/support/Require.h"
+#include "testing/x11/HaloricProcess.h"
+#include "testing/x11/Require.h"
 
 #include <chrono>
 #include <cstdio>

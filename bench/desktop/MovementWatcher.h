@@ -2,7 +2,7 @@
 // each of them moved, the other one samples both positions and counts how often they disagree.
 #pragma once
 
-#include "x11/support/TestConnection.h"
+#include "testing/x11/TestConnection.h"
 
 #include <atomic>
 #include <chrono>

@@ -1,8 +1,8 @@
 #include "desktop/Percentiles.h"
 #include "desktop/TrayDesktop.h"
 #include "desktop/UiBench.h"
-#include "x11/support/Key.h"
-#include "x11/support/Require.h"
+#include "testing/x11/Key.h"
+#include "testing/x11/Require.h"
 
 #include <cstdio>
 #include <thread>

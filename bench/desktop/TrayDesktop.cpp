@@ -1,8 +1,8 @@
 #include "desktop/TrayDesktop.h"
 
 #include "desktop/ProcessFigures.h"
-#include "x11/support/Key.h"
-#include "x11/support/Require.h"
+#include "testing/x11/Key.h"
+#include "testing/x11/Require.h"
 
 namespace haloric {
 

@@ -2,7 +2,7 @@
 // std::runtime_error.
 #pragma once
 
-#include "x11/support/ProgramShell.h"
+#include "testing/x11/ProgramShell.h"
 
 #include <chrono>
 #include <memory>

@@ -2,9 +2,9 @@
 
 #include "desktop/Percentiles.h"
 #include "desktop/TrayDesktop.h"
-#include "hosts/x11/X11UserDefaults.h"
+#include "hosts/linux/files/LinuxUserDefaults.h"
 #include "settings/SettingsStore.h"
-#include "x11/support/TemporaryFolder.h"
+#include "testing/x11/TemporaryFolder.h"
 
 #include <cstdio>
 #include <vector>
@@ -44,7 +44,7 @@ void measureSaves()
 {
     constexpr int kSaves = 2'000;
     const TemporaryFolder folder;
-    X11UserDefaults defaults(folder.path().string());
+    LinuxUserDefaults defaults(folder.path().string());
     SettingsStore store(defaults);
     std::vector<double> milliseconds;
     for (int number = 0; number < kSaves; ++number) {

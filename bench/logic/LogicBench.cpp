@@ -1,7 +1,7 @@
 // What one display frame costs in Haloric's own code: the tracker's tick and the overlay's pass, on adapters that do
 // next to nothing, so that neither a server nor an application is waited for.
-#include "hosts/sim/SimRunLoop.h"
-#include "hosts/sim/SimSerialQueues.h"
+#include "hosts/sim/loop/SimRunLoop.h"
+#include "hosts/sim/loop/SimSerialQueues.h"
 #include "overlay/OverlayController.h"
 #include "support/FakeAccessibility.h"
 #include "support/FakeApplication.h"

@@ -39,7 +39,7 @@ AlertModel onboardingAlert()
 
 } // namespace
 
-AppDelegate::AppDelegate(const AppDelegatePlatform& platform, SettingsStore& store)
+AppDelegate::AppDelegate(const AppDelegateDependencies& platform, SettingsStore& store)
     : m_platform(platform),
       m_store(store)
 {

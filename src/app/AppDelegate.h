@@ -3,7 +3,7 @@
 // weakly. Main thread.
 #pragma once
 
-#include "app/AppDelegatePlatform.h"
+#include "app/AppDelegateDependencies.h"
 #include "foundation/Subscription.h"
 #include "foundation/WeakAnchor.h"
 #include "menubar/StatusBarController.h"
@@ -20,7 +20,7 @@ namespace haloric {
 class AppDelegate final : public ApplicationDelegate {
 public:
     // `platform` is copied; what it refers to, and the store, outlive the delegate.
-    AppDelegate(const AppDelegatePlatform& platform, SettingsStore& store);
+    AppDelegate(const AppDelegateDependencies& platform, SettingsStore& store);
 
     // Without Accessibility access it shows the onboarding alert and blocks until that is answered. The tracker
     // starts on a later turn of the main loop.
@@ -43,7 +43,7 @@ private:
     void showOnboarding();
     void startTracker();
 
-    AppDelegatePlatform m_platform;
+    AppDelegateDependencies m_platform;
     std::vector<Subscription> m_cancellables;
     std::unique_ptr<OverlayController> m_overlays;
     std::unique_ptr<FocusTracker> m_tracker;

@@ -6,7 +6,7 @@
 
 namespace haloric {
 
-EntrySequence::EntrySequence(const ApplicationPlatform& platform)
+EntrySequence::EntrySequence(const ApplicationDependencies& platform)
     : m_application(platform.application),
       m_settingsStore(platform.userDefaults),
       m_windowServer(platform.windowServerLibrary, platform.processes, platform.runLoop, platform.log),
@@ -26,9 +26,9 @@ void EntrySequence::run()
     m_application.run();
 }
 
-std::unique_ptr<AppDelegate> EntrySequence::makeDelegate(const ApplicationPlatform& platform)
+std::unique_ptr<AppDelegate> EntrySequence::makeDelegate(const ApplicationDependencies& platform)
 {
-    const AppDelegatePlatform delegate{
+    const AppDelegateDependencies delegate{
         .runLoop = platform.runLoop,
         .workspace = platform.workspace,
         .accessibility = platform.accessibility,
@@ -43,7 +43,7 @@ std::unique_ptr<AppDelegate> EntrySequence::makeDelegate(const ApplicationPlatfo
     return std::make_unique<AppDelegate>(delegate, m_settingsStore);
 }
 
-OverlayPlatform EntrySequence::overlayPlatform(const ApplicationPlatform& platform)
+OverlayDependencies EntrySequence::overlayPlatform(const ApplicationDependencies& platform)
 {
     return {
         .runLoop = platform.runLoop,
@@ -57,7 +57,7 @@ OverlayPlatform EntrySequence::overlayPlatform(const ApplicationPlatform& platfo
     };
 }
 
-FocusTrackerPlatform EntrySequence::trackingPlatform(const ApplicationPlatform& platform)
+FocusTrackerDependencies EntrySequence::trackingPlatform(const ApplicationDependencies& platform)
 {
     return {
         .runLoop = platform.runLoop,
@@ -73,7 +73,7 @@ FocusTrackerPlatform EntrySequence::trackingPlatform(const ApplicationPlatform& 
     };
 }
 
-StatusBarPlatform EntrySequence::statusBarPlatform(const ApplicationPlatform& platform)
+StatusBarDependencies EntrySequence::statusBarPlatform(const ApplicationDependencies& platform)
 {
     const auto restart = [&bundle = platform.bundle, &processes = platform.processes,
                           &application = platform.application] { AppControl::restart(bundle, processes, application); };
@@ -81,7 +81,7 @@ StatusBarPlatform EntrySequence::statusBarPlatform(const ApplicationPlatform& pl
                                  &framework = platform.updaterFramework]() -> UpdaterManager& {
         return m_updaterManager ? *m_updaterManager : m_updaterManager.emplace(bundle, framework);
     };
-    const SettingsViewPlatform settingsView{
+    const SettingsViewDependencies settingsView{
         .bundle = platform.bundle,
         .applications = platform.applicationCatalog,
         .loginItems = platform.loginItems,

@@ -2,7 +2,7 @@
 // one a process. The host's `main` owns it and keeps it until the program ends. Main thread.
 #pragma once
 
-#include "app/ApplicationPlatform.h"
+#include "app/ApplicationDependencies.h"
 #include "menubar/HotkeyManager.h"
 #include "menubar/UpdaterManager.h"
 #include "settings/LaunchAtLogin.h"
@@ -16,14 +16,14 @@
 namespace haloric {
 
 class AppDelegate;
-struct FocusTrackerPlatform;
-struct OverlayPlatform;
-struct StatusBarPlatform;
+struct FocusTrackerDependencies;
+struct OverlayDependencies;
+struct StatusBarDependencies;
 
 class EntrySequence {
 public:
     // Makes the shared instances and the delegate. Everything in `platform` outlives the sequence.
-    explicit EntrySequence(const ApplicationPlatform& platform);
+    explicit EntrySequence(const ApplicationDependencies& platform);
     ~EntrySequence();
     EntrySequence(const EntrySequence&) = delete;
     EntrySequence& operator=(const EntrySequence&) = delete;
@@ -37,10 +37,10 @@ public:
     HotkeyManager& hotkeyManager() { return m_hotkeyManager; }
 
 private:
-    std::unique_ptr<AppDelegate> makeDelegate(const ApplicationPlatform& platform);
-    OverlayPlatform overlayPlatform(const ApplicationPlatform& platform);
-    FocusTrackerPlatform trackingPlatform(const ApplicationPlatform& platform);
-    StatusBarPlatform statusBarPlatform(const ApplicationPlatform& platform);
+    std::unique_ptr<AppDelegate> makeDelegate(const ApplicationDependencies& platform);
+    OverlayDependencies overlayPlatform(const ApplicationDependencies& platform);
+    FocusTrackerDependencies trackingPlatform(const ApplicationDependencies& platform);
+    StatusBarDependencies statusBarPlatform(const ApplicationDependencies& platform);
 
     Application& m_application;
     SettingsStore m_settingsStore;

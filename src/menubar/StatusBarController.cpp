@@ -31,7 +31,8 @@ const FormWindowConfiguration kSettingsWindow{
 
 } // namespace
 
-StatusBarController::StatusBarController(const StatusBarPlatform& platform, SettingsStore& store, FocusTracker& tracker)
+StatusBarController::StatusBarController(const StatusBarDependencies& platform, SettingsStore& store,
+                                         FocusTracker& tracker)
     : m_platform(platform),
       m_store(store),
       m_tracker(tracker),

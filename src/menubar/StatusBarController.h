@@ -4,7 +4,7 @@
 
 #include "foundation/Subscription.h"
 #include "foundation/WeakAnchor.h"
-#include "menubar/StatusBarPlatform.h"
+#include "menubar/StatusBarDependencies.h"
 #include "menubar/StatusMenu.h"
 #include "platform/FormWindows.h"
 #include "platform/StatusItems.h"
@@ -23,7 +23,7 @@ class StatusBarController final : public MenuDelegate {
 public:
     // Puts the item into the menu bar. `platform` is copied; what it refers to, the store and the tracker outlive the
     // controller.
-    StatusBarController(const StatusBarPlatform& platform, SettingsStore& store, FocusTracker& tracker);
+    StatusBarController(const StatusBarDependencies& platform, SettingsStore& store, FocusTracker& tracker);
 
     // Brings the settings window to the front; the first time makes it. It is the same window ever after.
     void openSettings();
@@ -46,7 +46,7 @@ private:
     void showAbout();
     void makeSettingsWindow();
 
-    StatusBarPlatform m_platform;
+    StatusBarDependencies m_platform;
     SettingsStore& m_store;
     FocusTracker& m_tracker;
     std::unique_ptr<StatusMenu> m_menu; // outlives the item, which reads it

@@ -4,7 +4,7 @@
 
 namespace haloric {
 
-OverlayController::OverlayController(const OverlayPlatform& platform, SettingsStore& store)
+OverlayController::OverlayController(const OverlayDependencies& platform, SettingsStore& store)
     : m_platform(platform),
       m_store(store),
       m_highlightWindow(makeWindow()),
@@ -43,7 +43,7 @@ void OverlayController::observeOutside()
 
 std::unique_ptr<OverlayWindow> OverlayController::makeWindow() const
 {
-    return std::make_unique<OverlayWindow>(OverlayWindowPlatform{
+    return std::make_unique<OverlayWindow>(OverlayWindowDependencies{
         m_platform.runLoop, m_platform.screens, m_platform.toolkitWindows, m_platform.windowServer, m_platform.log});
 }
 

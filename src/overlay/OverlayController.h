@@ -8,7 +8,7 @@
 #include "overlay/AppDimView.h"
 #include "overlay/DimView.h"
 #include "overlay/HighlightView.h"
-#include "overlay/OverlayPlatform.h"
+#include "overlay/OverlayDependencies.h"
 #include "overlay/OverlayWindow.h"
 #include "overlay/ScreenshotHotkeyMonitor.h"
 #include "settings/SettingsStore.h"
@@ -32,7 +32,7 @@ public:
 
     // Makes the windows and starts listening; shows nothing before the first state. `platform` is copied; what it
     // refers to, and the store, outlive the controller.
-    OverlayController(const OverlayPlatform& platform, SettingsStore& store);
+    OverlayController(const OverlayDependencies& platform, SettingsStore& store);
 
     void setState(const FocusState& state); // the tracker's newest
     void pulse();                           // from its beginning, if there is a focused window and the settings want it
@@ -75,7 +75,7 @@ private:
     void pulseTick();
     void setPulseProgress(double progress);
 
-    OverlayPlatform m_platform;
+    OverlayDependencies m_platform;
     SettingsStore& m_store;
     HighlightView m_highlightView; // views before their windows, to outlive them
     std::unique_ptr<OverlayWindow> m_highlightWindow;

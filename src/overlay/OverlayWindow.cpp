@@ -49,7 +49,7 @@ WindowNumber serverNumber(const ToolkitWindow& window)
 
 } // namespace
 
-OverlayWindow::OverlayWindow(const OverlayWindowPlatform& platform)
+OverlayWindow::OverlayWindow(const OverlayWindowDependencies& platform)
     : m_platform(platform),
       m_window(platform.toolkitWindows.make(standardConfiguration(), *this))
 {

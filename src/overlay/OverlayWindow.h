@@ -7,7 +7,7 @@
 #include "foundation/Ids.h"
 #include "foundation/Time.h"
 #include "foundation/WeakAnchor.h"
-#include "overlay/OverlayWindowPlatform.h"
+#include "overlay/OverlayWindowDependencies.h"
 #include "platform/ToolkitWindow.h"
 
 #include <cstdint>
@@ -26,7 +26,7 @@ public:
 
     static constexpr Seconds kVerificationDelay{0.05};
 
-    explicit OverlayWindow(const OverlayWindowPlatform& platform);
+    explicit OverlayWindow(const OverlayWindowDependencies& platform);
 
     // Puts the window at `target` (screen space); makes no call when it is there already.
     void positionHighlight(const Rect& target, Positioning positioning);
@@ -65,7 +65,7 @@ private:
     bool isWhereServerWasTold(double primaryMaxY) const;
     std::optional<DisplayID> displayID(const Rect& rect) const;
 
-    OverlayWindowPlatform m_platform;
+    OverlayWindowDependencies m_platform;
     std::unique_ptr<ToolkitWindow> m_window;
     std::optional<Rect> m_serverFrame; // while present, the toolkit's frame may be stale
     bool m_transactionMovesAvailable = true;

@@ -10,7 +10,7 @@
 
 namespace haloric {
 
-SettingsView::SettingsView(const SettingsViewPlatform& platform, SettingsStore& store, bool launchAtLogin)
+SettingsView::SettingsView(const SettingsViewDependencies& platform, SettingsStore& store, bool launchAtLogin)
     : m_platform(platform),
       m_store(store),
       m_controls(store),

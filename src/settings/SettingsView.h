@@ -9,7 +9,7 @@
 #include "settings/LaunchAtLogin.h"
 #include "settings/SettingsControls.h"
 #include "settings/SettingsStore.h"
-#include "settings/SettingsViewPlatform.h"
+#include "settings/SettingsViewDependencies.h"
 
 #include <functional>
 #include <string>
@@ -20,7 +20,7 @@ class SettingsView {
 public:
     // `platform` is copied; what it refers to, and the store, outlive the view. `launchAtLogin` is what the switch
     // shows until the form comes on screen.
-    SettingsView(const SettingsViewPlatform& platform, SettingsStore& store, bool launchAtLogin);
+    SettingsView(const SettingsViewDependencies& platform, SettingsStore& store, bool launchAtLogin);
 
     // The form as it stands now. Its controls do nothing once the view is gone.
     FormModel form() const;
@@ -61,7 +61,7 @@ private:
         };
     }
 
-    SettingsViewPlatform m_platform;
+    SettingsViewDependencies m_platform;
     SettingsStore& m_store;
     SettingsControls m_controls;
     LaunchAtLogin m_loginItem;

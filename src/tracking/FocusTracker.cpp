@@ -9,7 +9,7 @@
 
 namespace haloric {
 
-FocusTracker::FocusTracker(const FocusTrackerPlatform& platform)
+FocusTracker::FocusTracker(const FocusTrackerDependencies& platform)
     : m_platform(platform),
       m_queries(platform.serialQueues, platform.runLoop, platform.accessibility),
       m_frames(platform.windowServer, platform.windowInfo, platform.screens),

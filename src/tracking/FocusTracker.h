@@ -13,7 +13,7 @@
 #include "tracking/FocusFrames.h"
 #include "tracking/FocusPulse.h"
 #include "tracking/FocusState.h"
-#include "tracking/FocusTrackerPlatform.h"
+#include "tracking/FocusTrackerDependencies.h"
 #include "windowserver/WindowServerChanges.h"
 
 #include <cstdint>
@@ -27,8 +27,8 @@ class FocusTracker {
 public:
     static constexpr Seconds kPollInterval{0.15};
 
-    explicit FocusTracker(const FocusTrackerPlatform& platform); // starts nothing
-    ~FocusTracker();                                             // stops
+    explicit FocusTracker(const FocusTrackerDependencies& platform); // starts nothing
+    ~FocusTracker();                                                 // stops
     FocusTracker(const FocusTracker&) = delete;
     FocusTracker& operator=(const FocusTracker&) = delete;
 
@@ -75,7 +75,7 @@ private:
     void fastTick();
     void updateTrackingScreen(Force force);
 
-    const FocusTrackerPlatform m_platform;
+    const FocusTrackerDependencies m_platform;
     FocusState m_state;
     AXQueries m_queries;
     std::unique_ptr<AXObservation> m_observation;

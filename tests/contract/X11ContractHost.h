@@ -7,18 +7,18 @@
 
 #include "contract/ContractHost.h"
 #include "contract/ScopedVariable.h"
+#include "hosts/linux/files/LinuxBundle.h"
+#include "hosts/linux/files/LinuxUserDefaults.h"
+#include "hosts/linux/loop/LinuxSerialQueues.h"
 #include "hosts/posix/PosixProcesses.h"
 #include "hosts/posix/StandardErrorLog.h"
-#include "hosts/x11/X11Bundle.h"
-#include "hosts/x11/X11Compositor.h"
-#include "hosts/x11/X11DisplayLinks.h"
-#include "hosts/x11/X11InputMonitors.h"
-#include "hosts/x11/X11SerialQueues.h"
-#include "hosts/x11/X11ToolkitWindows.h"
-#include "hosts/x11/X11UserDefaults.h"
-#include "hosts/x11/X11WindowServerLibrary.h"
-#include "x11/desktop/DesktopAdapters.h"
-#include "x11/support/TemporaryFolder.h"
+#include "hosts/x11/input/X11InputMonitors.h"
+#include "hosts/x11/overlay/X11Compositor.h"
+#include "hosts/x11/overlay/X11ToolkitWindows.h"
+#include "hosts/x11/refresh/X11DisplayLinks.h"
+#include "hosts/x11/windows/X11WindowServerLibrary.h"
+#include "testing/x11/TemporaryFolder.h"
+#include "x11/adapters/DesktopAdapters.h"
 
 #include <map>
 
@@ -82,11 +82,11 @@ private:
     X11OwnWindows m_ownWindows{*m_desktop.connection};
     X11InputMonitors m_input{m_rawInput, m_ownWindows};
     X11DisplayLinks m_displayLinks{*m_desktop.connection, m_desktop.loop, m_desktop.scale};
-    X11SerialQueues m_serialQueues;
+    LinuxSerialQueues m_serialQueues;
     X11WindowServerLibrary m_windowServerLibrary{*m_desktop.connection, m_desktop.display.c_str(), m_desktop.clients,
                                                  m_desktop.scale};
-    X11Bundle m_bundle;
-    X11UserDefaults m_userDefaults{X11UserDefaults::standardFolder(m_processes)};
+    LinuxBundle m_bundle;
+    LinuxUserDefaults m_userDefaults{LinuxUserDefaults::standardFolder(m_processes)};
 };
 
 } // namespace haloric

@@ -1,6 +1,6 @@
 // The program as it was installed, on a desktop of its own. The environment names it: HALORIC_INSTALLED_PROGRAM.
-#include "hosts/x11/X11Bundle.h"
-#include "x11/support/X11Session.h"
+#include "hosts/linux/files/LinuxBundle.h"
+#include "testing/x11/X11Session.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -23,7 +23,7 @@ bool isAround(const RootChild& window, const ScreenRect& frame)
 
 TEST(InstalledProgram, it_is_a_bundle_with_an_identifier_a_version_and_an_icon)
 {
-    const X11Bundle bundle(std::filesystem::canonical(installedProgram()));
+    const LinuxBundle bundle(std::filesystem::canonical(installedProgram()));
     EXPECT_TRUE(bundle.path().ends_with("/usr/lib/haloric/Haloric.app")) << bundle.path();
     EXPECT_EQ(bundle.identifier(), "com.kestrow.haloric");
     EXPECT_EQ(bundle.infoString("CFBundleName"), "Haloric");

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "foundation/Task.h"
-#include "hosts/sim/SimMenuSearch.h"
+#include "hosts/sim/shell/SimMenuSearch.h"
 #include "platform/StatusItems.h"
 
 #include <string>

@@ -1,7 +1,7 @@
 // Counts who waits for a check for updates, and lets a test lose patience.
 #pragma once
 
-#include "hosts/x11/update/UpdateProgress.h"
+#include "hosts/linux/update/UpdateProgress.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 // The running program: its event loop, the events of its life for its delegate, and its windows. Main thread.
 #pragma once
 
+#include "hosts/linux/loop/EventLoop.h"
 #include "hosts/x11/X11ApplicationWindows.h"
-#include "hosts/x11/X11EventLoop.h"
 #include "platform/Application.h"
 
 namespace haloric {
@@ -10,7 +10,7 @@ namespace haloric {
 class X11Application final : public Application {
 public:
     // Both outlive it. Without `windows`, it has none.
-    explicit X11Application(X11EventLoop& loop, const X11ApplicationWindows* windows = nullptr)
+    explicit X11Application(EventLoop& loop, const X11ApplicationWindows* windows = nullptr)
         : m_loop(loop),
           m_windows(windows)
     {
@@ -36,7 +36,7 @@ public:
     std::optional<OwnWindow> mainWindow() const override;
 
 private:
-    X11EventLoop& m_loop;
+    EventLoop& m_loop;
     const X11ApplicationWindows* m_windows;
     ApplicationDelegate* m_delegate = nullptr;
     bool m_launched = false;

@@ -1,8 +1,8 @@
 // The ordinary windows of this program, as the window manager has them. Main thread.
 #pragma once
 
-#include "hosts/x11/X11ClientTable.h"
-#include "hosts/x11/X11Scale.h"
+#include "hosts/x11/server/X11Scale.h"
+#include "hosts/x11/windows/X11ClientTable.h"
 #include "platform/Application.h"
 
 #include <optional>

@@ -1,10 +1,10 @@
 #include "hosts/x11/X11Diagnostics.h"
 
-#include "hosts/x11/X11Compositor.h"
-#include "hosts/x11/X11DisplayLinks.h"
-#include "hosts/x11/X11RawInput.h"
-#include "hosts/x11/X11ToolkitWindows.h"
-#include "hosts/x11/X11WindowManager.h"
+#include "hosts/x11/input/X11RawInput.h"
+#include "hosts/x11/overlay/X11Compositor.h"
+#include "hosts/x11/overlay/X11ToolkitWindows.h"
+#include "hosts/x11/refresh/X11DisplayLinks.h"
+#include "hosts/x11/windows/X11WindowManager.h"
 #include "platform/Processes.h"
 #include "windowserver/WindowServer.h"
 

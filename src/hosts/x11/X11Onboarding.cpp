@@ -22,7 +22,7 @@ AlertModel alert()
     };
 }
 
-void waitForWindowManager(const X11WindowManager& windowManager, X11RunLoop& runLoop,
+void waitForWindowManager(const X11WindowManager& windowManager, LinuxRunLoop& runLoop,
                           const std::function<bool()>& isEnding)
 {
     const Seconds deadline = runLoop.systemUptime() + kPatience;

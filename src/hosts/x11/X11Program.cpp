@@ -1,45 +1,45 @@
 #include "hosts/x11/X11Program.h"
 
-#include "app/ApplicationPlatform.h"
+#include "app/ApplicationDependencies.h"
 #include "app/EntrySequence.h"
 #include "app/InstanceControl.h"
-#include "hosts/x11/X11Accessibility.h"
+#include "hosts/linux/files/LinuxBundle.h"
+#include "hosts/linux/files/LinuxLoginItemService.h"
+#include "hosts/linux/files/LinuxUserDefaults.h"
+#include "hosts/linux/form/QtFormWindows.h"
+#include "hosts/linux/instance/InstanceLock.h"
+#include "hosts/linux/instance/InstanceServer.h"
+#include "hosts/linux/loop/LinuxRunLoop.h"
+#include "hosts/linux/loop/LinuxSerialQueues.h"
+#include "hosts/linux/loop/TerminationSignals.h"
+#include "hosts/linux/qt/QtApplication.h"
+#include "hosts/linux/qt/QtEventLoop.h"
+#include "hosts/linux/shell/QtAlerts.h"
+#include "hosts/linux/shell/QtPanels.h"
+#include "hosts/linux/shell/QtStatusItems.h"
+#include "hosts/linux/shell/QtUpdateProgress.h"
+#include "hosts/linux/update/AppcastFetcher.h"
+#include "hosts/linux/update/LinuxUpdaterFramework.h"
 #include "hosts/x11/X11Application.h"
-#include "hosts/x11/X11ApplicationCatalog.h"
-#include "hosts/x11/X11Bundle.h"
-#include "hosts/x11/X11Clients.h"
-#include "hosts/x11/X11Compositor.h"
-#include "hosts/x11/X11Connection.h"
-#include "hosts/x11/X11DisplayLinks.h"
-#include "hosts/x11/X11Hotkeys.h"
-#include "hosts/x11/X11InputMonitors.h"
-#include "hosts/x11/X11LoginItemService.h"
 #include "hosts/x11/X11Onboarding.h"
-#include "hosts/x11/X11OwnWindows.h"
-#include "hosts/x11/X11RawInput.h"
-#include "hosts/x11/X11RunLoop.h"
-#include "hosts/x11/X11Scale.h"
-#include "hosts/x11/X11Screens.h"
-#include "hosts/x11/X11SerialQueues.h"
-#include "hosts/x11/X11TerminationSignals.h"
-#include "hosts/x11/X11ToolkitWindows.h"
-#include "hosts/x11/X11UserDefaults.h"
-#include "hosts/x11/X11WindowInfoSource.h"
-#include "hosts/x11/X11WindowManager.h"
-#include "hosts/x11/X11WindowServerLibrary.h"
-#include "hosts/x11/X11Workspace.h"
-#include "hosts/x11/instance/X11InstanceSeat.h"
-#include "hosts/x11/instance/X11InstanceServer.h"
-#include "hosts/x11/qt/X11FormWindows.h"
-#include "hosts/x11/qt/X11Panels.h"
-#include "hosts/x11/qt/X11QtAlerts.h"
-#include "hosts/x11/qt/X11QtApplication.h"
-#include "hosts/x11/qt/X11QtEventLoop.h"
-#include "hosts/x11/qt/X11QtWindows.h"
-#include "hosts/x11/qt/X11StatusItems.h"
-#include "hosts/x11/qt/X11UpdateProgress.h"
-#include "hosts/x11/update/X11AppcastFetcher.h"
-#include "hosts/x11/update/X11UpdaterFramework.h"
+#include "hosts/x11/input/X11Hotkeys.h"
+#include "hosts/x11/input/X11InputMonitors.h"
+#include "hosts/x11/input/X11OwnWindows.h"
+#include "hosts/x11/input/X11RawInput.h"
+#include "hosts/x11/overlay/X11Compositor.h"
+#include "hosts/x11/overlay/X11ToolkitWindows.h"
+#include "hosts/x11/refresh/X11DisplayLinks.h"
+#include "hosts/x11/refresh/X11Screens.h"
+#include "hosts/x11/server/X11Connection.h"
+#include "hosts/x11/server/X11Scale.h"
+#include "hosts/x11/shell/X11QtWindowWatcher.h"
+#include "hosts/x11/windows/X11Accessibility.h"
+#include "hosts/x11/windows/X11ApplicationCatalog.h"
+#include "hosts/x11/windows/X11Clients.h"
+#include "hosts/x11/windows/X11WindowInfoSource.h"
+#include "hosts/x11/windows/X11WindowManager.h"
+#include "hosts/x11/windows/X11WindowServerLibrary.h"
+#include "hosts/x11/windows/X11Workspace.h"
 
 #include <optional>
 #include <string_view>
@@ -56,7 +56,7 @@ constexpr const char* kDisplay = nullptr; // what DISPLAY names
 
 // What is read from the desktop, and the windows that are laid over it.
 struct Desktop {
-    Desktop(X11Connection& connection, X11RunLoop& runLoop, Log& log)
+    Desktop(X11Connection& connection, LinuxRunLoop& runLoop, Log& log)
         : screens(connection, runLoop, scale),
           windowManager(connection, runLoop),
           clients(connection, runLoop),
@@ -93,12 +93,12 @@ struct Desktop {
 
 // What the user touches.
 struct Shell {
-    Shell(const X11Start& start, Desktop& desktop, UserDefaults& userDefaults)
+    Shell(const InstanceStart& start, Desktop& desktop, UserDefaults& userDefaults)
         : qtWindows(desktop.ownWindows),
           statusItems(start.connection),
           formWindows(start.connection),
           hotkeys(start.connection, start.runLoop),
-          loginItems(X11LoginItemService::standardFolder(start.processes), bundle.executable()),
+          loginItems(LinuxLoginItemService::standardFolder(start.processes), bundle.executable()),
           updaterFramework({.runLoop = start.runLoop,
                             .source = appcasts,
                             .progress = updateProgress,
@@ -109,23 +109,23 @@ struct Shell {
     {
     }
 
-    X11Bundle bundle;
-    X11QtWindows qtWindows;
-    X11QtAlerts alerts;
-    X11Panels panels;
-    X11StatusItems statusItems;
-    X11FormWindows formWindows;
+    LinuxBundle bundle;
+    X11QtWindowWatcher qtWindows;
+    QtAlerts alerts;
+    QtPanels panels;
+    QtStatusItems statusItems;
+    QtFormWindows formWindows;
     X11Hotkeys hotkeys;
-    X11LoginItemService loginItems;
-    X11AppcastFetcher appcasts;
-    X11UpdateProgress updateProgress;
-    X11UpdaterFramework updaterFramework;
+    LinuxLoginItemService loginItems;
+    AppcastFetcher appcasts;
+    QtUpdateProgress updateProgress;
+    LinuxUpdaterFramework updaterFramework;
 };
 
 // Answers later starts of the program, and this one's own wish for the settings window.
 class Contact {
 public:
-    Contact(const X11Start& start, EntrySequence& entry, X11Application& application)
+    Contact(const InstanceStart& start, EntrySequence& entry, X11Application& application)
         : m_control(
               start.runLoop, entry.settingsStore(), [&application] { application.reopen(); },
               [&application] { application.terminate(); })
@@ -142,20 +142,20 @@ public:
 
 private:
     InstanceControl m_control;
-    std::optional<X11InstanceServer> m_server;
+    std::optional<InstanceServer> m_server;
 };
 
 } // namespace
 
-int runX11Program(const X11Start& start)
+int runX11Program(const InstanceStart& start)
 {
     Task displayLost; // both connections to the server notice, and either may be the first
-    const X11QtApplication qt([&displayLost] { displayLost(); });
-    X11QtEventLoop loop(start.runLoop);
+    const QtApplication qt([&displayLost] { displayLost(); });
+    QtEventLoop loop(start.runLoop);
     Desktop desktop(start.connection, start.runLoop, start.log);
-    X11UserDefaults userDefaults(X11UserDefaults::standardFolder(start.processes));
+    LinuxUserDefaults userDefaults(LinuxUserDefaults::standardFolder(start.processes));
     Shell shell(start, desktop, userDefaults);
-    X11SerialQueues serialQueues;
+    LinuxSerialQueues serialQueues;
     const X11ApplicationWindows applicationWindows(desktop.clients.table(), desktop.scale);
     X11Application application(loop, &applicationWindows);
 

@@ -6,22 +6,22 @@ namespace haloric {
 class Log;
 class Processes;
 class X11Connection;
-class X11InstanceSeat;
-class X11RunLoop;
-class X11TerminationSignals;
+class InstanceLock;
+class LinuxRunLoop;
+class TerminationSignals;
 
 // What a start on a display brings along.
-struct X11Start {
+struct InstanceStart {
     X11Connection& connection;
-    X11RunLoop& runLoop;
-    X11TerminationSignals& signals;
+    LinuxRunLoop& runLoop;
+    TerminationSignals& signals;
     Log& log;
     Processes& processes;
-    const X11InstanceSeat* seat; // null: none could be taken, so later starts do not find this one
+    const InstanceLock* seat; // null: none could be taken, so later starts do not find this one
     bool opensSettings;
 };
 
 // Runs the program until it is quit; gives its exit code.
-int runX11Program(const X11Start& start);
+int runX11Program(const InstanceStart& start);
 
 } // namespace haloric

@@ -1,23 +1,23 @@
 // The program on X11, from its command line.
 #include "app/InstanceControl.h"
+#include "hosts/linux/CommandLine.h"
+#include "hosts/linux/files/LinuxUserDefaults.h"
+#include "hosts/linux/instance/InstanceStartup.h"
+#include "hosts/linux/loop/LinuxRunLoop.h"
+#include "hosts/linux/loop/TerminationSignals.h"
 #include "hosts/posix/PosixProcesses.h"
 #include "hosts/posix/StandardErrorLog.h"
-#include "hosts/x11/CommandLine.h"
-#include "hosts/x11/X11Clients.h"
-#include "hosts/x11/X11Compositor.h"
-#include "hosts/x11/X11Connection.h"
 #include "hosts/x11/X11Diagnostics.h"
-#include "hosts/x11/X11DisplayLinks.h"
 #include "hosts/x11/X11Program.h"
-#include "hosts/x11/X11RawInput.h"
-#include "hosts/x11/X11RunLoop.h"
-#include "hosts/x11/X11Scale.h"
-#include "hosts/x11/X11Screens.h"
-#include "hosts/x11/X11TerminationSignals.h"
-#include "hosts/x11/X11ToolkitWindows.h"
-#include "hosts/x11/X11UserDefaults.h"
-#include "hosts/x11/X11WindowManager.h"
-#include "hosts/x11/instance/X11InstanceContact.h"
+#include "hosts/x11/input/X11RawInput.h"
+#include "hosts/x11/overlay/X11Compositor.h"
+#include "hosts/x11/overlay/X11ToolkitWindows.h"
+#include "hosts/x11/refresh/X11DisplayLinks.h"
+#include "hosts/x11/refresh/X11Screens.h"
+#include "hosts/x11/server/X11Connection.h"
+#include "hosts/x11/server/X11Scale.h"
+#include "hosts/x11/windows/X11Clients.h"
+#include "hosts/x11/windows/X11WindowManager.h"
 #include "settings/SettingsStore.h"
 
 #include <iostream>
@@ -36,7 +36,7 @@ constexpr int kWrongUsage = 2;
 constexpr std::string_view kVersion = HALORIC_VERSION;
 constexpr const char* kDisplay = nullptr; // what DISPLAY names
 
-int showDiagnostics(X11Connection& connection, X11RunLoop& runLoop, Log& log, const Processes& processes)
+int showDiagnostics(X11Connection& connection, LinuxRunLoop& runLoop, Log& log, const Processes& processes)
 {
     X11Scale scale;
     const X11Screens screens(connection, runLoop, scale);
@@ -59,10 +59,10 @@ int showDiagnostics(X11Connection& connection, X11RunLoop& runLoop, Log& log, co
     return kSuccess;
 }
 
-X11InstanceContact contactWithRunning(const Processes& processes)
+InstanceStartup contactWithRunning(const Processes& processes)
 {
     const auto display = processes.environmentVariable("DISPLAY");
-    return {display ? X11InstancePlace::find(processes, *display) : std::nullopt,
+    return {display ? InstancePaths::find(processes, *display) : std::nullopt,
             {.output = std::cout, .errors = std::cerr}};
 }
 
@@ -71,19 +71,19 @@ int printSettings(const Processes& processes)
 {
     if (const auto exitCode = contactWithRunning(processes).command({.kind = InstanceCommand::Kind::printSettings}))
         return *exitCode;
-    X11UserDefaults userDefaults(X11UserDefaults::standardFolder(processes));
+    LinuxUserDefaults userDefaults(LinuxUserDefaults::standardFolder(processes));
     std::cout << InstanceControl::printedSettings(SettingsStore(userDefaults)).text;
     return kSuccess;
 }
 
 int runOnDisplay(CommandLine::Action action)
 {
-    X11TerminationSignals::ignoreBrokenPipes();
-    X11RunLoop runLoop;
+    TerminationSignals::ignoreBrokenPipes();
+    LinuxRunLoop runLoop;
     StandardErrorLog log;
     PosixProcesses processes;
     const auto name = processes.environmentVariable("DISPLAY");
-    X11InstanceContact::Arrival arrival;
+    InstanceStartup::Arrival arrival;
     if (name && action != CommandLine::Action::showDiagnostics)
         arrival = contactWithRunning(processes).arrive();
     if (arrival.exitCode)
@@ -98,7 +98,7 @@ int runOnDisplay(CommandLine::Action action)
         return showDiagnostics(*connection, runLoop, log, processes);
     // A running instance and the server may keep a start waiting, which is then to end by the signals as usual. Nothing
     // has started a thread so far.
-    X11TerminationSignals signals;
+    TerminationSignals signals;
     return runX11Program({.connection = *connection,
                           .runLoop = runLoop,
                           .signals = signals,

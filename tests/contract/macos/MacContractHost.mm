@@ -1,7 +1,7 @@
 #include "contract/macos/MacContractHost.h"
 
-#include "hosts/macos/CFOwned.h"
-#include "hosts/macos/MacConversions.h"
+#include "hosts/macos/base/CFOwned.h"
+#include "hosts/macos/base/MacConversions.h"
 
 #include <algorithm>
 #include <fstream>

@@ -7,8 +7,8 @@ import project as common
 FLOORS = ["foundation", "platform", "drawing", "settings", "windowserver", "tracking", "overlay", "menubar", "app",
           "hosts"]
 
-# What one host may take from another: the POSIX adapters serve two of them.
-HOSTS_BESIDE = {"x11": {"posix"}, "macos": {"posix"}}
+# What one host may take from another: the POSIX adapters serve all real ones, the Linux adapters every display server.
+HOSTS_BESIDE = {"linux": {"posix"}, "x11": {"linux", "posix"}, "macos": {"posix"}}
 
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*(["<])([^">]+)[">]')
 CONDITION = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b(.*)")

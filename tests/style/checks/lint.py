@@ -16,9 +16,9 @@ import subprocess
 import project as common
 
 # The test programs themselves are left out: GoogleTest's macros trip many checks and take most of the time.
-LINTED = re.compile(r"(src|bench|packaging|tests/support|tests/x11/support|tests/x11/demo)/.*\.cpp$")
+LINTED = re.compile(r"(src|bench|demo|packaging|testing|tests/support)/.*\.cpp$")
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
-INCLUDE_ROOTS = ("src", "tests", "bench", "packaging")
+INCLUDE_ROOTS = ("src", "tests", "bench", "packaging", ".")
 WARNING = re.compile(r"^.*(?:warning|error): .*$", re.MULTILINE)
 
 

@@ -23,26 +23,26 @@ protected:
 
     void makeDelegate()
     {
-        const OverlayPlatform overlay{runLoop, workspace, screens, toolkit, input, windowServer, windowList, log};
-        const FocusTrackerPlatform tracking{runLoop,       queues,     links, workspace,   screens,
-                                            accessibility, windowInfo, input, application, windowServer};
-        const SettingsViewPlatform settingsView{bundle, catalog, loginItems,  accessibility, workspace,
-                                                panels, alerts,  application, nullptr};
-        const StatusBarPlatform statusBar{runLoop,
-                                          statusItems,
-                                          formWindows,
-                                          panels,
-                                          alerts,
-                                          application,
-                                          accessibility,
-                                          workspace,
-                                          bundle,
-                                          launchAtLogin,
-                                          [this]() -> UpdaterManager& { return updaterManager; },
-                                          settingsView};
+        const OverlayDependencies overlay{runLoop, workspace, screens, toolkit, input, windowServer, windowList, log};
+        const FocusTrackerDependencies tracking{runLoop,       queues,     links, workspace,   screens,
+                                                accessibility, windowInfo, input, application, windowServer};
+        const SettingsViewDependencies settingsView{bundle, catalog, loginItems,  accessibility, workspace,
+                                                    panels, alerts,  application, nullptr};
+        const StatusBarDependencies statusBar{runLoop,
+                                              statusItems,
+                                              formWindows,
+                                              panels,
+                                              alerts,
+                                              application,
+                                              accessibility,
+                                              workspace,
+                                              bundle,
+                                              launchAtLogin,
+                                              [this]() -> UpdaterManager& { return updaterManager; },
+                                              settingsView};
         delegate =
-            std::make_unique<AppDelegate>(AppDelegatePlatform{runLoop, workspace, accessibility, application, alerts,
-                                                              hotkeyManager, overlay, tracking, statusBar},
+            std::make_unique<AppDelegate>(AppDelegateDependencies{runLoop, workspace, accessibility, application,
+                                                                  alerts, hotkeyManager, overlay, tracking, statusBar},
                                           store);
     }
 

@@ -1,10 +1,10 @@
 // Everything that the program needs from a host, as fakes: one screen, and an application with one focused window.
 #pragma once
 
-#include "app/ApplicationPlatform.h"
+#include "app/ApplicationDependencies.h"
 
-#include "hosts/sim/SimRunLoop.h"
-#include "hosts/sim/SimSerialQueues.h"
+#include "hosts/sim/loop/SimRunLoop.h"
+#include "hosts/sim/loop/SimSerialQueues.h"
 #include "support/FakeAccessibility.h"
 #include "support/FakeAlerts.h"
 #include "support/FakeApplication.h"
@@ -65,7 +65,7 @@ protected:
     // What the program has left on its queue still runs, as long as the host is there.
     void TearDown() override { runLoop.runPosted(); }
 
-    ApplicationPlatform platform()
+    ApplicationDependencies platform()
     {
         return {.runLoop = runLoop,
                 .serialQueues = queues,

@@ -1,6 +1,6 @@
 #include "app/InstanceControl.h"
 
-#include "hosts/sim/SimRunLoop.h"
+#include "hosts/sim/loop/SimRunLoop.h"
 #include "settings/SettingsCodec.h"
 #include "settings/SettingsStore.h"
 #include "support/FakeUserDefaults.h"

@@ -3,8 +3,8 @@
 
 #include "menubar/StatusBarController.h"
 
-#include "hosts/sim/SimRunLoop.h"
-#include "hosts/sim/SimSerialQueues.h"
+#include "hosts/sim/loop/SimRunLoop.h"
+#include "hosts/sim/loop/SimSerialQueues.h"
 #include "menubar/UpdaterManager.h"
 #include "settings/LaunchAtLogin.h"
 #include "support/FakeAccessibility.h"
@@ -45,21 +45,21 @@ protected:
     void make()
     {
         controller = std::make_unique<StatusBarController>(
-            StatusBarPlatform{.runLoop = runLoop,
-                              .statusItems = statusItems,
-                              .formWindows = formWindows,
-                              .panels = panels,
-                              .alerts = alerts,
-                              .application = application,
-                              .accessibility = accessibility,
-                              .workspace = workspace,
-                              .bundle = bundle,
-                              .launchAtLogin = launchAtLogin,
-                              .updaterManager = [this]() -> UpdaterManager& {
-                                  return updater ? *updater : updater.emplace(bundle, updaterFramework);
-                              },
-                              .settingsView = {bundle, catalog, loginItems, accessibility, workspace, panels, alerts,
-                                               application, [this] { ++restarts; }}},
+            StatusBarDependencies{.runLoop = runLoop,
+                                  .statusItems = statusItems,
+                                  .formWindows = formWindows,
+                                  .panels = panels,
+                                  .alerts = alerts,
+                                  .application = application,
+                                  .accessibility = accessibility,
+                                  .workspace = workspace,
+                                  .bundle = bundle,
+                                  .launchAtLogin = launchAtLogin,
+                                  .updaterManager = [this]() -> UpdaterManager& {
+                                      return updater ? *updater : updater.emplace(bundle, updaterFramework);
+                                  },
+                                  .settingsView = {bundle, catalog, loginItems, accessibility, workspace, panels,
+                                                   alerts, application, [this] { ++restarts; }}},
             store, tracker);
     }
 
@@ -100,8 +100,8 @@ protected:
     FakeUpdaterFramework updaterFramework;
 
     SharedWindowServer windowServer{library, processes, runLoop, log};
-    FocusTracker tracker{FocusTrackerPlatform{runLoop, queues, links, workspace, screens, accessibility, windowInfo,
-                                              input, application, windowServer}};
+    FocusTracker tracker{FocusTrackerDependencies{runLoop, queues, links, workspace, screens, accessibility, windowInfo,
+                                                  input, application, windowServer}};
     SettingsStore store{defaults};
     LaunchAtLogin launchAtLogin{bundle, loginItems};
     std::optional<UpdaterManager> updater;

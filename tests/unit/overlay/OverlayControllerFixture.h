@@ -3,7 +3,7 @@
 
 #include "overlay/OverlayController.h"
 
-#include "hosts/sim/SimRunLoop.h"
+#include "hosts/sim/loop/SimRunLoop.h"
 #include "support/FakeInputMonitors.h"
 #include "support/FakeLog.h"
 #include "support/FakeProcesses.h"
@@ -41,7 +41,7 @@ protected:
         controller.reset();
         toolkit.windows.clear();
         controller = std::make_unique<OverlayController>(
-            OverlayPlatform{runLoop, workspace, screens, toolkit, input, windowServer, windowList, log}, store);
+            OverlayDependencies{runLoop, workspace, screens, toolkit, input, windowServer, windowList, log}, store);
         runLoop.runPosted();
     }
 

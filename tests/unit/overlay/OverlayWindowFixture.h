@@ -3,7 +3,7 @@
 
 #include "overlay/OverlayWindow.h"
 
-#include "hosts/sim/SimRunLoop.h"
+#include "hosts/sim/loop/SimRunLoop.h"
 #include "support/FakeLog.h"
 #include "support/FakeProcesses.h"
 #include "support/FakeScreens.h"
@@ -35,7 +35,8 @@ protected:
 
     void makeWindow()
     {
-        window = std::make_unique<OverlayWindow>(OverlayWindowPlatform{runLoop, screens, toolkit, windowServer, log});
+        window =
+            std::make_unique<OverlayWindow>(OverlayWindowDependencies{runLoop, screens, toolkit, windowServer, log});
         record = toolkit.windows.back();
     }
 

@@ -1,5 +1,5 @@
 // How the state of the screenshot interface ends, and when it is reported.
-#include "unit/overlay/ScreenshotHotkeyMonitorTest.h"
+#include "unit/overlay/ScreenshotHotkeyMonitorFixture.h"
 
 namespace haloric {
 namespace {

@@ -1,5 +1,5 @@
 // Which events the monitor of the screenshot shortcuts takes for what.
-#include "unit/overlay/ScreenshotHotkeyMonitorTest.h"
+#include "unit/overlay/ScreenshotHotkeyMonitorFixture.h"
 
 namespace haloric {
 namespace {

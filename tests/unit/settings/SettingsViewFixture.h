@@ -27,7 +27,7 @@ protected:
 
     SettingsViewFixture() { bundle.info["CFBundleIdentifier"] = "com.kestrow.haloric"; }
 
-    SettingsViewPlatform platform()
+    SettingsViewDependencies platform()
     {
         return {.bundle = bundle,
                 .applications = applications,

@@ -1,6 +1,6 @@
 #include "tracking/FastTracking.h"
 
-#include "hosts/sim/SimRunLoop.h"
+#include "hosts/sim/loop/SimRunLoop.h"
 #include "support/FakeDisplayLinks.h"
 #include "support/FakeInputMonitors.h"
 #include "support/FakeScreens.h"

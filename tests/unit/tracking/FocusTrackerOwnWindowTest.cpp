@@ -1,4 +1,4 @@
-#include "unit/tracking/FocusTrackerTest.h"
+#include "unit/tracking/FocusTrackerFixture.h"
 
 namespace haloric {
 namespace {

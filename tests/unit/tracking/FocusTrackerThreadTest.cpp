@@ -70,8 +70,8 @@ protected:
     FakeLog log;
     SharedWindowServer windowServer{library, processes, loop, log};
     std::optional<FocusTracker> tracker{std::in_place,
-                                        FocusTrackerPlatform{loop, queues, links, workspace, screens, accessibility,
-                                                             windowInfo, input, application, windowServer}};
+                                        FocusTrackerDependencies{loop, queues, links, workspace, screens, accessibility,
+                                                                 windowInfo, input, application, windowServer}};
 };
 
 TEST_F(FocusTrackerThread, it_finds_the_window_and_releases_the_observation_on_the_queue)

@@ -1,7 +1,7 @@
 // A display frame in which nothing changes must not allocate.
 #include "support/AllocationCounter.h"
 #include "support/SilentWindowServerLibrary.h"
-#include "unit/tracking/FocusTrackerTest.h"
+#include "unit/tracking/FocusTrackerFixture.h"
 
 namespace haloric {
 namespace {

@@ -2,8 +2,8 @@
 // server all know. An editor with one window is frontmost, and a mail program waits with another.
 #pragma once
 
-#include "hosts/sim/SimRunLoop.h"
-#include "hosts/sim/SimSerialQueues.h"
+#include "hosts/sim/loop/SimRunLoop.h"
+#include "hosts/sim/loop/SimSerialQueues.h"
 #include "support/FakeAccessibility.h"
 #include "support/FakeApplication.h"
 #include "support/FakeDisplayLinks.h"

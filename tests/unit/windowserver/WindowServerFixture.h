@@ -1,7 +1,7 @@
 // A bridge over a noted library, with its main loop in the test's hands.
 #pragma once
 
-#include "hosts/sim/SimRunLoop.h"
+#include "hosts/sim/loop/SimRunLoop.h"
 #include "support/FakeLog.h"
 #include "support/FakeProcesses.h"
 #include "support/FakeWindowServerLibrary.h"

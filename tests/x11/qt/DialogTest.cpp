@@ -1,4 +1,4 @@
-#include "x11/qt/QtToy.h"
+#include "x11/qt/FormHarness.h"
 
 #include <filesystem>
 #include <fstream>
@@ -9,7 +9,7 @@ namespace {
 
 struct Dialogs : testing::Test {
     X11Session session{WindowManager::openbox};
-    QtToy toy{session};
+    FormHarness toy{session};
 
     bool waitForWindow()
     {
@@ -71,7 +71,7 @@ TEST_F(Dialogs, an_error_is_shown_until_it_is_confirmed)
 struct Chooser : testing::Test {
     X11Session session{WindowManager::openbox};
     std::filesystem::path folder = session.server().folder() / "data";
-    std::optional<QtToy> toy;
+    std::optional<FormHarness> toy;
 
     void SetUp() override
     {

@@ -1,11 +1,11 @@
-#include "x11/qt/QtToy.h"
+#include "x11/qt/FormHarness.h"
 
 namespace haloric {
 namespace {
 
 struct FormKeyboard : testing::Test {
     X11Session session{WindowManager::openbox};
-    QtToy toy{session};
+    FormHarness toy{session};
 
     void SetUp() override { ASSERT_TRUE(toy.showForm()); }
 

@@ -1,5 +1,5 @@
 // Where the window with the form is on the screen, and how large.
-#include "x11/qt/QtToy.h"
+#include "x11/qt/FormHarness.h"
 
 namespace haloric {
 namespace {
@@ -9,7 +9,7 @@ constexpr int kWidth = 440; // points, and pixels here
 // A desktop whose only window will be the form's.
 struct FormPlace : testing::Test {
     // Waits until the form's window has come to its place.
-    static ScreenRect shown(X11Session& session, QtToy& toy)
+    static ScreenRect shown(X11Session& session, FormHarness& toy)
     {
         DesktopObserver& observer = session.observer();
         EXPECT_TRUE(toy.showForm());
@@ -33,7 +33,7 @@ struct FormPlace : testing::Test {
 TEST_F(FormPlace, on_a_small_screen_the_window_keeps_its_width_and_the_form_scrolls)
 {
     X11Session session(WindowManager::openbox, Compositor::none, {.width = 640, .height = 480});
-    QtToy toy(session);
+    FormHarness toy(session);
     toy.tell("scope 1"); // so that there is something to scroll to
     toy.tell("center");
     const ScreenRect window = shown(session, toy);
@@ -54,7 +54,7 @@ TEST_F(FormPlace, on_a_small_screen_the_window_keeps_its_width_and_the_form_scro
 TEST_F(FormPlace, on_a_screen_that_has_become_smaller_the_window_is_shown_whole)
 {
     X11Session session(WindowManager::openbox, Compositor::none, {.kind = X11ServerKind::dummy});
-    QtToy toy(session);
+    FormHarness toy(session);
     toy.tell("center");
     const ScreenRect large = shown(session, toy);
     EXPECT_EQ(large.height, 560);

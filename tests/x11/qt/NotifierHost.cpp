@@ -1,6 +1,6 @@
 #include "x11/qt/NotifierHost.h"
 
-#include "x11/support/Deadline.h"
+#include "testing/x11/Deadline.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -2,7 +2,7 @@
 // panels of several desktops do. Nothing happens outside of its calls.
 #pragma once
 
-#include "x11/support/ChildProcess.h"
+#include "testing/x11/ChildProcess.h"
 
 #include <functional>
 #include <memory>

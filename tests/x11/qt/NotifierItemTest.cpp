@@ -1,5 +1,5 @@
+#include "x11/qt/FormHarness.h"
 #include "x11/qt/NotifierHost.h"
-#include "x11/qt/QtToy.h"
 
 namespace haloric {
 namespace {
@@ -7,7 +7,7 @@ namespace {
 struct NotifierItem : testing::Test {
     X11Session session{WindowManager::openbox};
     std::optional<NotifierHost> tray;
-    std::optional<QtToy> toy;
+    std::optional<FormHarness> toy;
 
     void start(NotifierHost::Presence presence)
     {

@@ -1,5 +1,5 @@
-#include "x11/qt/QtToy.h"
-#include "x11/support/TrayPanel.h"
+#include "testing/x11/TrayPanel.h"
+#include "x11/qt/FormHarness.h"
 
 namespace haloric {
 namespace {
@@ -7,7 +7,7 @@ namespace {
 struct Tray : testing::Test {
     X11Session session{WindowManager::openbox};
     std::optional<TrayPanel> panel;
-    std::optional<QtToy> toy;
+    std::optional<FormHarness> toy;
 
     void openMenu(std::uint8_t button)
     {

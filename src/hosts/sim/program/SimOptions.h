@@ -1,7 +1,7 @@
 // The command line of haloric-sim.
 #pragma once
 
-#include "hosts/sim/scenario/SimRandomRun.h"
+#include "hosts/sim/scenario/random/SimRandomRun.h"
 
 #include <optional>
 #include <span>

@@ -2,7 +2,7 @@
 
 #include "hosts/sim/scenario/SimFailure.h"
 #include "hosts/sim/scenario/SimReplay.h"
-#include "hosts/sim/scenario/SimShrinker.h"
+#include "hosts/sim/scenario/random/SimShrinker.h"
 #ifdef HALORIC_SIM_HAS_PICTURES
 #include "hosts/sim/program/SimPictures.h"
 #endif

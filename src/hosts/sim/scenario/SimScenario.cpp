@@ -65,7 +65,7 @@ SimJson propertiesOf(const std::vector<SimParameter>& parameters)
     return properties;
 }
 
-SimJson schemaOfStep(const SimVerb& verb)
+SimJson schemaOfStep(const SimStepKind& verb)
 {
     SimJson properties = propertiesOf(verb.parameters);
     properties.update(propertiesOf(stepMembers()));
@@ -141,7 +141,7 @@ SimJson SimScenario::schema()
                            {"properties", propertiesOf(SimSetup::parameters())},
                            {"additionalProperties", false}};
     SimJson alternatives = SimJson::array();
-    for (const SimVerb* verb : allSimVerbs())
+    for (const SimStepKind* verb : allSimVerbs())
         alternatives.push_back(schemaOfStep(*verb));
     properties["steps"] = {{"type", "array"}, {"items", {{"oneOf", alternatives}}}};
     return {{"$schema", "https://json-schema.org/draft/2020-12/schema"},

@@ -1,7 +1,7 @@
 #include "hosts/sim/scenario/SimSetup.h"
 
 #include "hosts/sim/scenario/SimFailure.h"
-#include "hosts/sim/scenario/SimValues.h"
+#include "hosts/sim/scenario/steps/SimValues.h"
 
 namespace haloric {
 

@@ -1,9 +1,9 @@
 // How the simulated desktop is when the program starts.
 #pragma once
 
-#include "hosts/sim/SimFaults.h"
-#include "hosts/sim/SimScreen.h"
-#include "hosts/sim/scenario/SimParameter.h"
+#include "hosts/sim/desktop/SimFaults.h"
+#include "hosts/sim/desktop/SimScreen.h"
+#include "hosts/sim/scenario/steps/SimParameter.h"
 
 #include <cstdint>
 #include <map>

@@ -1,7 +1,7 @@
 // One step of a scenario: when, what, and with which arguments.
 #pragma once
 
-#include "hosts/sim/scenario/SimVerb.h"
+#include "hosts/sim/scenario/steps/SimStepKind.h"
 
 #include <optional>
 #include <string>
@@ -11,7 +11,7 @@ namespace haloric {
 struct SimStep {
     std::optional<double> at; // seconds since the start; without it, `after` counts from the step before
     double after = 0;
-    const SimVerb* verb = nullptr;
+    const SimStepKind* verb = nullptr;
     SimJson arguments = SimJson::object();
     std::string place; // where it stands in its file, for messages
 

@@ -1,6 +1,6 @@
 // The bridge over a library that the dynamic loader opened.
 #include "WindowServerModuleLibrary.h"
-#include "hosts/sim/SimRunLoop.h"
+#include "hosts/sim/loop/SimRunLoop.h"
 #include "support/FakeLog.h"
 #include "support/FakeProcesses.h"
 

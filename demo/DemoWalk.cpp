@@ -1,0 +1,152 @@
+#include "demo/DemoWalk.h"
+
+#include "demo/DemoPictures.h"
+#include "demo/DemoSteps.h"
+#include "demo/SampleWindows.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace haloric {
+namespace {
+
+constexpr int kWidth = 1600;
+constexpr int kHeight = 1000;
+constexpr int kPulseMargin = 60;
+constexpr int kVisibleDifference = 12;
+constexpr std::chrono::milliseconds kPulsePatience{1500};
+
+std::size_t changedPixels(const ScreenImage& a, const ScreenImage& b)
+{
+    std::size_t count = 0;
+    const auto& before = a.pixels();
+    const auto& after = b.pixels();
+    for (std::size_t index = 0; index < std::min(before.size(), after.size()); ++index)
+        count += colorDistance(before[index], after[index]) > kVisibleDifference ? 1U : 0U;
+    return count;
+}
+
+} // namespace
+
+DemoWalk::DemoWalk(std::filesystem::path folder)
+    : m_folder(std::move(folder)),
+      m_session(WindowManager::openbox, Compositor::picom, {.width = kWidth, .height = kHeight})
+{
+    m_session.observer().setDesktopPicture(paintDesktop(kWidth, kHeight));
+    m_notes = openSample(m_session, SampleApplication::notes, {120, 130, 620, 420});
+    m_gallery = openSample(m_session, SampleApplication::gallery, {880, 110, 560, 380});
+    m_terminal = openSample(m_session, SampleApplication::terminal, {560, 480, 600, 380});
+}
+
+void DemoWalk::run()
+{
+    focus(*m_notes);
+    start("{}");
+    showFocus();
+    showPulse();
+    showDrag();
+    stop();
+    showDimming("5-dim-all-windows", "everything but the focused window is dimmed",
+                R"({"dimEnabled": true, "dimOpacity": 0.45})");
+    showDimming(
+        "6-dim-selected-apps", "only the terminal is dimmed while another window has the focus",
+        R"({"dimEnabled": true, "dimOpacity": 0.6, "dimScope": "selectedApps", "dimApps": ["SampleTerminal"]})");
+}
+
+void DemoWalk::start(const std::string& settings) { m_haloric = std::make_unique<HaloricProcess>(m_session, settings); }
+
+void DemoWalk::stop()
+{
+    const int exitCode = m_haloric->stop();
+    require(exitCode == 0, "the program does not end cleanly:\n" + m_haloric->process().standardError());
+    m_haloric.reset();
+}
+
+void DemoWalk::focus(TestClient& client) { require(client.focus(), "the focus cannot be moved"); }
+
+void DemoWalk::requireHighlight(TestClient& client)
+{
+    const bool isThere = m_haloric->waitForHighlight(client.visibleFrame()).has_value();
+    require(isThere, "no highlight around the focused window:\n" + m_haloric->process().standardError());
+}
+
+void DemoWalk::showFocus()
+{
+    requireHighlight(*m_notes);
+    keep(settledScreen(m_session), "1-focus", "the focused window has a border and a glow");
+}
+
+void DemoWalk::showPulse()
+{
+    const ScreenRect frame = m_gallery->visibleFrame();
+    const ScreenRect around{frame.x - kPulseMargin, frame.y - kPulseMargin, frame.width + 2 * kPulseMargin,
+                            frame.height + 2 * kPulseMargin};
+    const ScreenImage before = m_session.observer().capture(around);
+    focus(*m_gallery);
+    ScreenImage widest;
+    std::size_t most = 0;
+    // Looks until the patience ends, as the widest moment is known only afterwards.
+    (void)m_session.observer().waitUntil(
+        [&] {
+            ScreenImage now = m_session.observer().capture();
+            const std::size_t changed = changedPixels(before, m_session.observer().capture(around));
+            if (changed > most) {
+                most = changed;
+                widest = std::move(now);
+            }
+            return false;
+        },
+        kPulsePatience);
+    const ScreenImage after = settledScreen(m_session);
+    const std::size_t changedForGood = changedPixels(before, m_session.observer().capture(around));
+    require(most > changedForGood, "no pulse was seen after the focus had moved");
+    keep(widest, "2-pulse", "the focus moves: a pulse runs out from the window that has it now");
+    keep(after, "3-focus-moved", "the border and the glow have followed the focus");
+}
+
+void DemoWalk::showDrag()
+{
+    constexpr int kSteps = 40;
+    constexpr int kStep = 4;
+    const ScreenRect frame = m_gallery->visibleFrame();
+    const ScreenRect content = m_gallery->content();
+    const int x = frame.x + frame.width / 2;
+    const int y = (frame.y + content.y) / 2;
+    m_session.input().moveTo(x, y);
+    m_session.input().press();
+    for (int step = 1; step <= kSteps; ++step)
+        m_session.input().moveTo(x - kStep * step, y + kStep * step / 2);
+    // A hand is never quite still; motion from before the window manager had begun the drag does not count for it.
+    const auto hasFollowed = [&] {
+        m_session.input().moveTo(x - kStep * kSteps + 1, y + kStep * kSteps / 2);
+        m_session.input().moveTo(x - kStep * kSteps, y + kStep * kSteps / 2);
+        return m_gallery->content().x == content.x - kStep * kSteps;
+    };
+    require(m_session.observer().waitUntil(hasFollowed), "the window cannot be dragged");
+    requireHighlight(*m_gallery);
+    keep(m_session.observer().capture(), "4-drag", "in the middle of a drag, the button still down");
+    m_session.input().release();
+    settledScreen(m_session);
+}
+
+void DemoWalk::showDimming(const char* name, const char* description, const std::string& settings)
+{
+    const ScreenImage before = settledScreen(m_session); // the screen shows the program before this one a while longer
+    start(settings);
+    requireHighlight(*m_gallery);
+    const ScreenImage after = settledScreen(m_session);
+    const auto middle = [&](const ScreenImage& image) {
+        const ScreenRect content = m_terminal->content();
+        return image.at(content.x + content.width / 2, content.bottom() - 20);
+    };
+    require(colorDistance(middle(before), middle(after)) > kVisibleDifference, "the other windows are not dimmed");
+    keep(after, name, description);
+    stop();
+}
+
+void DemoWalk::keep(const ScreenImage& picture, const char* name, const char* description)
+{
+    keepPicture(picture, m_folder / (std::string(name) + ".png"), description);
+}
+
+} // namespace haloric

@@ -1,0 +1,64 @@
+// Every adapter that the program needs from its host. The host's `main` makes them as locals and hands them to the
+// entry sequence, which alone takes this apart: every other class is given just what it uses.
+#pragma once
+
+#include "platform/Alerts.h"
+
+#include <optional>
+
+namespace haloric {
+
+class Accessibility;
+class Application;
+class ApplicationCatalog;
+class Bundle;
+class DisplayLinks;
+class FormWindows;
+class Hotkeys;
+class InputMonitors;
+class Log;
+class LoginItemService;
+class Panels;
+class Processes;
+class RunLoop;
+class Screens;
+class SerialQueues;
+class StatusItems;
+class ToolkitWindows;
+class UpdaterFramework;
+class UserDefaults;
+class WindowInfoSource;
+class WindowServerLibrary;
+class Workspace;
+
+struct ApplicationDependencies {
+    RunLoop& runLoop;
+    SerialQueues& serialQueues;
+    DisplayLinks& displayLinks;
+    Workspace& workspace;
+    Screens& screens;
+    Accessibility& accessibility;
+    WindowInfoSource& windowInfoSource;
+    WindowServerLibrary& windowServerLibrary;
+    ToolkitWindows& toolkitWindows;
+    InputMonitors& input;
+    Application& application;
+    Alerts& alerts;
+    StatusItems& statusItems;
+    FormWindows& formWindows;
+    Hotkeys& hotkeys;
+    LoginItemService& loginItems;
+    UpdaterFramework& updaterFramework;
+    Panels& panels;
+    ApplicationCatalog& applicationCatalog;
+    const Bundle& bundle;
+    UserDefaults& userDefaults;
+    Processes& processes;
+    Log& log;
+
+    // What a host says at launch where Accessibility access is not the platform's permission but something else that
+    // is missing; absent, the usual words.
+    std::optional<AlertModel> onboardingAlert = {};
+};
+
+} // namespace haloric

@@ -1,0 +1,42 @@
+// A form: sections that scroll, and buttons below them that stay. Main thread.
+#pragma once
+
+#include "hosts/linux/form/QtFlowLayout.h"
+#include "hosts/linux/form/QtFormRow.h"
+#include "hosts/linux/form/QtFormSection.h"
+#include "hosts/linux/form/QtKeyedWidgets.h"
+#include "platform/FormModel.h"
+
+#include <vector>
+
+#include <QWidget>
+
+class QScrollArea;
+class QVBoxLayout;
+
+namespace haloric {
+
+class QtFormView final : public QWidget {
+public:
+    explicit QtFormView(QWidget* parent);
+
+    void show(const FormModel& form);
+
+    // What the sections want called when they come on screen.
+    std::vector<Task> onAppear() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void orderTabs();
+
+    QScrollArea* m_scroll;
+    QWidget* m_content;
+    QVBoxLayout* m_column;
+    QtFlowLayout* m_line;
+    QtKeyedWidgets<QtFormSection> m_sections;
+    QtKeyedWidgets<QtFormRow, QtFlowLayout> m_buttons;
+};
+
+} // namespace haloric

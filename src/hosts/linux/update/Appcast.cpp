@@ -1,0 +1,137 @@
+#include "hosts/linux/update/Appcast.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <QXmlStreamReader>
+
+namespace haloric {
+namespace {
+
+// As publicly documented for appcasts; a name, not an address.
+constexpr QStringView kNamespace = u"http://www.andymatuschak.org/xml-namespaces/sparkle";
+constexpr std::size_t kMaximumItems = 1000;
+constexpr qsizetype kMaximumDepth = 32; // elements within one another; a feed has four or five
+
+class Reader {
+public:
+    explicit Reader(const QByteArray& bytes) : m_xml(bytes) {}
+
+    Appcast read()
+    {
+        while (!m_xml.atEnd() && m_appcast.error.empty())
+            take(m_xml.readNext());
+        if (m_appcast.error.empty() && m_xml.hasError())
+            m_appcast.error = "The update feed is damaged: " + m_xml.errorString().toStdString();
+        if (!m_appcast.error.empty())
+            return {.items = {}, .page = {}, .error = m_appcast.error};
+        return std::move(m_appcast);
+    }
+
+private:
+    void take(QXmlStreamReader::TokenType token)
+    {
+        switch (token) {
+        case QXmlStreamReader::DTD:
+        case QXmlStreamReader::EntityReference:
+            m_appcast.error = "The update feed defines entities, which are not read.";
+            break;
+        case QXmlStreamReader::StartElement:
+            start();
+            break;
+        case QXmlStreamReader::Characters:
+            m_text += m_xml.text();
+            break;
+        case QXmlStreamReader::EndElement:
+            end();
+            break;
+        default:
+            break;
+        }
+    }
+
+    void start()
+    {
+        m_path.append(name(m_xml.namespaceUri(), m_xml.name()));
+        m_text.clear();
+        if (m_path.size() > kMaximumDepth)
+            m_appcast.error = "The update feed is damaged: its elements are nested too deeply.";
+        else if (m_path.size() == 1 && m_path.front() != QLatin1String("rss"))
+            m_appcast.error = "What the server sent is no update feed.";
+        else if (isItem() && m_appcast.items.size() >= kMaximumItems)
+            m_appcast.error = "The update feed is too long.";
+        else if (isItem())
+            m_appcast.items.emplace_back();
+        else if (isInItem() && m_path.back() == QLatin1String("enclosure"))
+            takeEnclosure(m_appcast.items.back());
+    }
+
+    void end()
+    {
+        const std::string text = m_text.trimmed().toStdString();
+        if (isInItem())
+            takeElement(m_appcast.items.back(), text);
+        else if (isAt(3, QLatin1String("rss/channel/link")))
+            m_appcast.page = text;
+        m_path.removeLast();
+        m_text.clear();
+    }
+
+    void takeElement(AppcastItem& item, const std::string& text) const
+    {
+        const QString& element = m_path.back();
+        if (element == QLatin1String("link"))
+            item.page = text;
+        else if (element == QLatin1String("description"))
+            item.description = text;
+        else if (element == QLatin1String("appcast:channel"))
+            item.channel = text;
+        else if (element == QLatin1String("appcast:version"))
+            item.version = text;
+        else if (element == QLatin1String("appcast:shortVersionString"))
+            item.displayVersion = text;
+    }
+
+    void takeEnclosure(AppcastItem& item) const
+    {
+        const QXmlStreamAttributes attributes = m_xml.attributes();
+        const auto own = [&](QLatin1String attribute) {
+            return attributes.value(kNamespace.toString(), attribute).toString().toStdString();
+        };
+        item.download = attributes.value(QLatin1String("url")).toString().toStdString();
+        item.system = own(QLatin1String("os"));
+        if (item.version.empty())
+            item.version = own(QLatin1String("version"));
+        if (item.displayVersion.empty())
+            item.displayVersion = own(QLatin1String("shortVersionString"));
+    }
+
+    static QString name(QStringView nameSpace, QStringView local)
+    {
+        if (nameSpace == kNamespace)
+            return QLatin1String("appcast:") + local.toString();
+        return nameSpace.isEmpty() ? local.toString() : QLatin1String("other:") + local.toString();
+    }
+
+    // The depth is compared first, as a path is joined anew each time.
+    bool isAt(qsizetype depth, QLatin1String path) const { return m_path.size() == depth && m_path.join(u'/') == path; }
+    bool isItem() const { return isAt(3, QLatin1String("rss/channel/item")); }
+    bool isInItem() const
+    {
+        return m_path.size() == 4 && m_path.join(u'/').startsWith(QLatin1String("rss/channel/item/"));
+    }
+
+    QXmlStreamReader m_xml;
+    QStringList m_path;
+    QString m_text;
+    Appcast m_appcast;
+};
+
+} // namespace
+
+Appcast Appcast::parse(std::string_view bytes)
+{
+    return Reader(QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()))).read();
+}
+
+} // namespace haloric

@@ -1,0 +1,211 @@
+#import "hosts/macos/form/MacFormRows.h"
+
+#include "hosts/macos/base/MacConversions.h"
+#import "hosts/macos/form/MacStepSlider.h"
+
+namespace {
+
+constexpr double kSliderWidth = 180;
+constexpr NSSize kColorWellSize = {44, 24};
+
+} // namespace
+
+@implementation MacToggleRow {
+    NSTextField* _label;
+    NSSwitch* _switch;
+    std::function<void(bool)> _set;
+}
+
+- (instancetype)initWithFrame:(NSRect)frame
+{
+    if (!(self = [super initWithFrame:frame]))
+        return nil;
+    _label = [MacFormRowView label];
+    _switch = [[NSSwitch alloc] initWithFrame:NSZeroRect];
+    _switch.target = self;
+    _switch.action = @selector(changed:);
+    [self layOut:@[ _label ] trailing:_switch];
+    return self;
+}
+
+- (BOOL)showControl:(const haloric::FormControl&)control
+{
+    const auto* toggle = std::get_if<haloric::FormToggle>(&control);
+    if (!toggle)
+        return NO;
+    _set = toggle->set;
+    _label.stringValue = haloric::nsStringFrom(toggle->label);
+    _label.textColor = toggle->isEnabled ? NSColor.labelColor : NSColor.disabledControlTextColor;
+    _switch.accessibilityLabel = _label.stringValue;
+    _switch.state = toggle->isOn ? NSControlStateValueOn : NSControlStateValueOff;
+    _switch.enabled = toggle->isEnabled;
+    return YES;
+}
+
+- (NSView*)control
+{
+    return _switch;
+}
+
+- (void)changed:(NSSwitch*)sender
+{
+    const auto set = _set;
+    set(sender.state == NSControlStateValueOn);
+}
+
+@end
+
+@implementation MacSliderRow {
+    NSTextField* _label;
+    MacStepSlider* _slider;
+    std::function<void(double)> _set;
+}
+
+- (instancetype)initWithFrame:(NSRect)frame
+{
+    if (!(self = [super initWithFrame:frame]))
+        return nil;
+    _label = [MacFormRowView label];
+    _slider = [[MacStepSlider alloc] initWithFrame:NSZeroRect];
+    _slider.continuous = YES;
+    _slider.target = self;
+    _slider.action = @selector(changed:);
+    [_slider.widthAnchor constraintEqualToConstant:kSliderWidth].active = YES;
+    [self layOut:@[ _label ] trailing:_slider];
+    return self;
+}
+
+- (BOOL)showControl:(const haloric::FormControl&)control
+{
+    const auto* slider = std::get_if<haloric::FormSlider>(&control);
+    if (!slider)
+        return NO;
+    _set = slider->set;
+    _label.stringValue = haloric::nsStringFrom(slider->label);
+    _slider.accessibilityLabel = _label.stringValue;
+    _slider.minValue = slider->minimum;
+    _slider.maxValue = slider->maximum;
+    _slider.step = slider->step;
+    _slider.doubleValue = slider->value;
+    return YES;
+}
+
+- (NSView*)control
+{
+    return _slider;
+}
+
+- (void)changed:(NSSlider*)sender
+{
+    const auto set = _set;
+    set(sender.doubleValue);
+}
+
+@end
+
+@implementation MacColorRow {
+    NSTextField* _label;
+    NSColorWell* _well;
+    std::function<void(const haloric::Color&)> _set;
+}
+
+- (instancetype)initWithFrame:(NSRect)frame
+{
+    if (!(self = [super initWithFrame:frame]))
+        return nil;
+    _label = [MacFormRowView label];
+    _well = [[NSColorWell alloc] initWithFrame:NSZeroRect];
+    if (@available(macOS 14.0, *))
+        _well.supportsAlpha = NO;
+    else
+        NSColorPanel.sharedColorPanel.showsAlpha = NO;
+    _well.target = self;
+    _well.action = @selector(changed:);
+    [_well.widthAnchor constraintEqualToConstant:kColorWellSize.width].active = YES;
+    [_well.heightAnchor constraintEqualToConstant:kColorWellSize.height].active = YES;
+    [self layOut:@[ _label ] trailing:_well];
+    return self;
+}
+
+- (BOOL)showControl:(const haloric::FormControl&)control
+{
+    const auto* well = std::get_if<haloric::FormColorWell>(&control);
+    if (!well)
+        return NO;
+    _set = well->set;
+    _label.stringValue = haloric::nsStringFrom(well->label);
+    _label.textColor = well->isEnabled ? NSColor.labelColor : NSColor.disabledControlTextColor;
+    _well.accessibilityLabel = _label.stringValue;
+    // What is the same stays as it was picked: another colour space would throw the panel about during a drag.
+    if (haloric::colorFrom(_well.color) != well->color)
+        _well.color = haloric::nsColorFrom(well->color);
+    if (!well->isEnabled)
+        [_well deactivate];
+    _well.enabled = well->isEnabled;
+    return YES;
+}
+
+- (NSView*)control
+{
+    return _well;
+}
+
+- (void)changed:(NSColorWell*)sender
+{
+    const auto set = _set;
+    set(haloric::colorFrom(sender.color));
+}
+
+@end
+
+@implementation MacPickerRow {
+    NSTextField* _label;
+    NSPopUpButton* _button;
+    std::function<void(std::size_t)> _choose;
+}
+
+- (instancetype)initWithFrame:(NSRect)frame
+{
+    if (!(self = [super initWithFrame:frame]))
+        return nil;
+    _label = [MacFormRowView label];
+    _button = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
+    _button.target = self;
+    _button.action = @selector(changed:);
+    [self layOut:@[ _label ] trailing:_button];
+    return self;
+}
+
+- (BOOL)showControl:(const haloric::FormControl&)control
+{
+    const auto* picker = std::get_if<haloric::FormPicker>(&control);
+    if (!picker)
+        return NO;
+    _choose = picker->choose;
+    _label.stringValue = haloric::nsStringFrom(picker->label);
+    _button.accessibilityLabel = _label.stringValue;
+    NSMutableArray<NSString*>* titles = [NSMutableArray array];
+    for (const std::string& option : picker->options)
+        [titles addObject:haloric::nsStringFrom(option)];
+    if (![_button.itemTitles isEqualToArray:titles]) {
+        [_button removeAllItems];
+        [_button addItemsWithTitles:titles];
+    }
+    [_button selectItemAtIndex:static_cast<NSInteger>(picker->selected)];
+    return YES;
+}
+
+- (NSView*)control
+{
+    return _button;
+}
+
+- (void)changed:(NSPopUpButton*)sender
+{
+    if (sender.indexOfSelectedItem < 0)
+        return;
+    const auto choose = _choose;
+    choose(static_cast<std::size_t>(sender.indexOfSelectedItem));
+}
+
+@end

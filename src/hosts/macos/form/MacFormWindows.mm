@@ -1,0 +1,103 @@
+#include "hosts/macos/form/MacFormWindows.h"
+
+#include "hosts/macos/base/MacConversions.h"
+#import "hosts/macos/form/MacFormView.h"
+
+#include <utility>
+
+static_assert((NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskMiniaturizable) == 7);
+
+// An accessory application has no menu bar, and so no command that closes a window.
+@interface MacClosableWindow : NSWindow
+@end
+
+@implementation MacClosableWindow
+
+- (BOOL)performKeyEquivalent:(NSEvent*)event
+{
+    constexpr NSEventModifierFlags kHeld = NSEventModifierFlagCommand | NSEventModifierFlagShift |
+                                           NSEventModifierFlagOption | NSEventModifierFlagControl; // Caps Lock is not
+    const BOOL isCommandAlone = (event.modifierFlags & kHeld) == NSEventModifierFlagCommand;
+    if (isCommandAlone && [event.charactersIgnoringModifiers.lowercaseString isEqualToString:@"w"]) {
+        [self performClose:nil];
+        return YES;
+    }
+    return [super performKeyEquivalent:event];
+}
+
+// A colour panel without the form that it belongs to would change colours nobody sees.
+- (void)close
+{
+    [super close];
+    if (NSColorPanel.sharedColorPanelExists)
+        [NSColorPanel.sharedColorPanel close];
+}
+
+@end
+
+namespace haloric {
+namespace {
+
+class MacFormWindow final : public FormWindow {
+public:
+    MacFormWindow(const FormWindowConfiguration& configuration, const FormModel& form)
+        : m_window([[MacClosableWindow alloc]
+              initWithContentRect:NSMakeRect(0, 0, configuration.contentSize.width, configuration.contentSize.height)
+                        styleMask:static_cast<NSWindowStyleMask>(configuration.styleMask)
+                          backing:NSBackingStoreBuffered
+                            defer:NO]),
+          m_view([[MacFormView alloc] initWithFrame:NSZeroRect])
+    {
+        m_window.title = nsStringFrom(configuration.title);
+        m_window.releasedWhenClosed = configuration.isReleasedWhenClosed;
+        m_window.autorecalculatesKeyViewLoop = YES;
+        m_window.contentView = m_view;
+        setForm(form);
+    }
+
+    ~MacFormWindow() override
+    {
+        [m_view showForm:{}]; // no control calls anybody any more
+        [m_window close];
+    }
+
+    MacFormWindow(const MacFormWindow&) = delete;
+    MacFormWindow& operator=(const MacFormWindow&) = delete;
+
+    void setForm(const FormModel& form) override
+    {
+        m_appearances.clear();
+        for (const FormSection& section : form.sections)
+            if (section.onAppear)
+                m_appearances.push_back(section.onAppear);
+        [m_view showForm:form];
+    }
+
+    void center() override { [m_window center]; }
+
+    void makeKeyAndOrderFront() override
+    {
+        const bool appears = !isVisible();
+        [m_window makeKeyAndOrderFront:nil];
+        if (!appears)
+            return;
+        for (const Task& appear : std::vector<Task>(m_appearances)) // a copy: each may replace the form
+            appear();
+    }
+
+    bool isVisible() const override { return m_window.visible; }
+
+private:
+    MacClosableWindow* const m_window;
+    MacFormView* const m_view;
+    std::vector<Task> m_appearances;
+};
+
+} // namespace
+
+std::unique_ptr<FormWindow> MacFormWindows::make(const FormWindowConfiguration& configuration, const FormModel& form)
+{
+    return std::make_unique<MacFormWindow>(configuration, form);
+}
+
+} // namespace haloric

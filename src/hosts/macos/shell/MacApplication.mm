@@ -1,0 +1,56 @@
+#include "hosts/macos/shell/MacApplication.h"
+
+#include "hosts/macos/base/MacConversions.h"
+#include "hosts/macos/overlay/MacOverlayWindow.h"
+#include "hosts/macos/shell/MacApplicationDelegate.h"
+
+namespace haloric {
+namespace {
+
+static_assert(NSApplicationActivationPolicyAccessory == static_cast<NSInteger>(ActivationPolicy::accessory));
+
+std::optional<OwnWindow> ownWindow(NSWindow* window)
+{
+    if (!window)
+        return std::nullopt;
+    return OwnWindow{
+        .frame = rectFrom(window.frame),
+        .contentLayoutHeight = window.contentLayoutRect.size.height,
+        .number = window.windowNumber,
+        .visible = static_cast<bool>(window.visible),
+        .overlay = static_cast<bool>([window isKindOfClass:MacOverlayWindow.class]),
+    };
+}
+
+} // namespace
+
+MacApplication::MacApplication()
+    : m_application(NSApplication.sharedApplication),
+      m_delegate([[MacApplicationDelegate alloc] init])
+{
+}
+
+void MacApplication::setDelegate(ApplicationDelegate* delegate)
+{
+    m_delegate.receiver = delegate;
+    m_application.delegate = m_delegate;
+}
+
+void MacApplication::setActivationPolicy(ActivationPolicy policy)
+{
+    [m_application setActivationPolicy:static_cast<NSApplicationActivationPolicy>(policy)];
+}
+
+void MacApplication::activateIgnoringOtherApps() { [m_application activateIgnoringOtherApps:YES]; }
+
+void MacApplication::run() { [m_application run]; }
+
+void MacApplication::terminate() { [m_application terminate:nil]; }
+
+ProcessID MacApplication::processID() const { return ProcessID{NSProcessInfo.processInfo.processIdentifier}; }
+
+std::optional<OwnWindow> MacApplication::keyWindow() const { return ownWindow(m_application.keyWindow); }
+
+std::optional<OwnWindow> MacApplication::mainWindow() const { return ownWindow(m_application.mainWindow); }
+
+} // namespace haloric

@@ -1,0 +1,71 @@
+// Carries what happens on the simulated desktop to whoever listens: never inside the verb that caused it, but as an
+// event of its own on the main loop, as a system's notifications arrive. With jitter, sources overtake each other;
+// notifications of one source keep their order.
+#pragma once
+
+#include "foundation/Publisher.h"
+#include "hosts/sim/desktop/SimModel.h"
+#include "hosts/sim/loop/SimRunLoop.h"
+#include "platform/InputMonitors.h"
+#include "platform/Workspace.h"
+
+#include <array>
+#include <cstdint>
+#include <random>
+#include <string>
+#include <string_view>
+
+namespace haloric {
+
+enum class SimMouseTarget { otherApplication, ownWindow };
+
+class SimNotifier {
+public:
+    // The window server's event numbers.
+    static constexpr std::uint32_t kWindowDestroyed = 804;
+    static constexpr std::uint32_t kWindowMoved = 806;
+    static constexpr std::uint32_t kWindowResized = 807;
+    static constexpr std::uint32_t kWindowOrderedOut = 816;
+
+    SimNotifier(SimRunLoop& runLoop, SimModel& model) : m_runLoop(runLoop), m_model(model) {}
+
+    // To listen to; delivered inside an event of the main loop.
+    Publisher<WorkspaceNotification> workspace;
+    Publisher<> screens;
+    Publisher<ProcessID, std::string> accessibility;
+    Publisher<std::uint32_t, WindowNumber> windowServer;
+    Publisher<EventType, SimMouseTarget> mouse;
+    Publisher<TapEvent> tap;
+
+    void postWorkspace(WorkspaceNotification notification);
+    void postScreens();
+    void postWindowServer(std::uint32_t event, WindowNumber window);
+    void postMouse(EventType type, SimMouseTarget target);
+    void postTap(const TapEvent& event);
+
+    // Whether the screens have changed and nobody has heard of it yet.
+    bool screensPending() const { return m_pendingScreens > 0; }
+
+    // An application that does not respond reports later, when it does again.
+    void postAccessibility(ProcessID pid, std::string_view name);
+    void releaseHeld(SimApp& app);
+
+    // Tells the window server's listeners of windows that have left the screen. Every verb ends with this.
+    void postVanished();
+
+    void setJitter(std::uint64_t seed, Seconds maximum);
+
+private:
+    enum class Source { workspace, screens, accessibility, windowServer, input, count };
+
+    void post(Source source, Task task);
+
+    SimRunLoop& m_runLoop;
+    SimModel& m_model;
+    std::mt19937_64 m_random;
+    Seconds m_jitter{0};
+    int m_pendingScreens = 0;
+    std::array<SimRunLoop::Nanoseconds, static_cast<std::size_t>(Source::count)> m_last{};
+};
+
+} // namespace haloric

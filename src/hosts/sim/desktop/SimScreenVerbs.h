@@ -1,0 +1,35 @@
+// Screens that come, go and change. Frames are in global space.
+#pragma once
+
+#include "hosts/sim/desktop/SimWindowVerbs.h"
+
+namespace haloric {
+
+class SimScreenVerbs {
+public:
+    SimScreenVerbs(SimModel& model, SimNotifier& notifier, SimWindowVerbs& windows)
+        : m_model(model),
+          m_notifier(notifier),
+          m_windows(windows)
+    {
+    }
+
+    void plug(const SimScreen& screen);
+
+    // Windows that were on it move to the primary screen. When the primary screen goes, the next one takes its
+    // place, and with it the origin of global space.
+    void unplug(DisplayID id);
+
+    void resize(DisplayID id, Size size);
+
+private:
+    void changed();
+    void rebaseOrigin();
+    void bringWindowsBack();
+
+    SimModel& m_model;
+    SimNotifier& m_notifier;
+    SimWindowVerbs& m_windows;
+};
+
+} // namespace haloric

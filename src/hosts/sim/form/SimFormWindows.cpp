@@ -1,0 +1,187 @@
+#include "hosts/sim/form/SimFormWindows.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace haloric {
+
+namespace {
+
+constexpr double kTitleBarHeight = 28; // points
+
+// One for each kind of control: what the user does with it, or nothing if that value is none for it. The task holds a
+// copy of the control's handler, since the form may be replaced while it runs.
+struct Change {
+    const SimFormWindows::Value& value;
+
+    Task operator()(const FormToggle& toggle) const
+    {
+        const bool* on = std::get_if<bool>(&value);
+        return on && toggle.isEnabled ? Task([set = toggle.set, on = *on] { set(on); }) : nullptr;
+    }
+
+    Task operator()(const FormSlider& slider) const
+    {
+        const double* to = std::get_if<double>(&value);
+        if (!to)
+            return nullptr;
+        return [set = slider.set, to = std::clamp(*to, slider.minimum, slider.maximum)] { set(to); };
+    }
+
+    Task operator()(const FormColorWell& well) const
+    {
+        const Color* color = std::get_if<Color>(&value);
+        return color && well.isEnabled ? Task([set = well.set, color = *color] { set(color); }) : nullptr;
+    }
+
+    Task operator()(const FormPicker& picker) const
+    {
+        const auto* option = std::get_if<std::string>(&value);
+        const auto found = option ? std::ranges::find(picker.options, *option) : picker.options.end();
+        if (found == picker.options.end())
+            return nullptr;
+        const auto index = static_cast<std::size_t>(found - picker.options.begin());
+        return [choose = picker.choose, index] { choose(index); };
+    }
+
+    Task operator()(const FormMenu& menu) const
+    {
+        const auto* title = std::get_if<std::string>(&value);
+        const auto found = title ? std::ranges::find(menu.items, *title, &FormMenuItem::title) : menu.items.end();
+        return found == menu.items.end() ? nullptr : found->perform;
+    }
+
+    Task operator()(const FormListRow& row) const { return isNothing() ? row.remove : nullptr; }
+    Task operator()(const FormButton& button) const { return isNothing() ? button.perform : nullptr; }
+
+    bool isNothing() const { return std::holds_alternative<std::monostate>(value); }
+};
+
+const FormRow* rowIn(const std::vector<FormRow>& rows, std::string_view id)
+{
+    const auto found = std::ranges::find(rows, id, &FormRow::id);
+    return found == rows.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+class SimFormWindows::Window final : public FormWindow {
+public:
+    Window(SimFormWindows& owner, const FormWindowConfiguration& configuration, const FormModel& form)
+        : m_owner(owner),
+          m_title(configuration.title),
+          m_frame{0, 0, configuration.contentSize.width, configuration.contentSize.height + kTitleBarHeight},
+          m_form(form)
+    {
+        m_owner.m_windows.push_back(this);
+    }
+
+    ~Window() override
+    {
+        if (SimWindow* window = serverWindow()) {
+            window->whenClosed = nullptr;
+            desktop().windows.close(*window);
+        }
+        std::erase(m_owner.m_windows, this);
+    }
+
+    void setForm(const FormModel& form) override { m_form = form; }
+
+    void center() override
+    {
+        if (desktop().model.screens.empty())
+            return;
+        const Rect screen = desktop().model.screens.front().frame;
+        moveTo({screen.x + (screen.width - m_frame.width) / 2, screen.y + (screen.height - m_frame.height) / 2,
+                m_frame.width, m_frame.height});
+    }
+
+    void makeKeyAndOrderFront() override
+    {
+        note("comes to the front");
+        const bool appears = !isVisible();
+        if (appears)
+            open();
+        desktop().windows.focus(*serverWindow());
+        if (!appears)
+            return;
+        const FormModel form = m_form; // which the tasks may replace
+        for (const FormSection& section : form.sections)
+            if (section.onAppear)
+                section.onAppear();
+    }
+
+    bool isVisible() const override { return serverWindow() != nullptr; }
+
+    const FormControl* control(std::string_view id) const
+    {
+        for (const FormSection& section : m_form.sections)
+            if (const FormRow* row = rowIn(section.rows, id))
+                return &row->control;
+        const FormRow* button = rowIn(m_form.buttons, id);
+        return button ? &button->control : nullptr;
+    }
+
+private:
+    SimDesktop& desktop() const { return m_owner.m_desktop; }
+    SimWindow* serverWindow() const { return desktop().model.windows.find(m_number); }
+
+    void note(const std::string& what) const
+    {
+        desktop().journal.note(SimJournal::Kind::window, "\"" + m_title + "\" " + what);
+    }
+
+    void moveTo(const Rect& frame)
+    {
+        m_frame = frame;
+        if (SimWindow* window = serverWindow())
+            desktop().windows.setFrame(*window, frame);
+    }
+
+    void open()
+    {
+        SimWindow window;
+        window.name = m_title;
+        window.frame = m_frame;
+        window.titleBarHeight = kTitleBarHeight;
+        // Closed by the user, it is shown again in the same place.
+        window.whenClosed = [this](const SimWindow& closed) {
+            m_frame = closed.frame;
+            m_number = WindowNumber::none;
+            note("is closed");
+        };
+        m_number = desktop().windows.open(*desktop().model.app(SimModel::kOwnProcess), std::move(window)).number;
+    }
+
+    SimFormWindows& m_owner;
+    std::string m_title;
+    Rect m_frame; // global space
+    FormModel m_form;
+    WindowNumber m_number = WindowNumber::none; // while it is on the desktop
+};
+
+std::unique_ptr<FormWindow> SimFormWindows::make(const FormWindowConfiguration& configuration, const FormModel& form)
+{
+    return std::make_unique<Window>(*this, configuration, form);
+}
+
+const FormControl* SimFormWindows::control(std::string_view id) const
+{
+    for (const Window* window : m_windows)
+        if (const FormControl* found = window->isVisible() ? window->control(id) : nullptr)
+            return found;
+    return nullptr;
+}
+
+bool SimFormWindows::change(std::string_view id, const Value& value)
+{
+    const FormControl* found = control(id);
+    const Task task = found ? std::visit(Change{value}, *found) : nullptr;
+    if (!task)
+        return false;
+    m_desktop.journal.note(SimJournal::Kind::window, "the user changes " + std::string(id));
+    task();
+    return true;
+}
+
+} // namespace haloric

@@ -1,0 +1,70 @@
+#include "hosts/sim/input/SimHotkeys.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace haloric {
+
+namespace {
+
+// The keyboard's modifiers in the mask that hotkeys are registered with.
+std::uint32_t hotkeyModifiers(std::uint64_t flags)
+{
+    constexpr std::pair<std::uint64_t, std::uint32_t> kMasks[] = {{SimKeyboard::kCommand, 0x100},
+                                                                  {SimKeyboard::kShift, 0x200},
+                                                                  {SimKeyboard::kOption, 0x800},
+                                                                  {SimKeyboard::kControl, 0x1000}};
+    std::uint32_t modifiers = 0;
+    for (const auto& [flag, modifier] : kMasks)
+        modifiers |= (flags & flag) != 0 ? modifier : 0;
+    return modifiers;
+}
+
+} // namespace
+
+SimHotkeys::SimHotkeys(SimDesktop& desktop)
+    : m_desktop(desktop),
+      m_keys(desktop.notifier.tap.subscribe([this](const TapEvent& event) { keyPressed(event); }))
+{
+}
+
+EventHandlerRef SimHotkeys::installEventHandler(HotkeyEventType, std::function<std::int32_t()> handler)
+{
+    const EventHandlerRef reference{++m_last};
+    m_handlers[reference] = std::move(handler);
+    return reference;
+}
+
+HotkeyRef SimHotkeys::registerHotkey(const Hotkey& hotkey, std::uint32_t)
+{
+    const HotkeyRef reference{++m_last};
+    m_hotkeys[reference] = hotkey;
+    m_desktop.journal.note(SimJournal::Kind::shell, "hotkey " + std::to_string(hotkey.number) + " registered");
+    return reference;
+}
+
+void SimHotkeys::unregisterHotkey(HotkeyRef hotkey)
+{
+    const auto found = m_hotkeys.find(hotkey);
+    if (found == m_hotkeys.end())
+        return;
+    m_desktop.journal.note(SimJournal::Kind::shell, "hotkey " + std::to_string(found->second.number) + " unregistered");
+    m_hotkeys.erase(found);
+}
+
+void SimHotkeys::keyPressed(const TapEvent& event)
+{
+    const auto isPressed = [&event](const auto& entry) {
+        return static_cast<std::int64_t>(entry.second.keyCode) == event.keyCode &&
+               entry.second.modifiers == hotkeyModifiers(event.flags);
+    };
+    if (event.type != EventType::keyDown || std::ranges::none_of(m_hotkeys, isPressed))
+        return;
+    const auto handlers = m_handlers; // one may remove itself
+    for (const auto& [reference, handler] : handlers)
+        if (handler() == kNoError)
+            return; // consumed
+}
+
+} // namespace haloric

@@ -1,0 +1,30 @@
+// System-wide hotkeys of the simulated desktop: what the keyboard sends reaches their handlers.
+#pragma once
+
+#include "hosts/sim/desktop/SimDesktop.h"
+#include "platform/Hotkeys.h"
+
+#include <map>
+
+namespace haloric {
+
+class SimHotkeys final : public Hotkeys {
+public:
+    explicit SimHotkeys(SimDesktop& desktop);
+
+    EventHandlerRef installEventHandler(HotkeyEventType type, std::function<std::int32_t()> handler) override;
+    void removeEventHandler(EventHandlerRef handler) override { m_handlers.erase(handler); }
+    HotkeyRef registerHotkey(const Hotkey& hotkey, std::uint32_t options) override;
+    void unregisterHotkey(HotkeyRef hotkey) override;
+
+private:
+    void keyPressed(const TapEvent& event);
+
+    SimDesktop& m_desktop;
+    std::uint64_t m_last = 0;
+    std::map<EventHandlerRef, std::function<std::int32_t()>> m_handlers;
+    std::map<HotkeyRef, Hotkey> m_hotkeys;
+    Subscription m_keys;
+};
+
+} // namespace haloric

@@ -1,0 +1,123 @@
+#include "hosts/sim/loop/SimRunLoop.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace haloric {
+
+namespace {
+
+SimRunLoop::Nanoseconds toNanoseconds(Seconds duration)
+{
+    return std::chrono::round<SimRunLoop::Nanoseconds>(duration);
+}
+
+} // namespace
+
+struct SimRunLoop::Timer {
+    Task task;
+    Nanoseconds interval{0}; // zero: fires once
+    Seconds tolerance{0};
+    Key key;
+    bool armed = true;
+};
+
+Seconds SimRunLoop::systemUptime() const { return now(); }
+
+Seconds SimRunLoop::wallClock() const { return m_wallClockOrigin + systemUptime(); }
+
+void SimRunLoop::post(Task task) { postAt(now(), std::move(task)); }
+
+void SimRunLoop::postAfter(Seconds delay, Task task) { postAt(now() + toNanoseconds(delay), std::move(task)); }
+
+Subscription SimRunLoop::scheduleOnce(Seconds delay, Task task)
+{
+    return arm(delay, Seconds(0), Seconds(0), std::move(task));
+}
+
+Subscription SimRunLoop::scheduleRepeating(Seconds interval, Seconds tolerance, Task task)
+{
+    return arm(interval, interval, tolerance, std::move(task));
+}
+
+void SimRunLoop::postAt(Nanoseconds instant, Task task) { insert(std::max(instant, m_now), std::move(task)); }
+
+SimRunLoop::Key SimRunLoop::insert(Nanoseconds instant, Task task)
+{
+    const Key key{instant, m_sequence++};
+    m_events.emplace(key, std::move(task));
+    return key;
+}
+
+Subscription SimRunLoop::arm(Seconds delay, Seconds interval, Seconds tolerance, Task task)
+{
+    auto timer = std::make_shared<Timer>();
+    timer->task = std::move(task);
+    timer->interval = toNanoseconds(interval);
+    timer->tolerance = tolerance;
+    timer->key = insert(now() + toNanoseconds(delay), [this, timer] { fire(timer); });
+    m_armedTolerances.insert(tolerance);
+    return Subscription([this, timer] {
+        if (!timer->armed)
+            return;
+        disarm(*timer);
+        m_events.erase(timer->key);
+    });
+}
+
+void SimRunLoop::disarm(Timer& timer)
+{
+    timer.armed = false;
+    m_armedTolerances.erase(m_armedTolerances.find(timer.tolerance));
+}
+
+void SimRunLoop::fire(const std::shared_ptr<Timer>& timer)
+{
+    if (timer->interval > Nanoseconds(0)) {
+        timer->key = insert(timer->key.first + timer->interval, [this, timer] { fire(timer); });
+    } else {
+        disarm(*timer);
+    }
+    const Task task = timer->task; // the timer may be cancelled, and with it freed, by its own task
+    task();
+}
+
+void SimRunLoop::runFirst()
+{
+    auto first = m_events.begin();
+    m_now = std::max(m_now, first->first.first);
+    const Task task = std::move(first->second);
+    m_events.erase(first);
+    task();
+    m_spent = Nanoseconds(0);
+}
+
+bool SimRunLoop::runNext()
+{
+    if (m_events.empty())
+        return false;
+    runFirst();
+    return true;
+}
+
+void SimRunLoop::discardPending()
+{
+    const auto discarded = std::exchange(m_events, {}); // tasks may cancel timers while they are destroyed
+}
+
+std::optional<SimRunLoop::Nanoseconds> SimRunLoop::nextDue() const
+{
+    return m_events.empty() ? std::nullopt : std::optional(m_events.begin()->first.first);
+}
+
+void SimRunLoop::runFor(Seconds duration)
+{
+    const Nanoseconds end = m_now + toNanoseconds(duration);
+    while (!m_events.empty() && m_events.begin()->first.first <= end)
+        runFirst();
+    m_now = end;
+}
+
+void SimRunLoop::spend(Seconds duration) { m_spent += toNanoseconds(duration); }
+
+} // namespace haloric

@@ -1,0 +1,45 @@
+// One argument that a verb takes, or one member of a scenario's setup: its name, its type, and what it means. The
+// parser checks scenarios against these and the schema is made from them.
+#pragma once
+
+#include "hosts/sim/scenario/steps/SimJson.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace haloric {
+
+enum class SimType {
+    text,
+    number,
+    integer,
+    flag,
+    point, // [x, y]
+    size,  // [width, height]
+    rect,  // [x, y, width, height]
+    texts, // a list of texts
+    integers,
+    object,
+    screens, // a list of objects as `plug` takes them
+};
+
+enum class SimPresence { required, optional };
+
+struct SimParameter {
+    std::string_view name;
+    SimType type = SimType::text;
+    SimPresence presence = SimPresence::required;
+    std::string_view help;
+    std::vector<std::string_view> choices{}; // texts only; empty: any text
+};
+
+// Throws SimScenarioError, with `place` in its text, when `arguments` is not an object with just these parameters.
+// `others` are keys that somebody else reads.
+void checkArguments(const SimJson& arguments, const std::vector<SimParameter>& parameters,
+                    const std::vector<std::string_view>& others, const std::string& place);
+
+// The JSON schema of one parameter.
+SimJson schemaOf(const SimParameter& parameter);
+
+} // namespace haloric

@@ -1,0 +1,32 @@
+// An overlay as a translucent window, for screens with a compositor. What a view leaves transparent is neither drawn
+// nor sent. Main thread.
+#pragma once
+
+#include "drawing/raster/RasterResources.h"
+#include "hosts/x11/overlay/X11ClickThroughWindow.h"
+#include "hosts/x11/overlay/X11ImageUploader.h"
+#include "hosts/x11/overlay/X11OverlaySurface.h"
+
+namespace haloric {
+
+class X11BlendedSurface final : public X11OverlaySurface {
+public:
+    // All outlive it.
+    X11BlendedSurface(X11Connection& connection, xcb_visualid_t visual, X11ImageUploader& uploader,
+                      RasterResources& resources);
+
+    xcb_window_t window() const override { return m_window.id(); }
+    X11PixelRegion paint(const X11ViewContent& content, const X11PixelRegion& damage) override;
+    void forget() override { m_painted.clear(); }
+
+private:
+    bool draw(const X11ViewContent& content, const PixelRect& band);
+
+    X11Connection& m_connection;
+    X11ImageUploader& m_uploader;
+    RasterResources& m_resources;
+    X11ClickThroughWindow m_window;
+    X11PixelRegion m_painted; // outside it every pixel is transparent
+};
+
+} // namespace haloric

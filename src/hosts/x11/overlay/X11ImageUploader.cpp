@@ -1,0 +1,132 @@
+#include "hosts/x11/overlay/X11ImageUploader.h"
+
+#include <algorithm>
+
+namespace haloric {
+
+namespace {
+
+// What a request without shared memory may carry, less its header.
+int pixelsOfRequest(xcb_connection_t* connection)
+{
+    constexpr std::uint32_t kHeaderWords = 8;
+    const std::uint32_t words = xcb_get_maximum_request_length(connection) - kHeaderWords;
+    return static_cast<int>(std::min<std::uint32_t>(words, X11SharedPixels::kPixels));
+}
+
+} // namespace
+
+X11ImageUploader::X11ImageUploader(X11Connection& connection)
+    : m_connection(connection),
+      m_context(xcb_generate_id(connection.raw())),
+      m_maximumPixels(pixelsOfRequest(connection.raw()))
+{
+    xcb_connection_t* raw = connection.raw();
+    // A graphics context fits every drawable of the depth that it was made with.
+    const xcb_pixmap_t pattern = xcb_generate_id(raw);
+    xcb_create_pixmap(raw, kDepth, pattern, connection.root(), 1, 1);
+    xcb_create_gc(raw, m_context, pattern, 0, nullptr);
+    xcb_free_pixmap(raw, pattern);
+
+    m_pieces.reserve(kMostPieces); // pieces are pointed to
+    auto first = X11SharedPixels::make(connection);
+    m_sharesMemory = first != nullptr;
+    if (!m_sharesMemory)
+        return;
+    m_maximumPixels = X11SharedPixels::kPixels;
+    m_pieces.push_back({std::move(first)});
+    const auto type = static_cast<std::uint8_t>(connection.firstEvent(&xcb_shm_id) + XCB_SHM_COMPLETION);
+    m_completions = connection.onEvent(type, [this](const xcb_generic_event_t& event) {
+        const auto& completion = reinterpret_cast<const xcb_shm_completion_event_t&>(event);
+        for (Piece& piece : m_pieces) {
+            if (piece.shared->segment() == completion.shmseg)
+                piece.isRead = false;
+        }
+    });
+}
+
+X11ImageUploader::~X11ImageUploader() { xcb_free_gc(m_connection.raw(), m_context); }
+
+PixelBuffer X11ImageUploader::reserve(int width, int height)
+{
+    const int pixels = width * height;
+    const int stride = width * static_cast<int>(sizeof(std::uint32_t));
+    if (!m_sharesMemory) {
+        m_private.resize(std::max(m_private.size(), static_cast<std::size_t>(pixels)));
+        m_reserved = {XCB_WINDOW_NONE, 0, 0, width, height, 0};
+        return {m_private.data(), width, height, stride};
+    }
+    if (m_piece && m_piece->used + pixels > X11SharedPixels::kPixels)
+        sealPiece();
+    if (!m_piece)
+        m_piece = findPiece();
+    if (!m_piece)
+        return {};
+    m_reserved = {XCB_WINDOW_NONE, 0, 0, width, height, m_piece->used};
+    return {m_piece->shared->data() + m_piece->used, width, height, stride};
+}
+
+X11ImageUploader::Piece* X11ImageUploader::findPiece()
+{
+    const auto unused = std::ranges::find(m_pieces, false, &Piece::isRead);
+    if (unused != m_pieces.end()) {
+        unused->used = 0;
+        return &*unused;
+    }
+    if (m_pieces.size() == kMostPieces)
+        return nullptr;
+    auto shared = X11SharedPixels::make(m_connection);
+    if (!shared)
+        return nullptr;
+    m_pieces.push_back({std::move(shared)});
+    return &m_pieces.back();
+}
+
+void X11ImageUploader::put(xcb_window_t window, int x, int y)
+{
+    Put put = m_reserved;
+    put.window = window;
+    put.x = x;
+    put.y = y;
+    if (m_sharesMemory) {
+        sendHeldPut(false);
+        m_heldPut = put;
+        m_piece->used += put.width * put.height;
+        return;
+    }
+    xcb_put_image(m_connection.raw(), XCB_IMAGE_FORMAT_Z_PIXMAP, window, m_context,
+                  static_cast<std::uint16_t>(put.width), static_cast<std::uint16_t>(put.height),
+                  static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), 0, kDepth,
+                  static_cast<std::uint32_t>(put.width * put.height) * sizeof(std::uint32_t),
+                  reinterpret_cast<const std::uint8_t*>(m_private.data()));
+}
+
+void X11ImageUploader::finish()
+{
+    if (m_piece)
+        sealPiece();
+}
+
+void X11ImageUploader::sendHeldPut(bool last)
+{
+    if (!m_heldPut)
+        return;
+    const Put& put = *m_heldPut;
+    const auto width = static_cast<std::uint16_t>(put.width);
+    const auto height = static_cast<std::uint16_t>(put.height);
+    xcb_shm_put_image(m_connection.raw(), put.window, m_context, width, height, 0, 0, width, height,
+                      static_cast<std::int16_t>(put.x), static_cast<std::int16_t>(put.y), kDepth,
+                      XCB_IMAGE_FORMAT_Z_PIXMAP, last ? 1 : 0, m_piece->shared->segment(),
+                      static_cast<std::uint32_t>(put.offset) * sizeof(std::uint32_t));
+    m_heldPut.reset();
+}
+
+void X11ImageUploader::sealPiece()
+{
+    // The server answers the last request of the piece, and has done with the earlier ones by then.
+    m_piece->isRead = m_heldPut.has_value();
+    sendHeldPut(true);
+    m_piece = nullptr;
+}
+
+} // namespace haloric

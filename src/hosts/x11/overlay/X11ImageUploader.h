@@ -1,0 +1,76 @@
+// Carries pixels to translucent windows. A few pieces of memory shared with the server are used in turn: one that the
+// server still reads from is left alone until it says that it has done. Without shared memory the pixels travel through
+// the connection. Never waits. Main thread.
+//
+// A batch is: reserve and put, any number of times, then finish.
+#pragma once
+
+#include "drawing/raster/PixelBuffer.h"
+#include "foundation/Subscription.h"
+#include "hosts/x11/overlay/X11SharedPixels.h"
+#include "hosts/x11/server/X11Connection.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace haloric {
+
+class X11ImageUploader {
+public:
+    static constexpr std::size_t kMostPieces = 8;
+    static constexpr std::uint8_t kDepth = 32;
+
+    // The connection outlives it.
+    explicit X11ImageUploader(X11Connection& connection);
+    ~X11ImageUploader();
+    X11ImageUploader(const X11ImageUploader&) = delete;
+    X11ImageUploader& operator=(const X11ImageUploader&) = delete;
+
+    bool sharesMemory() const { return m_sharesMemory; }
+
+    // The most pixels of one rectangle.
+    int maximumPixels() const { return m_maximumPixels; }
+
+    // Memory for a rectangle of `width` times `height` pixels, whatever was in it before; no data when the server still
+    // reads all there is. In that case try again on a later turn of the loop: the server's answer wakes it.
+    PixelBuffer reserve(int width, int height);
+
+    // Copies what was reserved last to the place at (x, y) of a window with a depth of 32.
+    void put(xcb_window_t window, int x, int y);
+
+    void finish();
+
+private:
+    struct Piece {
+        std::unique_ptr<X11SharedPixels> shared;
+        int used = 0;        // pixels
+        bool isRead = false; // by the server
+    };
+    struct Put {
+        xcb_window_t window = XCB_WINDOW_NONE;
+        int x = 0;
+        int y = 0;
+        int width = 0;
+        int height = 0;
+        int offset = 0; // pixels into the piece
+    };
+
+    Piece* findPiece();
+    void sendHeldPut(bool last);
+    void sealPiece();
+
+    X11Connection& m_connection;
+    xcb_gcontext_t m_context;
+    bool m_sharesMemory = false;
+    int m_maximumPixels;
+    std::vector<Piece> m_pieces;
+    Piece* m_piece = nullptr; // the one that is being filled
+    Put m_reserved;
+    std::optional<Put> m_heldPut;         // sent when it is known whether another follows from the same piece
+    std::vector<std::uint32_t> m_private; // without shared memory
+    Subscription m_completions;
+};
+
+} // namespace haloric

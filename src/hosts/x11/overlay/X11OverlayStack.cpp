@@ -1,0 +1,142 @@
+#include "hosts/x11/overlay/X11OverlayStack.h"
+
+#include <algorithm>
+
+namespace haloric {
+
+namespace {
+
+template <class Event>
+const Event& as(const xcb_generic_event_t& event)
+{
+    return reinterpret_cast<const Event&>(event);
+}
+
+} // namespace
+
+X11OverlayStack::X11OverlayStack(X11Connection& connection, const X11ClientTable& clients)
+    : m_connection(connection),
+      m_children(connection, clients)
+{
+    connection.selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE);
+    listen();
+}
+
+void X11OverlayStack::listen()
+{
+    const auto on = [this](std::uint8_t type, X11Connection::EventHandler handler) {
+        m_subscriptions.push_back(m_connection.onEvent(type, std::move(handler)));
+    };
+    on(XCB_CONFIGURE_NOTIFY,
+       [this](const xcb_generic_event_t& event) { noticeConfigure(as<xcb_configure_notify_event_t>(event)); });
+    on(XCB_MAP_NOTIFY,
+       [this](const xcb_generic_event_t& event) { noticeOthers(as<xcb_map_notify_event_t>(event).window); });
+    on(XCB_UNMAP_NOTIFY,
+       [this](const xcb_generic_event_t& event) { noticeOthers(as<xcb_unmap_notify_event_t>(event).window); });
+    on(XCB_DESTROY_NOTIFY, [this](const xcb_generic_event_t& event) {
+        const xcb_window_t window = as<xcb_destroy_notify_event_t>(event).window;
+        m_siblingsBelow.erase(window);
+        noticeOthers(window);
+    });
+    on(XCB_REPARENT_NOTIFY, [this](const xcb_generic_event_t& event) {
+        const auto& reparent = as<xcb_reparent_notify_event_t>(event);
+        if (reparent.parent != m_connection.root())
+            m_siblingsBelow.erase(reparent.window); // nothing tells of it any more, nor of its end
+        noticeOthers(reparent.window);
+    });
+    on(XCB_CIRCULATE_NOTIFY,
+       [this](const xcb_generic_event_t& event) { noticeOthers(as<xcb_circulate_notify_event_t>(event).window); });
+    const xcb_atom_t active = m_connection.atom("_NET_ACTIVE_WINDOW");
+    const xcb_atom_t stacking = m_connection.atom("_NET_CLIENT_LIST_STACKING");
+    on(XCB_PROPERTY_NOTIFY, [this, active, stacking](const xcb_generic_event_t& event) {
+        const auto& property = as<xcb_property_notify_event_t>(event);
+        if (property.window == m_connection.root() && (property.atom == active || property.atom == stacking))
+            m_isDue = true;
+    });
+}
+
+void X11OverlayStack::noticeConfigure(const xcb_configure_notify_event_t& event)
+{
+    if (event.event != m_connection.root())
+        return;
+    if (isOverlay(event.window)) {
+        // It may have gone between that sibling and what was directly above it.
+        std::erase_if(m_siblingsBelow, [&event](const auto& known) { return known.second == event.above_sibling; });
+        return;
+    }
+    // A window that only moves or grows is above the same one as before. Windows may also have gone in between, which
+    // costs one pass without effect.
+    const auto [known, isNew] = m_siblingsBelow.try_emplace(event.window, event.above_sibling);
+    if (!isNew && known->second == event.above_sibling)
+        return;
+    known->second = event.above_sibling;
+    m_isDue = true;
+}
+
+void X11OverlayStack::noticeOthers(xcb_window_t window) { m_isDue = m_isDue || !isOverlay(window); }
+
+bool X11OverlayStack::isOverlay(xcb_window_t window) const
+{
+    return std::ranges::find(m_shown, window) != m_shown.end();
+}
+
+void X11OverlayStack::orderFront(xcb_window_t window)
+{
+    const bool wasShown = std::erase(m_shown, window) > 0;
+    m_shown.push_back(window);
+    if (!wasShown)
+        m_unmapped.push_back(window);
+    m_isDue = true;
+}
+
+void X11OverlayStack::orderOut(xcb_window_t window)
+{
+    if (std::erase(m_shown, window) == 0)
+        return;
+    if (std::erase(m_unmapped, window) == 0)
+        xcb_unmap_window(m_connection.raw(), window);
+}
+
+void X11OverlayStack::replace(xcb_window_t shown, xcb_window_t replacement)
+{
+    const auto place = std::ranges::find(m_shown, shown);
+    if (place == m_shown.end())
+        return;
+    if (std::erase(m_unmapped, shown) == 0)
+        xcb_unmap_window(m_connection.raw(), shown);
+    *place = replacement;
+    m_unmapped.push_back(replacement);
+    m_isDue = true;
+}
+
+bool X11OverlayStack::update()
+{
+    if (!m_isDue)
+        return false;
+    m_isDue = false;
+    if (m_shown.empty())
+        return false;
+    place();
+    for (const xcb_window_t window : m_unmapped) {
+        xcb_map_window(m_connection.raw(), window);
+        m_mapped(window);
+    }
+    m_unmapped.clear();
+    return true;
+}
+
+void X11OverlayStack::place()
+{
+    const auto plan = X11StackPlan::make(m_children.read(m_shown), m_shown);
+    if (!plan.anchor || plan.isInPlace)
+        return;
+    xcb_window_t below = *plan.anchor;
+    for (const xcb_window_t window : m_shown) {
+        const std::uint32_t values[] = {below, XCB_STACK_MODE_ABOVE};
+        xcb_configure_window(m_connection.raw(), window, XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE,
+                             values);
+        below = window;
+    }
+}
+
+} // namespace haloric

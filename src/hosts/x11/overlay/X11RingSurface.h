@@ -1,0 +1,33 @@
+// An overlay as an opaque window in the shape of the strokes that its view draws: the border and the pulse. For screens
+// without a compositor, where nothing can be translucent. Main thread.
+#pragma once
+
+#include "foundation/Color.h"
+#include "hosts/x11/overlay/X11ClickThroughWindow.h"
+#include "hosts/x11/overlay/X11OverlaySurface.h"
+
+#include <optional>
+#include <vector>
+
+namespace haloric {
+
+class X11RingSurface final : public X11OverlaySurface {
+public:
+    // The connection outlives it.
+    explicit X11RingSurface(X11Connection& connection);
+
+    xcb_window_t window() const override { return m_window.id(); }
+    X11PixelRegion paint(const X11ViewContent& content, const X11PixelRegion& damage) override;
+    void forget() override {} // the server paints the window by itself
+
+private:
+    void setShape(const std::vector<PixelRect>& rects);
+    void setColor(const Color& color);
+
+    X11Connection& m_connection;
+    X11ClickThroughWindow m_window;
+    std::vector<PixelRect> m_shape;
+    std::optional<Color> m_color;
+};
+
+} // namespace haloric

@@ -1,0 +1,144 @@
+#include "hosts/x11/overlay/X11ToolkitWindow.h"
+
+#include "hosts/x11/overlay/X11ToolkitWindows.h"
+
+#include <cmath>
+#include <utility>
+
+namespace haloric {
+
+namespace {
+
+bool isFinite(const Rect& rect)
+{
+    return std::isfinite(rect.x) && std::isfinite(rect.y) && std::isfinite(rect.width) && std::isfinite(rect.height);
+}
+
+} // namespace
+
+X11ToolkitWindow::X11ToolkitWindow(X11ToolkitWindows& windows, const ToolkitWindowConfiguration& configuration,
+                                   const ToolkitWindowDelegate& delegate)
+    : m_windows(windows),
+      m_delegate(delegate),
+      m_surface(windows.makeSurface())
+{
+    m_windows.add(*this);
+    setFrame(configuration.contentRect, false); // borderless: the content is all of the frame
+}
+
+X11ToolkitWindow::~X11ToolkitWindow()
+{
+    m_windows.remove(*this);
+    m_windows.stack().orderOut(m_surface->window());
+}
+
+void X11ToolkitWindow::setFrame(const Rect& frame, bool display)
+{
+    m_frame = m_delegate.constrainFrameRect(frame);
+    if (!isFinite(m_frame))
+        return;
+    const X11Rect old = m_pixels;
+    const Point oldOffset = std::exchange(m_offset, m_windows.space().offsetFromScreenSpace(m_frame));
+    m_pixels = m_windows.space().fromScreenSpace(m_frame).withinProtocol();
+    configure(); // also when nothing differs: the window may have been moved past the toolkit
+    const bool isMove = old.width == m_pixels.width && old.height == m_pixels.height && oldOffset == m_offset;
+    if (display || !isMove)
+        setNeedsDisplay(); // a change of size goes out together with the new content
+    else if (m_visible)
+        m_windows.connection().flush();
+}
+
+void X11ToolkitWindow::setFrameOrigin(Point origin)
+{
+    setFrame({origin.x, origin.y, m_frame.width, m_frame.height}, false);
+}
+
+void X11ToolkitWindow::configure()
+{
+    const std::uint32_t values[] = {static_cast<std::uint32_t>(m_pixels.x), static_cast<std::uint32_t>(m_pixels.y),
+                                    static_cast<std::uint32_t>(m_pixels.width),
+                                    static_cast<std::uint32_t>(m_pixels.height)};
+    xcb_configure_window(m_windows.connection().raw(), m_surface->window(),
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
+                         values);
+}
+
+void X11ToolkitWindow::orderFront()
+{
+    m_windows.stack().orderFront(m_surface->window());
+    if (m_visible)
+        return;
+    m_visible = true;
+    setNeedsDisplay();
+}
+
+void X11ToolkitWindow::orderOut()
+{
+    if (!m_visible)
+        return;
+    m_visible = false;
+    m_windows.stack().orderOut(m_surface->window());
+    m_surface->forget();
+    m_completeSince.reset();
+}
+
+void X11ToolkitWindow::setContentView(ContentView& view)
+{
+    m_view = &view;
+    setNeedsDisplay();
+}
+
+void X11ToolkitWindow::setNeedsDisplay() { m_damage = X11PixelRegion(allPixels()); }
+
+void X11ToolkitWindow::setNeedsDisplay(std::span<const Rect> parts)
+{
+    if (!m_view)
+        return;
+    const X11ViewContent view = content();
+    for (const Rect& part : parts)
+        m_damage.add(view.toPixels(part));
+}
+
+X11ViewContent X11ToolkitWindow::content() const
+{
+    return {*m_view, m_frame.size(), m_windows.space().pixelsPerPoint, allPixels(), m_offset};
+}
+
+bool X11ToolkitWindow::paint()
+{
+    if (!m_visible || !m_view || m_damage.empty())
+        return false;
+    const bool whole = m_damage.contains(allPixels());
+    const X11PixelRegion damage = std::exchange(m_damage, {});
+    m_damage = m_surface->paint(content(), damage);
+    if (whole && m_damage.empty())
+        m_completeSince = xcb_no_operation(m_windows.connection().raw()).sequence;
+    return !damage.minus(m_damage).empty();
+}
+
+void X11ToolkitWindow::expose(const PixelRect& part, std::uint32_t request)
+{
+    // Mapping and growing are answered by an exposure of what was drawn right after.
+    const bool drawnSince = m_completeSince && static_cast<std::int32_t>(request - *m_completeSince) < 0;
+    if (!drawnSince)
+        m_damage.add(intersection(part, allPixels()));
+}
+
+void X11ToolkitWindow::renewSurface()
+{
+    xcb_connection_t* raw = m_windows.connection().raw();
+    const XcbReply<xcb_get_geometry_reply_t> old(
+        xcb_get_geometry_reply(raw, xcb_get_geometry(raw, m_surface->window()), nullptr));
+    auto fresh = m_windows.makeSurface();
+    m_windows.stack().replace(m_surface->window(), fresh->window());
+    m_surface = std::move(fresh);
+    if (old) { // it may have been moved past the toolkit
+        m_pixels.x = old->x;
+        m_pixels.y = old->y;
+    }
+    m_completeSince.reset();
+    configure();
+    setNeedsDisplay();
+}
+
+} // namespace haloric

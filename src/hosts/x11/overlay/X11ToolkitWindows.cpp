@@ -1,0 +1,98 @@
+#include "hosts/x11/overlay/X11ToolkitWindows.h"
+
+#include "hosts/x11/overlay/X11BlendedSurface.h"
+#include "hosts/x11/overlay/X11RingSurface.h"
+#include "hosts/x11/overlay/X11ToolkitWindow.h"
+#include "hosts/x11/overlay/X11TranslucentVisual.h"
+
+#include <algorithm>
+
+namespace haloric {
+
+X11ToolkitWindows::X11ToolkitWindows(X11Connection& connection, LinuxRunLoop& runLoop, X11Compositor& compositor,
+                                     const X11Scale& scale, const X11ClientTable& clients, Log& log)
+    : m_connection(connection),
+      m_runLoop(runLoop),
+      m_compositor(compositor),
+      m_scale(scale),
+      m_log(log),
+      m_visual(X11TranslucentVisual::find(connection)),
+      m_translucent(m_visual && compositor.isRunning()),
+      m_uploader(connection),
+      m_mapEcho(connection, runLoop),
+      m_stack(connection, clients)
+{
+    m_stack.onMapped([this](xcb_window_t window) {
+        if (m_translucent)
+            m_mapEcho.mapped(window);
+    });
+    m_compositorChanges = compositor.onChange([this] { compositorChanged(); });
+    m_exposures = connection.onEvent(XCB_EXPOSE, [this](const xcb_generic_event_t& event) {
+        expose(reinterpret_cast<const xcb_expose_event_t&>(event));
+    });
+    m_beforeWait = runLoop.onBeforeWait([this] { return beforeWait(); });
+}
+
+std::unique_ptr<ToolkitWindow> X11ToolkitWindows::make(const ToolkitWindowConfiguration& configuration,
+                                                       const ToolkitWindowDelegate& delegate)
+{
+    if (!m_translucent)
+        explainRing();
+    return std::make_unique<X11ToolkitWindow>(*this, configuration, delegate);
+}
+
+std::unique_ptr<X11OverlaySurface> X11ToolkitWindows::makeSurface()
+{
+    if (m_translucent)
+        return std::make_unique<X11BlendedSurface>(m_connection, *m_visual, m_uploader, m_resources);
+    return std::make_unique<X11RingSurface>(m_connection);
+}
+
+void X11ToolkitWindows::compositorChanged()
+{
+    m_takeOver.reset();
+    if (!m_compositor.isRunning())
+        setTranslucent(false);
+    else if (m_visual)
+        m_takeOver = m_runLoop.scheduleOnce(kCompositorTakesOver, [this] { setTranslucent(true); });
+}
+
+void X11ToolkitWindows::setTranslucent(bool translucent)
+{
+    if (translucent == m_translucent)
+        return;
+    m_translucent = translucent;
+    if (!translucent)
+        explainRing();
+    for (X11ToolkitWindow* window : m_windows)
+        window->renewSurface();
+}
+
+void X11ToolkitWindows::explainRing()
+{
+    if (std::exchange(m_explained, true))
+        return;
+    m_log.line(m_visual ? "No compositor is running: showing the border and the pulse, without glow, tint and dimming"
+                        : "The screen has no translucent windows: showing the border and the pulse, without glow, tint "
+                          "and dimming");
+}
+
+bool X11ToolkitWindows::beforeWait()
+{
+    bool worked = m_stack.update();
+    for (X11ToolkitWindow* window : m_windows)
+        worked = window->paint() || worked;
+    return worked;
+}
+
+void X11ToolkitWindows::expose(const xcb_expose_event_t& event)
+{
+    const auto found = std::ranges::find_if(
+        m_windows, [&event](const X11ToolkitWindow* window) { return window->windowNumber() == event.window; });
+    if (found == m_windows.end())
+        return;
+    const auto& numbered = reinterpret_cast<const xcb_generic_event_t&>(event); // libxcb keeps the whole number there
+    (*found)->expose({event.x, event.y, event.width, event.height}, numbered.full_sequence);
+}
+
+} // namespace haloric

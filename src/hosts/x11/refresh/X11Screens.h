@@ -1,0 +1,43 @@
+// The screens: RandR's monitors in points, all at one scale. Main thread.
+//
+// Keeps the shared scale up to date, too, because the scale's spaces start at the primary monitor. Several changes
+// of one turn of the main loop are told once, and only if they made a difference.
+#pragma once
+
+#include "foundation/Publisher.h"
+#include "hosts/linux/loop/LinuxRunLoop.h"
+#include "hosts/x11/refresh/X11Monitor.h"
+#include "hosts/x11/server/X11Connection.h"
+#include "hosts/x11/server/X11Scale.h"
+#include "platform/Screens.h"
+
+#include <vector>
+
+namespace haloric {
+
+class X11Screens final : public Screens {
+public:
+    static constexpr double kUsualFramesPerSecond = 60; // for monitors that do not tell
+
+    // Reads the monitors at once. All three outlive it.
+    X11Screens(X11Connection& connection, LinuxRunLoop& runLoop, X11Scale& scale);
+
+    std::span<const Screen> all() const override { return m_screens; }
+    Subscription onParametersChange(Task handler) override { return m_changes.subscribe(std::move(handler)); }
+
+    static Screen describe(const X11Monitor& monitor, const X11Space& space);
+
+private:
+    void listen();
+    bool readAgain();
+    void read();
+
+    X11Connection& m_connection;
+    X11Scale& m_scale;
+    std::vector<Screen> m_screens;
+    bool m_mayHaveChanged = false;
+    Publisher<> m_changes;
+    std::vector<Subscription> m_subscriptions;
+};
+
+} // namespace haloric

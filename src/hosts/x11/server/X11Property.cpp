@@ -1,0 +1,63 @@
+#include "hosts/x11/server/X11Property.h"
+
+#include <cstring>
+
+namespace haloric {
+
+namespace {
+
+constexpr std::uint8_t kWordFormat = 32;
+constexpr std::uint8_t kTextFormat = 8;
+
+} // namespace
+
+std::size_t X11Property::count(xcb_atom_t type) const
+{
+    return m_format == kWordFormat && m_type == type ? m_bytes.size() / sizeof(std::uint32_t) : 0;
+}
+
+std::uint32_t X11Property::value(std::size_t index) const
+{
+    std::uint32_t value = 0;
+    std::memcpy(&value, m_bytes.data() + index * sizeof value, sizeof value);
+    return value;
+}
+
+std::optional<std::uint32_t> X11Property::first(xcb_atom_t type) const
+{
+    return count(type) > 0 ? std::optional(value(0)) : std::nullopt;
+}
+
+std::vector<std::uint32_t> X11Property::values(xcb_atom_t type) const
+{
+    std::vector<std::uint32_t> values(count(type));
+    for (std::size_t index = 0; index < values.size(); ++index)
+        values[index] = value(index);
+    return values;
+}
+
+bool X11Property::contains(xcb_atom_t type, std::uint32_t wanted) const
+{
+    const std::size_t size = count(type);
+    for (std::size_t index = 0; index < size; ++index) {
+        if (value(index) == wanted)
+            return true;
+    }
+    return false;
+}
+
+std::string_view X11Property::text(std::size_t part) const
+{
+    if (m_format != kTextFormat)
+        return {};
+    std::string_view rest = m_bytes;
+    for (; part > 0; --part) {
+        const auto end = rest.find('\0');
+        if (end == std::string_view::npos)
+            return {};
+        rest.remove_prefix(end + 1);
+    }
+    return rest.substr(0, rest.find('\0'));
+}
+
+} // namespace haloric

@@ -1,0 +1,80 @@
+// What is known of one managed window, and of the desktop as a whole. Plain values.
+#pragma once
+
+#include "foundation/Ids.h"
+#include "hosts/x11/windows/X11FrameGeometry.h"
+
+#include <cstdint>
+#include <string>
+
+#include <xcb/xcb.h>
+
+namespace haloric {
+
+enum class X11WindowType { normal, dialog, utility, dock, desktop, other };
+
+// Who draws the title bar. `unknown`: nobody told.
+enum class X11Decoration { unknown, none, windowManager, client };
+
+struct X11Client {
+    static constexpr std::uint32_t kEveryDesktop = 0xFFFFFFFF;
+
+    xcb_window_t window = XCB_WINDOW_NONE;
+    xcb_window_t frame = XCB_WINDOW_NONE; // the child of the root that holds the window; itself without a frame
+    X11FrameGeometry geometry;
+    std::uint32_t measuredAt = 0; // sequence number of the measurement: earlier events of the frame are stale
+    ProcessID pid = ProcessID::none;
+    X11WindowType type = X11WindowType::normal;
+    bool mapped = false; // and so is its frame
+    bool hidden = false; // by the window manager's state
+    bool iconic = false; // by the older convention's state
+    bool shaded = false;
+    bool above = false;
+    std::uint32_t desktop = kEveryDesktop; // also when nobody told
+    double opacity = 1;
+
+    // Whether people work in it, as opposed to panels, menus, splash screens and the desktop.
+    bool isForWork() const
+    {
+        return type == X11WindowType::normal || type == X11WindowType::dialog || type == X11WindowType::utility;
+    }
+
+    X11Rect visibleFrame() const { return shaded ? geometry.rolledUpFrame() : geometry.visibleFrame(); }
+
+    // Some window managers call a window that is rolled up hidden; its title bar is still there.
+    bool isMinimised() const { return (hidden || iconic) && !shaded; }
+
+    bool isOnDesktop(std::uint32_t current) const { return desktop == kEveryDesktop || desktop == current; }
+    bool isSeenOn(std::uint32_t current) const { return isOnDesktop(current) && !isMinimised() && (mapped || shaded); }
+
+    X11Decoration decoration() const
+    {
+        if (geometry.shadow)
+            return X11Decoration::client;
+        if (!geometry.decoration)
+            return X11Decoration::unknown;
+        return geometry.decoration->top > 0 ? X11Decoration::windowManager : X11Decoration::none;
+    }
+};
+
+// How a window names the application it belongs to.
+struct ApplicationNames {
+    std::string applicationId; // _GTK_APPLICATION_ID
+    std::string instanceName;  // WM_CLASS, first part
+    std::string className;     // WM_CLASS, second part
+    friend bool operator==(const ApplicationNames&, const ApplicationNames&) = default;
+};
+
+struct X11ClientRecord {
+    X11Client client;
+    ApplicationNames names;
+};
+
+struct X11DesktopState {
+    xcb_window_t activeWindow = XCB_WINDOW_NONE;
+    std::uint32_t currentDesktop = 0;
+    bool showingDesktop = false;
+    friend bool operator==(const X11DesktopState&, const X11DesktopState&) = default;
+};
+
+} // namespace haloric

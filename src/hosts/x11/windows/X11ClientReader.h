@@ -1,0 +1,52 @@
+// Reads what there is to know of windows, for any number of them in the same few round trips: all requests are sent
+// before the first reply is read. Windows that vanish meanwhile are left out.
+//
+// Waits for the X server, never for a client. Belongs to the thread that reads its connection's replies.
+#pragma once
+
+#include "hosts/x11/server/X11DesktopAtoms.h"
+#include "hosts/x11/windows/X11Client.h"
+
+#include <optional>
+#include <span>
+#include <vector>
+
+#include <xcb/xcb.h>
+
+namespace haloric {
+
+class X11ClientReader {
+public:
+    X11ClientReader(xcb_connection_t* connection, xcb_window_t root, const X11DesktopAtoms& atoms)
+        : m_connection(connection),
+          m_root(root),
+          m_atoms(atoms)
+    {
+    }
+
+    // One record a window, in their order; absent where the window has vanished.
+    std::vector<std::optional<X11ClientRecord>> read(std::span<const xcb_window_t> windows) const;
+
+    // Measures again how windows lie in their known frames: one round trip. A client whose window has vanished
+    // keeps what it had.
+    void measure(std::span<X11Client* const> clients) const;
+
+    // The child of the root that holds each window; none where the window has vanished.
+    std::vector<xcb_window_t> frames(std::span<const xcb_window_t> windows) const;
+
+private:
+    struct Facts;
+    struct Measurement;
+
+    Facts askForFacts(xcb_window_t window) const;
+    std::optional<X11ClientRecord> takeFacts(xcb_window_t window, Facts& facts) const;
+    X11WindowType typeFrom(const class X11Property& types, bool isTransient) const;
+    Measurement askForMeasurement(const X11Client& client) const;
+    void takeMeasurement(X11Client& client, Measurement& measurement) const;
+
+    xcb_connection_t* m_connection;
+    xcb_window_t m_root;
+    X11DesktopAtoms m_atoms;
+};
+
+} // namespace haloric

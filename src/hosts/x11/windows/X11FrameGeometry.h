@@ -1,0 +1,53 @@
+// Where a managed window is seen, worked out from the window that moves: its frame, the child of the root that
+// holds it.
+//
+// A frame may be larger than what is seen (some window managers give it an invisible margin to grab), and a client
+// that draws its own decoration adds its shadow to its window. So the visible frame is the client's rectangle, plus
+// the decoration that the window manager tells, minus the shadow that the client tells. How these lie inside the
+// frame is measured once; afterwards the frame's own events are enough. Root pixels.
+#pragma once
+
+#include "hosts/x11/server/X11Rect.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace haloric {
+
+class X11Property;
+
+// Widths of the four sides of a decoration or a shadow.
+struct X11Extents {
+    int left = 0;
+    int right = 0;
+    int top = 0;
+    int bottom = 0;
+
+    // Absent unless the property holds four plausible numbers.
+    static std::optional<X11Extents> from(const X11Property& property);
+
+    friend bool operator==(const X11Extents&, const X11Extents&) = default;
+};
+
+struct X11FrameGeometry {
+    X11Rect frame;                        // of the frame window, borders included
+    X11Rect client;                       // of the client's content; x and y relative to the frame's corner
+    std::optional<X11Extents> decoration; // _NET_FRAME_EXTENTS
+    std::optional<X11Extents> shadow;     // _GTK_FRAME_EXTENTS
+
+    // A window's rectangle with its borders, from its core geometry.
+    static X11Rect outerRect(int x, int y, int width, int height, int borderWidth);
+
+    // The frame has moved or changed its size. A change of size is taken to be the client's as well until somebody
+    // measures again.
+    void frameConfigured(const X11Rect& outer);
+
+    X11Rect visibleFrame() const;
+
+    // What is seen of a window that is rolled up: its decoration alone.
+    X11Rect rolledUpFrame() const;
+
+    friend bool operator==(const X11FrameGeometry&, const X11FrameGeometry&) = default;
+};
+
+} // namespace haloric

@@ -1,0 +1,55 @@
+// The window manager that runs on the display, if it is one that speaks the common hints: it names a check window on
+// the root, and that window names itself. A window manager that was killed leaves the first half behind, so only
+// both together count. Window managers come and go. Main thread, unless said otherwise.
+#pragma once
+
+#include "foundation/Publisher.h"
+#include "foundation/Subscription.h"
+#include "hosts/linux/loop/LinuxRunLoop.h"
+#include "hosts/x11/server/X11Connection.h"
+#include "hosts/x11/server/X11DesktopAtoms.h"
+
+#include <atomic>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace haloric {
+
+class X11WindowManager {
+public:
+    // Looks at once. The connection and the loop outlive it.
+    X11WindowManager(X11Connection& connection, LinuxRunLoop& runLoop);
+    X11WindowManager(const X11WindowManager&) = delete;
+    X11WindowManager& operator=(const X11WindowManager&) = delete;
+
+    bool isRunning() const { return m_isRunning; }
+    const std::string& name() const { return m_name; } // empty when none runs or it has no name
+
+    // Whether it announces a hint, such as "_NET_FRAME_EXTENTS".
+    bool supports(std::string_view hint);
+
+    // Whether it tells how windows are decorated; then one that it tells nothing of has no decoration. Any thread.
+    bool tellsDecoration() const { return m_tellsDecoration; }
+
+    // One came, went, or was replaced by another.
+    Subscription onChange(Task handler) { return m_changes.subscribe(std::move(handler)); }
+
+private:
+    void propertyChanged(const xcb_property_notify_event_t& event);
+    bool lookAgain();
+    void look();
+
+    X11Connection& m_connection;
+    X11DesktopAtoms m_atoms;
+    xcb_window_t m_checkWindow = XCB_WINDOW_NONE;
+    bool m_mayHaveChanged = false;
+    bool m_isRunning = false;
+    std::string m_name;
+    std::atomic<bool> m_tellsDecoration = false;
+    std::vector<xcb_atom_t> m_supported;
+    Publisher<> m_changes;
+    std::vector<Subscription> m_subscriptions;
+};
+
+} // namespace haloric

@@ -1,0 +1,102 @@
+#include "testing/x11/TrayPanel.h"
+
+#include <algorithm>
+
+namespace haloric {
+
+TrayPanel::TrayPanel(X11Session& session, std::vector<std::string> look) : m_session(session), m_look(std::move(look))
+{
+    start();
+}
+
+void TrayPanel::start()
+{
+    std::vector<std::string> command{"trayer",   "--edge", "top",         "--align", "left",
+                                     "--height", "24",     "--widthtype", "request"};
+    command.insert(command.end(), m_look.begin(), m_look.end());
+    m_process = std::make_unique<ChildProcess>(
+        ChildProcess::Options{command, m_session.environment(), m_session.server().folder() / "panel.log", -1});
+}
+
+bool TrayPanel::restart()
+{
+    m_process.reset();
+    DesktopObserver& observer = m_session.observer();
+    if (!observer.waitUntil([&] { return iconBelow(observer.root()) == XCB_WINDOW_NONE; }))
+        return false;
+    start();
+    return true;
+}
+
+// The icon is a window of the program inside of the panel, which comes up in the middle of the screen and goes to its
+// edge later.
+ScreenRect TrayPanel::findIcon()
+{
+    DesktopObserver& observer = m_session.observer();
+    ScreenRect icon;
+    const auto isThere = [&] {
+        const xcb_window_t window = iconBelow(observer.root());
+        if (window == XCB_WINDOW_NONE || observer.rectOnRoot(observer.topLevelOf(window)).y != 0)
+            return false;
+        icon = observer.rectOnRoot(window);
+        return isReachedAt(window, icon.x + icon.width / 2, icon.y + icon.height / 2);
+    };
+    if (!observer.waitUntil(isThere)) {
+        m_session.keepFailure("no-icon");
+        return {};
+    }
+    return icon;
+}
+
+bool TrayPanel::clickIcon(std::uint8_t button)
+{
+    const ScreenRect icon = findIcon();
+    m_session.input().moveTo(icon.x + icon.width / 2, icon.y + icon.height / 2);
+    m_session.input().press(button);
+    m_session.input().release(button);
+    return icon.width > 0;
+}
+
+// The program's other windows are inside of frames, and listed by the window manager.
+xcb_window_t TrayPanel::iconBelow(xcb_window_t window)
+{
+    const auto clients = m_session.observer().clientList();
+    for (const xcb_window_t child : childrenOf(window)) {
+        const bool isInside =
+            window != m_session.observer().root() && std::ranges::find(clients, child) == clients.end();
+        if (isInside && m_session.observer().text(child, "WM_CLASS").starts_with("com.kestrow.haloric"))
+            return child;
+        if (const xcb_window_t found = iconBelow(child))
+            return found;
+    }
+    return XCB_WINDOW_NONE;
+}
+
+std::vector<xcb_window_t> TrayPanel::childrenOf(xcb_window_t window)
+{
+    xcb_connection_t* raw = m_session.observer().raw();
+    const TestConnection::Reply<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(raw, xcb_query_tree(raw, window), nullptr));
+    if (!tree)
+        return {};
+    const xcb_window_t* first = xcb_query_tree_children(tree.get());
+    return {first, first + xcb_query_tree_children_length(tree.get())};
+}
+
+bool TrayPanel::isReachedAt(xcb_window_t wanted, int x, int y)
+{
+    xcb_connection_t* raw = m_session.observer().raw();
+    const xcb_window_t root = m_session.observer().root();
+    for (xcb_window_t window = root; window != wanted;) {
+        const auto cookie =
+            xcb_translate_coordinates(raw, root, window, static_cast<std::int16_t>(x), static_cast<std::int16_t>(y));
+        const TestConnection::Reply<xcb_translate_coordinates_reply_t> reply(
+            xcb_translate_coordinates_reply(raw, cookie, nullptr));
+        if (!reply || reply->child == XCB_WINDOW_NONE)
+            return false;
+        window = reply->child;
+    }
+    return true;
+}
+
+} // namespace haloric

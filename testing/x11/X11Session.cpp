@@ -1,0 +1,160 @@
+#include "testing/x11/X11Session.h"
+
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace haloric {
+namespace {
+
+// Window managers of the larger desktops take seconds on a busy machine.
+constexpr std::chrono::seconds kStartPatience{40};
+
+std::vector<std::string> commandOf(WindowManager kind)
+{
+    switch (kind) {
+    case WindowManager::openbox:
+        return {"openbox", "--sm-disable"};
+    case WindowManager::xfwm4:
+        return {"xfwm4", "--compositor=off"};
+    case WindowManager::xfwm4Compositing:
+        return {"xfwm4", "--compositor=on", "--vblank=off"};
+    case WindowManager::metacity:
+        return {"metacity", "--sm-disable", "--no-composite"};
+    case WindowManager::mutter:
+        return {"mutter", "--x11", "--sm-disable"};
+    case WindowManager::none:
+        break;
+    }
+    return {};
+}
+
+bool needsBus(WindowManager kind)
+{
+    return kind == WindowManager::xfwm4 || kind == WindowManager::xfwm4Compositing || kind == WindowManager::mutter;
+}
+
+std::string contentsOf(const std::filesystem::path& path)
+{
+    std::ostringstream text;
+    text << std::ifstream(path).rdbuf();
+    return text.str();
+}
+
+} // namespace
+
+X11Session::X11Session(WindowManager windowManager, Compositor compositor, const X11ServerOptions& options)
+    : m_kind(windowManager),
+      m_server(std::make_unique<X11Server>(options)),
+      m_environment(m_server->environment()),
+      m_observer(std::make_unique<DesktopObserver>(m_server->display())),
+      m_input(std::make_unique<TestInput>(*m_observer))
+{
+    m_observer->setDesktopPicture(ScreenImage({0, 0, 1, 1}, {kDesktopColor}));
+    if (needsBus(windowManager))
+        startBus();
+    startWindowManager();
+    if (compositor == Compositor::picom)
+        startCompositor();
+    // A compositor takes the screen over before it has painted it for the first time.
+    const auto isPainted = [this] { return m_observer->capture({0, 0, 1, 1}).at(0, 0) == kDesktopColor; };
+    if (!m_observer->waitUntil(isPainted, kStartPatience))
+        throw std::runtime_error("the desktop is not painted");
+}
+
+X11Session::~X11Session()
+{
+    m_compositor.reset();
+    m_windowManager.reset();
+    m_bus.reset();
+}
+
+bool X11Session::composites() const
+{
+    return m_kind == WindowManager::xfwm4Compositing || m_kind == WindowManager::mutter;
+}
+
+std::unique_ptr<TestClient> X11Session::makeClient(const TestClient::Options& options)
+{
+    return std::make_unique<TestClient>(*m_observer, display(), options);
+}
+
+void X11Session::startBus()
+{
+    ChildProcess::Options options{{"dbus-daemon", "--session", "--nofork", "--print-address=1"}, m_environment, {}, -1};
+    m_bus = std::make_unique<ChildProcess>(options);
+    const auto address = m_bus->waitForLine("unix:");
+    if (!address)
+        throw std::runtime_error("the message bus does not start: " + m_bus->standardError());
+    m_environment["DBUS_SESSION_BUS_ADDRESS"] = *address;
+}
+
+std::unique_ptr<ChildProcess> X11Session::start(const std::vector<std::string>& command, const char* logName)
+{
+    ChildProcess::Options options{command, m_environment, m_server->folder() / logName, -1};
+    return std::make_unique<ChildProcess>(options);
+}
+
+void X11Session::waitForPart(ChildProcess& process, const char* logName, const std::function<bool()>& isReady)
+{
+    bool ready = false;
+    const auto isDecided = [&] { return (ready = isReady()) || !process.isRunning(); };
+    if (!m_observer->waitUntil(isDecided, kStartPatience) || !ready)
+        throw std::runtime_error("a part of the desktop does not start:\n" + contentsOf(m_server->folder() / logName));
+}
+
+void X11Session::startWindowManager()
+{
+    if (m_kind == WindowManager::none)
+        return;
+    m_windowManager = start(commandOf(m_kind), "window-manager.log");
+    const auto isReady = [this] {
+        return m_observer->hasWindowManager() && (!composites() || m_observer->compositorDraws()) &&
+               m_observer->windowManagerAnswers();
+    };
+    waitForPart(*m_windowManager, "window-manager.log", isReady);
+}
+
+void X11Session::stopWindowManager()
+{
+    m_windowManager.reset();
+    if (!m_observer->waitUntil([this] { return !m_observer->hasWindowManager(); }))
+        throw std::runtime_error("the window manager does not go away");
+}
+
+void X11Session::startCompositor()
+{
+    const auto configuration = m_server->folder() / "picom.conf";
+    std::ofstream(configuration) << "backend = \"xrender\";\nvsync = false;\nshadow = false;\nfading = false;\n";
+    m_compositor = start({"picom", "--config", configuration.string()}, "compositor.log");
+    waitForPart(*m_compositor, "compositor.log", [this] { return m_observer->compositorDraws(); });
+}
+
+void X11Session::stopCompositor()
+{
+    m_compositor.reset();
+    if (!m_observer->waitUntil([this] { return !m_observer->hasCompositor(); }))
+        throw std::runtime_error("the compositor does not go away");
+}
+
+bool X11Session::waitForPixels(const std::string& name, const ScreenRect& area,
+                               const std::function<bool(const ScreenImage&)>& predicate,
+                               std::chrono::milliseconds patience)
+{
+    ScreenImage last;
+    const auto isSatisfied = [&] {
+        last = m_observer->capture(area);
+        return predicate(last);
+    };
+    if (m_observer->waitUntil(isSatisfied, patience))
+        return true;
+    keepFailure(name);
+    return false;
+}
+
+void X11Session::keepFailure(const std::string& name)
+{
+    m_observer->capture().savePng(std::filesystem::path(HALORIC_FAILURE_PICTURES) / (name + ".png"));
+}
+
+} // namespace haloric

@@ -1,0 +1,169 @@
+#include "hosts/linux/files/DesktopEntries.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <thread>
+
+#include <poll.h>
+#include <sys/inotify.h>
+#include <unistd.h>
+
+namespace haloric {
+namespace {
+
+using Entry = DesktopEntries::Entry;
+
+ApplicationNames windowClass(std::string instanceName, std::string className)
+{
+    return {{}, std::move(instanceName), std::move(className)};
+}
+
+const std::vector<Entry> kEntries{{"org.example.Editor", "editor-window"},
+                                  {"browser", ""},
+                                  {"Terminal", ""},
+                                  {"editor-window", ""},
+                                  {"chat", "Chat"}};
+
+TEST(DesktopEntries, an_entry_that_claims_the_class_comes_before_one_that_is_named_like_it)
+{
+    EXPECT_EQ(DesktopEntries::match(windowClass("x", "editor-window"), kEntries), "org.example.Editor");
+    EXPECT_EQ(DesktopEntries::match(windowClass("editor-window", "x"), kEntries), "org.example.Editor");
+}
+
+TEST(DesktopEntries, names_are_compared_as_written_and_then_regardless_of_case)
+{
+    EXPECT_EQ(DesktopEntries::match(windowClass("", "chat"), kEntries), "chat");
+    EXPECT_EQ(DesktopEntries::match(windowClass("", "Browser"), kEntries), "browser");
+    EXPECT_EQ(DesktopEntries::match(windowClass("terminal", ""), kEntries), "Terminal");
+    const std::vector<Entry> both{{"CHAT", ""}, {"Chat", ""}};
+    EXPECT_EQ(DesktopEntries::match(windowClass("", "Chat"), both), "Chat");
+}
+
+TEST(DesktopEntries, the_class_comes_before_the_instance)
+{
+    EXPECT_EQ(DesktopEntries::match(windowClass("browser", "Terminal"), kEntries), "Terminal");
+}
+
+TEST(DesktopEntries, empty_names_match_nothing)
+{
+    EXPECT_EQ(DesktopEntries::match({}, kEntries), std::nullopt);
+    EXPECT_EQ(DesktopEntries::match(windowClass("", "unknown"), kEntries), std::nullopt);
+}
+
+// Whether a file of a folder has been opened meanwhile.
+class EntryReads {
+public:
+    explicit EntryReads(const std::filesystem::path& folder) { inotify_add_watch(m_watch, folder.c_str(), IN_OPEN); }
+    ~EntryReads() { close(m_watch); }
+    EntryReads(const EntryReads&) = delete;
+    EntryReads& operator=(const EntryReads&) = delete;
+
+    bool happened() const
+    {
+        pollfd readable{m_watch, POLLIN, 0};
+        return poll(&readable, 1, 0) != 0;
+    }
+
+private:
+    int m_watch = inotify_init1(IN_CLOEXEC);
+};
+
+// GIO looks at the environment once, so the folder is made before anything asks it.
+class InstalledEntries : public testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        s_folder = std::filesystem::temp_directory_path() / ("haloric-entries-" + std::to_string(getpid()));
+        std::filesystem::create_directories(s_folder / "applications");
+        setenv("XDG_DATA_HOME", s_folder.c_str(), 1);
+        setenv("XDG_DATA_DIRS", s_folder.c_str(), 1);
+        install("org.example.Painter", "StartupWMClass=painter-main\n");
+        install("plain", "");
+    }
+
+    static void TearDownTestSuite() { std::filesystem::remove_all(s_folder); }
+
+    static void install(const std::string& identifier, const std::string& more)
+    {
+        std::ofstream(s_folder / "applications" / (identifier + ".desktop"))
+            << "[Desktop Entry]\nType=Application\nName=" << identifier << "\nExec=/bin/true\n"
+            << more;
+    }
+
+    static void uninstall(const std::string& identifier)
+    {
+        std::filesystem::remove(applications() / (identifier + ".desktop"));
+    }
+
+    static std::filesystem::path applications() { return s_folder / "applications"; }
+
+    static inline std::filesystem::path s_folder;
+};
+
+TEST_F(InstalledEntries, a_window_is_matched_with_what_is_installed)
+{
+    DesktopEntries entries;
+    EXPECT_EQ(entries.identifier(windowClass("x", "painter-main")), "org.example.Painter");
+    EXPECT_EQ(entries.identifier(windowClass("x", "Plain")), "plain");
+    EXPECT_EQ(entries.identifier(windowClass("x", "Plain")), "plain");
+}
+
+TEST_F(InstalledEntries, the_identifier_that_a_window_gives_itself_is_believed)
+{
+    DesktopEntries entries;
+    EXPECT_EQ(entries.identifier({"org.example.Other", "x", "painter-main"}), "org.example.Other");
+}
+
+TEST_F(InstalledEntries, without_an_entry_the_class_serves)
+{
+    DesktopEntries entries;
+    EXPECT_EQ(entries.identifier(windowClass("inst", "Unknown")), "Unknown");
+    EXPECT_EQ(entries.identifier(windowClass("inst", "")), "inst");
+    EXPECT_EQ(entries.identifier({}), std::nullopt);
+}
+
+// GIO hears of changes on a thread of its own, so they are waited for.
+bool waitFor(const std::function<bool()>& predicate)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!predicate()) {
+        if (std::chrono::steady_clock::now() >= end)
+            return false;
+        std::this_thread::yield();
+    }
+    return true;
+}
+
+TEST_F(InstalledEntries, an_application_that_is_installed_meanwhile_is_found_and_one_that_goes_is_forgotten)
+{
+    DesktopEntries entries;
+    const auto isFoundAs = [&](const std::string& identifier) {
+        return waitFor([&] { return entries.identifier(windowClass("x", "late-main")) == identifier; });
+    };
+    ASSERT_EQ(entries.identifier(windowClass("x", "late-main")), "late-main");
+    install("org.example.Late", "StartupWMClass=late-main\n");
+    EXPECT_TRUE(isFoundAs("org.example.Late"));
+    uninstall("org.example.Late");
+    EXPECT_TRUE(isFoundAs("late-main"));
+    install("org.example.Later", "StartupWMClass=late-main\n");
+    EXPECT_TRUE(isFoundAs("org.example.Later"));
+    uninstall("org.example.Later");
+    EXPECT_TRUE(isFoundAs("late-main"));
+}
+
+TEST_F(InstalledEntries, entries_are_not_read_again_for_a_class_that_none_claims)
+{
+    DesktopEntries entries;
+    EXPECT_EQ(entries.identifier(windowClass("x", "Unclaimed")), "Unclaimed");
+    const EntryReads reads(applications());
+    for (int time = 0; time < 3; ++time)
+        EXPECT_EQ(entries.identifier(windowClass("x", "Unclaimed")), "Unclaimed");
+    EXPECT_EQ(entries.identifier(windowClass("x", "Also unclaimed")), "Also unclaimed");
+    EXPECT_FALSE(reads.happened());
+}
+
+} // namespace
+} // namespace haloric

@@ -1,0 +1,155 @@
+// Full disks, closed folders, links, and what stands in the way.
+#include "hosts/linux/files/LinuxUserDefaults.h"
+#include "unit/hosts/linux/files/UserDefaultsFolder.h"
+
+#include <csignal>
+#include <string>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace haloric {
+namespace {
+
+namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
+
+class LinuxUserDefaultsTroubleTest : public testing::Test {
+protected:
+    static constexpr const char* kKey = UserDefaultsFolder::kKey;
+
+    UserDefaultsFolder folder;
+    LinuxUserDefaults defaults{folder.path().string()};
+};
+
+TEST_F(LinuxUserDefaultsTroubleTest, a_disk_without_room_keeps_the_old_value_and_leaves_nothing_beside_it)
+{
+    defaults.setData(kKey, "old");
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    for (const rlim_t room : {rlim_t{0}, rlim_t{1000}}) {
+        const rlimit little{room, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &little);
+        defaults.setData(kKey, std::string(5000, 'n'));
+        setrlimit(RLIMIT_FSIZE, &before);
+        EXPECT_EQ(defaults.data(kKey), "old");
+        EXPECT_EQ(folder.names(), Names{kKey});
+    }
+    std::signal(SIGXFSZ, handler);
+    defaults.setData(kKey, "new");
+    EXPECT_EQ(defaults.data(kKey), "new");
+}
+
+TEST_F(LinuxUserDefaultsTroubleTest, a_folder_that_cannot_be_made_stores_nothing)
+{
+    UserDefaultsFolder::write(folder.path().parent_path(), "a file in the way");
+    defaults.setData(kKey, "x");
+    EXPECT_FALSE(defaults.data(kKey).has_value());
+}
+
+TEST_F(LinuxUserDefaultsTroubleTest, a_folder_that_cannot_be_written_keeps_the_old_value)
+{
+    defaults.setData(kKey, "old");
+    // In a process of its own, because the one that runs the tests may be allowed everything.
+    const pid_t child = fork();
+    if (child == 0) {
+        chmod(folder.root().c_str(), 0755);
+        chmod(folder.path().parent_path().c_str(), 0755);
+        chmod(folder.path().c_str(), 0555);
+        if (geteuid() == 0 && setuid(65534) != 0)
+            _exit(1);
+        LinuxUserDefaults(folder.path().string()).setData(kKey, "new");
+        _exit(access(folder.path().c_str(), W_OK) == 0 ? 2 : 0);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    chmod(folder.path().c_str(), 0700);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(defaults.data(kKey), "old");
+    EXPECT_EQ(folder.names(), Names{kKey});
+}
+
+TEST_F(LinuxUserDefaultsTroubleTest, what_is_no_ordinary_file_is_absent_and_not_waited_for)
+{
+    fs::create_directories(folder.path());
+    mkfifo(folder.file().c_str(), 0600);
+    EXPECT_FALSE(defaults.data(kKey).has_value());
+    fs::remove(folder.file());
+    fs::create_directories(folder.file());
+    EXPECT_FALSE(defaults.data(kKey).has_value());
+    defaults.setData(kKey, "x");
+    EXPECT_EQ(folder.names(), Names{kKey}) << "a folder in the way is not replaced";
+}
+
+TEST_F(LinuxUserDefaultsTroubleTest, a_file_that_is_too_large_is_absent)
+{
+    UserDefaultsFolder::write(folder.file(), "");
+    fs::resize_file(folder.file(), std::uintmax_t{1} << 40); // a hole, without any data
+    EXPECT_FALSE(defaults.data(kKey).has_value());
+}
+
+TEST_F(LinuxUserDefaultsTroubleTest, a_symbolic_link_stays_and_the_file_that_it_leads_to_is_replaced)
+{
+    const fs::path real = folder.root() / "dotfiles" / "haloric.json";
+    UserDefaultsFolder::write(real, "old");
+    fs::create_directories(folder.path());
+    fs::create_symlink("../../dotfiles/haloric.json", folder.file());
+    EXPECT_EQ(defaults.data(kKey), "old");
+    defaults.setData(kKey, "new");
+    EXPECT_TRUE(fs::is_symlink(folder.file()));
+    EXPECT_EQ(UserDefaultsFolder::contents(real), "new");
+    EXPECT_EQ(UserDefaultsFolder::names(real.parent_path()), Names{"haloric.json"});
+    EXPECT_EQ(folder.names(), Names{kKey});
+}
+
+TEST_F(LinuxUserDefaultsTroubleTest, a_symbolic_link_that_leads_nowhere_is_replaced)
+{
+    fs::create_directories(folder.path());
+    for (const fs::path& goal : {folder.root() / "gone", folder.file()}) {
+        fs::remove(folder.file());
+        fs::create_symlink(goal, folder.file());
+        EXPECT_FALSE(defaults.data(kKey).has_value());
+        defaults.setData(kKey, "new");
+        EXPECT_FALSE(fs::is_symlink(folder.file()));
+        EXPECT_EQ(defaults.data(kKey), "new");
+    }
+}
+
+TEST_F(LinuxUserDefaultsTroubleTest, what_killed_runs_left_is_taken_away_and_nothing_else)
+{
+    const pid_t gone = fork();
+    if (gone == 0)
+        _exit(0);
+    waitpid(gone, nullptr, 0);
+    const std::string prefix = "." + std::string(kKey) + ".";
+    const std::string ofGone = prefix + std::to_string(gone) + ".tmp";
+    const std::string ofRunning = prefix + std::to_string(getppid()) + ".tmp";
+    const std::string ofThisNumber = prefix + std::to_string(getpid()) + ".tmp";
+    const std::string foreign = prefix + "backup.tmp";
+    const std::string otherKey = ".Other." + std::to_string(gone) + ".tmp";
+    for (const std::string& name :
+         {ofGone, ofRunning, ofThisNumber, foreign, otherKey, prefix + "tmp", prefix + ".tmp"})
+        UserDefaultsFolder::write(folder.path() / name, "half");
+    defaults.setData(kKey, "new");
+    Names expected{ofRunning, foreign, otherKey, prefix + "tmp", prefix + ".tmp", kKey};
+    std::sort(expected.begin(), expected.end());
+    EXPECT_EQ(folder.names(), expected);
+    EXPECT_EQ(defaults.data(kKey), "new");
+}
+
+TEST_F(LinuxUserDefaultsTroubleTest, a_link_that_lies_where_the_new_file_is_written_is_not_followed)
+{
+    const fs::path victim = folder.root() / "victim";
+    UserDefaultsFolder::write(victim, "untouched");
+    fs::create_directories(folder.path());
+    fs::create_symlink(victim, folder.path() / ("." + std::string(kKey) + "." + std::to_string(getpid()) + ".tmp"));
+    defaults.setData(kKey, "new");
+    EXPECT_EQ(UserDefaultsFolder::contents(victim), "untouched");
+    EXPECT_EQ(folder.names(), Names{kKey});
+}
+
+} // namespace
+} // namespace haloric

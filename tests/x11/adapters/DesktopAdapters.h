@@ -1,0 +1,165 @@
+// The adapters under test, connected to a session's display as the program connects them, and a way to wait for
+// what they see.
+#pragma once
+
+#include "hosts/linux/loop/LinuxRunLoop.h"
+#include "hosts/x11/refresh/X11Screens.h"
+#include "hosts/x11/server/X11Connection.h"
+#include "hosts/x11/server/X11Scale.h"
+#include "hosts/x11/windows/X11Accessibility.h"
+#include "hosts/x11/windows/X11AccessibilityElement.h"
+#include "hosts/x11/windows/X11Clients.h"
+#include "hosts/x11/windows/X11WindowInfoSource.h"
+#include "hosts/x11/windows/X11WindowManager.h"
+#include "hosts/x11/windows/X11Workspace.h"
+#include "testing/x11/Deadline.h"
+#include "testing/x11/ScreenImage.h"
+#include "testing/x11/X11Session.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace haloric {
+
+class DesktopAdapters {
+public:
+    explicit DesktopAdapters(const std::string& displayName)
+        : display(displayName),
+          connection(X11Connection::open(display.c_str(), loop)),
+          screens(*connection, loop, scale),
+          windowManager(*connection, loop),
+          clients(*connection, loop),
+          workspace(clients, loop),
+          accessibility(loop, clients, windowManager, scale),
+          windowInfo(clients.table(), scale)
+    {
+    }
+
+    // Turns the loop until `predicate` holds; false when the patience ends.
+    [[nodiscard]] bool waitUntil(const std::function<bool()>& predicate, std::chrono::milliseconds patience = kPatience)
+    {
+        const Deadline deadline(patience);
+        while (!predicate()) {
+            if (deadline.isOver())
+                return false;
+            loop.turn(Seconds(0.01));
+        }
+        return true;
+    }
+
+    // Shows a window and waits until the window manager has given it the focus by itself. Asking for the focus at once
+    // might be answered first, and the focus that comes with the showing then undo a later change; but a window
+    // manager that has just started may have forgotten it.
+    [[nodiscard]] bool appear(TestClient& client)
+    {
+        const auto isFocused = [&] { return focusedWindow() == client.window(); };
+        return client.show() && (waitUntil(isFocused, kPatience / 4) || (client.focus() && waitUntil(isFocused)));
+    }
+
+    // Takes in everything that the server has sent for what happened before this call.
+    void settle()
+    {
+        const auto cookie = xcb_get_input_focus(connection->raw());
+        const XcbReply<xcb_get_input_focus_reply_t> reply(
+            xcb_get_input_focus_reply(connection->raw(), cookie, nullptr));
+        loop.turn(Seconds(0));
+        loop.turn(Seconds(0));
+    }
+
+    ProcessID frontmost() const
+    {
+        const auto application = workspace.frontmostApplication();
+        return application ? application->pid : ProcessID::none;
+    }
+
+    AXAttribute attributeOf(const AXElement& element, std::string_view name)
+    {
+        return accessibility.copyAttribute(element, name);
+    }
+
+    template <class T>
+    std::optional<T> valueOf(const AXElement& element, std::string_view name)
+    {
+        const AXAttribute attribute = attributeOf(element, name);
+        const T* value = std::get_if<T>(&attribute.value);
+        return attribute.error == AXError::success && value ? std::optional(*value) : std::nullopt;
+    }
+
+    // The window that a process has in focus, else its main window; null without one.
+    AXElement focusedElement(ProcessID pid)
+    {
+        const AXElement application = accessibility.createApplicationElement(pid);
+        for (const char* name : {"AXFocusedWindow", "AXMainWindow"}) {
+            if (const auto found = valueOf<AXElement>(application, name))
+                return *found;
+        }
+        return nullptr;
+    }
+
+    xcb_window_t focusedWindow()
+    {
+        return static_cast<xcb_window_t>(accessibility.windowNumber(focusedElement(frontmost())).number);
+    }
+
+    std::optional<Rect> listedBounds(xcb_window_t window)
+    {
+        const auto list =
+            windowInfo.copyWindowInfo(WindowListOptions::includingWindow, static_cast<WindowNumber>(window));
+        return list->empty() ? std::nullopt : std::optional(std::get<Rect>(list->front().bounds));
+    }
+
+    std::vector<xcb_window_t> listedWindows()
+    {
+        std::vector<xcb_window_t> windows;
+        const auto options = WindowListOptions::onScreenOnly | WindowListOptions::excludeDesktopElements;
+        const auto list = windowInfo.copyWindowInfo(options, WindowNumber::none);
+        for (const WindowInfo& info : *list)
+            windows.push_back(static_cast<xcb_window_t>(std::get<std::int64_t>(info.number)));
+        return windows;
+    }
+
+    std::string display;
+    LinuxRunLoop loop;
+    std::unique_ptr<X11Connection> connection;
+    X11Scale scale;
+    X11Screens screens;
+    X11WindowManager windowManager;
+    X11Clients clients;
+    X11Workspace workspace;
+    X11Accessibility accessibility;
+    X11WindowInfoSource windowInfo;
+};
+
+// Root pixels as points of the global space, on a desktop with one unscaled screen.
+inline Rect pointsOf(const ScreenRect& rect)
+{
+    return {double(rect.x), double(rect.y), double(rect.width), double(rect.height)};
+}
+
+// A server that cannot tell which process a window belongs to, so that the window's own word counts.
+inline X11ServerOptions withoutProcessIds() { return {.arguments = {"-extension", "X-Resource"}}; }
+
+// The window managers that differ most: in frames, in how they minimise, and in what they say of the focus.
+inline std::string nameOf(WindowManager windowManager)
+{
+    switch (windowManager) {
+    case WindowManager::openbox:
+        return "openbox";
+    case WindowManager::xfwm4:
+        return "xfwm4";
+    case WindowManager::metacity:
+        return "metacity";
+    default:
+        return "other";
+    }
+}
+
+inline std::string nameOfParameter(const testing::TestParamInfo<WindowManager>& info) { return nameOf(info.param); }
+
+inline void PrintTo(WindowManager windowManager, std::ostream* out) { *out << nameOf(windowManager); }
+
+} // namespace haloric

@@ -1,0 +1,259 @@
+// Hotkeys on a real server, pressed as by the keyboard.
+#include "hosts/x11/input/X11Hotkeys.h"
+
+#include "hosts/linux/loop/LinuxRunLoop.h"
+#include "testing/x11/TestInput.h"
+#include "testing/x11/X11Server.h"
+
+#include <xcb/xtest.h>
+
+#define XK_LATIN1
+#define XK_MISCELLANY
+#define XK_CYRILLIC
+#include <X11/keysymdef.h>
+
+namespace haloric {
+namespace {
+
+constexpr Hotkey kHotkey{.keyCode = 3, .modifiers = 6400, .signature = 0x484C5243, .number = 1};
+constexpr std::uint8_t kKeyCodeOfF = 41;
+const std::vector<std::uint32_t> kModifiers{XK_Control_L, XK_Alt_L, XK_Super_L};
+
+struct X11HotkeysTest : testing::Test {
+    // A held key repeats soon.
+    X11Server server{{.width = 200, .height = 100, .arguments = {"-ardelay", "20", "-arinterval", "10"}}};
+    TestConnection user{server.display()};
+    TestInput input{user};
+    LinuxRunLoop loop;
+    std::unique_ptr<X11Connection> connection = X11Connection::open(server.display().c_str(), loop);
+    X11Hotkeys hotkeys{*connection, loop};
+    int presses = 0;
+    int pressesSeenByFocus = 0;
+    EventHandlerRef handler = hotkeys.installEventHandler(X11Hotkeys::kPressed, [this] {
+        ++presses;
+        return Hotkeys::kNoError;
+    });
+
+    X11HotkeysTest()
+    {
+        // The user's own window has the focus, and would get what is not consumed.
+        const xcb_window_t window = xcb_generate_id(user.raw());
+        const std::uint32_t mask = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_FOCUS_CHANGE;
+        xcb_create_window(user.raw(), XCB_COPY_FROM_PARENT, window, user.root(), 0, 0, 50, 50, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
+        xcb_map_window(user.raw(), window);
+        xcb_set_input_focus(user.raw(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+        user.onEvent = [this](const xcb_generic_event_t& event) {
+            const auto& press = reinterpret_cast<const xcb_key_press_event_t&>(event);
+            if (event.response_type == XCB_KEY_PRESS && press.detail == kKeyCodeOfF)
+                ++pressesSeenByFocus;
+        };
+        user.synchronize();
+    }
+
+    void settle()
+    {
+        for (int pass = 0; pass < 2; ++pass) { // the second takes in what the first asked for
+            const XcbReply<xcb_get_input_focus_reply_t> reply(
+                xcb_get_input_focus_reply(connection->raw(), xcb_get_input_focus(connection->raw()), nullptr));
+            loop.turn(Seconds(0));
+            loop.turn(Seconds(0));
+        }
+    }
+
+    // The server tells times in milliseconds, and no hand releases and presses a key within one.
+    void waitAsAHandDoes()
+    {
+        constexpr std::uint32_t kMilliseconds = 3; // after which the server moves the pointer
+        xcb_test_fake_input(user.raw(), XCB_MOTION_NOTIFY, 0, kMilliseconds, user.root(), 150, 50, 0);
+        user.synchronize();
+    }
+
+    // How often one press of the combination is told.
+    int pressesOf(std::uint32_t key = 'f')
+    {
+        presses = 0;
+        waitAsAHandDoes();
+        auto chord = kModifiers;
+        chord.push_back(key);
+        input.chord(chord);
+        settle();
+        user.processEvents();
+        return presses;
+    }
+
+    void setLayout(const std::string& layout) const
+    {
+        ChildProcess process({{"setxkbmap", layout}, server.environment(), {}, -1});
+        ASSERT_EQ(process.waitForExit(), 0) << process.standardError();
+    }
+};
+
+TEST_F(X11HotkeysTest, a_press_is_told_once_and_consumed)
+{
+    ASSERT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    EXPECT_EQ(pressesOf(), 1);
+    EXPECT_EQ(pressesOf(), 1);
+    EXPECT_EQ(pressesSeenByFocus, 0);
+}
+
+TEST_F(X11HotkeysTest, before_it_is_registered_and_after_the_press_goes_to_whoever_has_the_focus)
+{
+    EXPECT_EQ(pressesOf(), 0);
+    EXPECT_EQ(pressesSeenByFocus, 1);
+    const HotkeyRef hotkey = hotkeys.registerHotkey(kHotkey, 0);
+    hotkeys.unregisterHotkey(hotkey);
+    EXPECT_EQ(pressesOf(), 0);
+    EXPECT_EQ(pressesSeenByFocus, 2);
+    ASSERT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    EXPECT_EQ(pressesOf(), 1);
+}
+
+TEST_F(X11HotkeysTest, other_combinations_are_left_alone)
+{
+    ASSERT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    input.chord({XK_Control_L, XK_Alt_L, 'f'});
+    input.chord({XK_Control_L, XK_Alt_L, XK_Super_L, XK_Shift_L, 'f'});
+    settle();
+    user.processEvents();
+    EXPECT_EQ(presses, 0);
+    EXPECT_EQ(pressesSeenByFocus, 2);
+    EXPECT_EQ(pressesOf('g'), 0);
+}
+
+TEST_F(X11HotkeysTest, lock_keys_do_not_matter)
+{
+    ASSERT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    input.chord({XK_Num_Lock});
+    EXPECT_EQ(pressesOf(), 1);
+    input.chord({XK_Caps_Lock});
+    EXPECT_EQ(pressesOf(), 1);
+    input.chord({XK_Num_Lock});
+    EXPECT_EQ(pressesOf(), 1);
+    input.chord({XK_Scroll_Lock});
+    EXPECT_EQ(pressesOf(), 1);
+}
+
+TEST_F(X11HotkeysTest, a_held_key_counts_once)
+{
+    // The repeats are real ones: with the hotkey free, the focused window gets them.
+    for (const std::uint32_t key : kModifiers)
+        input.pressKey(key);
+    input.pressKey('f');
+    ASSERT_TRUE(user.waitUntil([&] { return pressesSeenByFocus >= 4; }));
+    input.releaseKey('f');
+    ASSERT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+
+    int repeats = 0;
+    const auto subscription = connection->onEvent(XCB_KEY_PRESS, [&](const xcb_generic_event_t&) { ++repeats; });
+    input.pressKey('f');
+    const Deadline deadline(kPatience);
+    while (repeats < 4 && !deadline.isOver())
+        loop.turn(Seconds(0.01));
+    EXPECT_GE(repeats, 4);
+    EXPECT_EQ(presses, 1);
+    input.releaseKey('f');
+    settle();
+    waitAsAHandDoes();
+    input.pressKey('f');
+    input.releaseKey('f');
+    settle();
+    EXPECT_EQ(presses, 2);
+}
+
+TEST_F(X11HotkeysTest, a_combination_that_another_program_has_changes_nothing)
+{
+    TestConnection stranger(server.display());
+    const auto grabbed = xcb_grab_key_checked(stranger.raw(), 0, stranger.root(), 0x4C | XCB_MOD_MASK_LOCK, kKeyCodeOfF,
+                                              XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    ASSERT_EQ(xcb_request_check(stranger.raw(), grabbed), nullptr);
+    EXPECT_EQ(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    EXPECT_EQ(pressesOf(), 0);
+    EXPECT_EQ(pressesSeenByFocus, 1); // not even the part that was free is kept
+    hotkeys.unregisterHotkey(HotkeyRef::none);
+
+    xcb_ungrab_key(stranger.raw(), kKeyCodeOfF, stranger.root(), XCB_MOD_MASK_ANY);
+    stranger.synchronize();
+    EXPECT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    EXPECT_EQ(pressesOf(), 1);
+}
+
+TEST_F(X11HotkeysTest, the_same_combination_a_second_time_is_taken)
+{
+    const HotkeyRef first = hotkeys.registerHotkey(kHotkey, 0);
+    EXPECT_EQ(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    EXPECT_EQ(pressesOf(), 1);
+    hotkeys.unregisterHotkey(first);
+    EXPECT_EQ(pressesOf(), 0);
+}
+
+TEST_F(X11HotkeysTest, a_new_layout_is_followed)
+{
+    ASSERT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    setLayout("dvorak");
+    settle();
+    EXPECT_EQ(pressesOf('f'), 1); // where the new layout has it
+    EXPECT_EQ(pressesSeenByFocus, 0);
+    EXPECT_EQ(pressesOf('u'), 0); // where it was
+    EXPECT_EQ(pressesSeenByFocus, 1);
+    setLayout("us");
+    settle();
+    EXPECT_EQ(pressesOf('f'), 1);
+}
+
+TEST_F(X11HotkeysTest, a_layout_without_latin_letters_has_it_at_the_same_place)
+{
+    setLayout("ru");
+    settle();
+    ASSERT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    EXPECT_EQ(pressesOf(XK_Cyrillic_a), 1);
+}
+
+TEST_F(X11HotkeysTest, it_comes_to_life_with_a_modifier_that_the_keyboard_lacked)
+{
+    xcb_connection_t* raw = user.raw();
+    const TestConnection::Reply<xcb_get_modifier_mapping_reply_t> usual(
+        xcb_get_modifier_mapping_reply(raw, xcb_get_modifier_mapping(raw), nullptr));
+    ASSERT_TRUE(usual);
+    const std::size_t each = usual->keycodes_per_modifier;
+    const xcb_keycode_t* keys = xcb_get_modifier_mapping_keycodes(usual.get());
+    std::vector<xcb_keycode_t> withoutSuper(keys, keys + each * 8);
+    std::fill_n(withoutSuper.begin() + static_cast<std::ptrdiff_t>(6 * each), each, xcb_keycode_t{0});
+    const auto set = [&](const xcb_keycode_t* map) {
+        const TestConnection::Reply<xcb_set_modifier_mapping_reply_t> reply(xcb_set_modifier_mapping_reply(
+            raw, xcb_set_modifier_mapping(raw, usual->keycodes_per_modifier, map), nullptr));
+        ASSERT_TRUE(reply);
+        ASSERT_EQ(reply->status, XCB_MAPPING_STATUS_SUCCESS);
+        settle();
+    };
+    set(withoutSuper.data());
+    ASSERT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    EXPECT_EQ(pressesOf(), 0);
+    set(keys);
+    EXPECT_EQ(pressesOf(), 1);
+}
+
+TEST_F(X11HotkeysTest, only_handlers_for_that_event_are_called_and_the_newest_first)
+{
+    ASSERT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    constexpr std::int32_t kNotHandled = -9874;
+    int offered = 0;
+    const auto later = hotkeys.installEventHandler(X11Hotkeys::kPressed, [&] {
+        ++offered;
+        return kNotHandled;
+    });
+    hotkeys.installEventHandler({.eventClass = X11Hotkeys::kPressed.eventClass, .kind = 6}, [&] {
+        ADD_FAILURE() << "another kind of event";
+        return Hotkeys::kNoError;
+    });
+    EXPECT_EQ(pressesOf(), 1);
+    EXPECT_EQ(offered, 1);
+    hotkeys.removeEventHandler(later);
+    hotkeys.removeEventHandler(handler);
+    EXPECT_EQ(pressesOf(), 0);
+    EXPECT_EQ(offered, 1);
+    EXPECT_EQ(pressesSeenByFocus, 0);
+}
+
+} // namespace
+} // namespace haloric

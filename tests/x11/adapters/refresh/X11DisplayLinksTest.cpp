@@ -1,0 +1,107 @@
+#include "hosts/x11/refresh/X11DisplayLinks.h"
+
+#include "x11/adapters/DesktopAdapters.h"
+
+#include <xcb/present.h>
+
+namespace haloric {
+namespace {
+
+struct X11DisplayLinksTest : testing::Test {
+    X11Session session{WindowManager::none};
+    DesktopAdapters adapters{session.display()};
+    X11DisplayLinks links{*adapters.connection, adapters.loop, adapters.scale};
+    int ticks = 0;
+
+    std::unique_ptr<ScreenDisplayLink> makeLink()
+    {
+        auto link = links.makeScreenLink(adapters.screens.all().front(), [this] { ++ticks; });
+        link->setPreferredFrameRateRange({60, 60, 60});
+        return link;
+    }
+};
+
+TEST_F(X11DisplayLinksTest, a_link_ticks_with_the_refresh)
+{
+    ASSERT_TRUE(links.followRefresh());
+    EXPECT_TRUE(links.screenLinksAvailable());
+    const auto link = makeLink();
+    adapters.settle();
+    EXPECT_EQ(ticks, 0); // not on the loop yet
+    const Seconds start = adapters.loop.systemUptime();
+    link->addToMainRunLoop();
+    ASSERT_TRUE(adapters.waitUntil([&] { return ticks >= 30; }));
+    const double perSecond = ticks / (adapters.loop.systemUptime() - start).count();
+    EXPECT_LT(perSecond, 90); // the server counts sixty; a busy machine may miss some
+}
+
+TEST_F(X11DisplayLinksTest, an_invalidated_link_asks_no_more)
+{
+    const auto link = makeLink();
+    link->addToMainRunLoop();
+    ASSERT_TRUE(adapters.waitUntil([&] { return ticks >= 2; }));
+    link->invalidate();
+    int completions = 0;
+    const auto subscription =
+        adapters.connection->onGenericEvent(&xcb_present_id, [&](const xcb_generic_event_t&) { ++completions; });
+    const int before = ticks;
+    const auto second = makeLink(); // refreshes that come meanwhile are told to another link
+    second->addToMainRunLoop();
+    ASSERT_TRUE(adapters.waitUntil([&] { return ticks >= before + 5; }));
+    EXPECT_LE(completions, ticks - before + 1); // at most one was under way
+}
+
+TEST_F(X11DisplayLinksTest, two_links_tick_each_for_itself)
+{
+    int other = 0;
+    const auto first = makeLink();
+    const auto second = links.makeScreenLink(adapters.screens.all().front(), [&] { ++other; });
+    first->addToMainRunLoop();
+    second->addToMainRunLoop();
+    ASSERT_TRUE(adapters.waitUntil([&] { return ticks >= 10 && other >= 10; }));
+    EXPECT_LE(std::abs(ticks - other), 3);
+}
+
+TEST_F(X11DisplayLinksTest, a_tick_may_end_its_link)
+{
+    std::unique_ptr<ScreenDisplayLink> link;
+    link = links.makeScreenLink(adapters.screens.all().front(), [&] {
+        ++ticks;
+        link.reset();
+    });
+    link->addToMainRunLoop();
+    ASSERT_TRUE(adapters.waitUntil([&] { return ticks == 1; }));
+    adapters.settle();
+    EXPECT_EQ(ticks, 1);
+}
+
+TEST_F(X11DisplayLinksTest, without_refreshes_a_timer_takes_over)
+{
+    const auto link = makeLink();
+    link->addToMainRunLoop();
+    ASSERT_TRUE(adapters.waitUntil([&] { return ticks >= 2; }));
+    // The server forgets every window of the clock, and with them what was asked.
+    const auto children = session.observer().rootChildren();
+    for (const RootChild& child : children)
+        xcb_destroy_window(session.observer().raw(), child.window);
+    session.observer().synchronize();
+    const int before = ticks;
+    EXPECT_TRUE(adapters.waitUntil([&] { return ticks >= before + 20; }));
+}
+
+TEST_F(X11DisplayLinksTest, links_by_display_number_do_not_exist)
+{
+    EXPECT_EQ(links.makeVideoLink(DisplayID{1}), nullptr);
+}
+
+TEST_F(X11DisplayLinksTest, a_source_delivers_on_the_loop)
+{
+    const auto source = links.makeDataAddSource([this] { ++ticks; });
+    source->resume();
+    source->add(1);
+    EXPECT_EQ(ticks, 0);
+    EXPECT_TRUE(adapters.waitUntil([&] { return ticks == 1; }));
+}
+
+} // namespace
+} // namespace haloric

@@ -1,0 +1,49 @@
+// What the tracker asks at every frame of the display costs neither memory nor a round trip.
+#include "hosts/x11/windows/X11WindowServerLibrary.h"
+
+#include "support/AllocationCounter.h"
+#include "x11/adapters/DesktopAdapters.h"
+
+namespace haloric {
+namespace {
+
+TEST(TickCost, a_tick_without_change_allocates_nothing_and_asks_the_server_nothing)
+{
+    X11Session session(WindowManager::openbox);
+    DesktopAdapters adapters(session.display());
+    const auto client = session.makeClient();
+    ASSERT_TRUE(client->showFocused());
+    ASSERT_TRUE(adapters.waitUntil([&] { return adapters.focusedWindow() == client->window(); }));
+    X11WindowServerLibrary library(*adapters.connection, adapters.display.c_str(), adapters.clients, adapters.scale);
+    const auto opened = library.open("", 0);
+    const auto request =
+        reinterpret_cast<decltype(WindowServerEntries::request)>(opened->find("SLSRequestNotificationsForWindows"));
+    const auto getBounds =
+        reinterpret_cast<decltype(WindowServerEntries::getBounds)>(opened->find("SLSGetWindowBounds"));
+    const std::uint32_t window = client->window();
+    ASSERT_EQ(request(1, &window, 1), 0);
+    adapters.settle();
+
+    bool isAnswered = true;
+    const auto tick = [&] {
+        WindowServerEntries::CRect bounds{};
+        isAnswered = isAnswered && getBounds(1, window, &bounds) == 0 && bounds.width > 0 &&
+                     adapters.workspace.frontmostApplication().has_value() &&
+                     adapters.accessibility.isProcessTrusted() && !adapters.screens.all().empty();
+    };
+    const auto allocationsOfTicks = [&] {
+        const auto before = allocationCount();
+        for (int count = 0; count < 1000; ++count)
+            tick();
+        return allocationCount() - before;
+    };
+    xcb_connection_t* raw = adapters.connection->raw();
+    const auto sequenceBefore = xcb_no_operation(raw).sequence;
+    // All threads are counted, and the one that watches may still be reading the window.
+    EXPECT_TRUE(session.observer().waitUntil([&] { return allocationsOfTicks() == 0; }));
+    EXPECT_TRUE(isAnswered);
+    EXPECT_EQ(xcb_no_operation(raw).sequence - sequenceBefore, 1U);
+}
+
+} // namespace
+} // namespace haloric

@@ -1,0 +1,137 @@
+#include "x11/adapters/AccessibilityAdapters.h"
+
+#include <thread>
+
+namespace haloric {
+namespace {
+
+using X11AccessibilityObserverTest = AccessibilityAdapters;
+
+TEST_P(X11AccessibilityObserverTest, minimising_and_restoring_are_seen_and_told)
+{
+    const auto client = session.makeClient();
+    const auto other = session.makeClient({.content = {800, 600, 300, 200}});
+    ASSERT_TRUE(other->show());
+    const AXElement element = focus(*client);
+    observe(kSelf);
+    ASSERT_TRUE(client->minimise());
+    EXPECT_TRUE(hears("AXWindowMiniaturized"));
+    EXPECT_EQ(adapters.valueOf<bool>(element, "AXMinimized"), true);
+    EXPECT_TRUE(adapters.waitUntil([&] {
+        const auto listed = adapters.listedWindows();
+        return std::ranges::find(listed, client->window()) == listed.end();
+    }));
+    ASSERT_TRUE(client->focus());
+    EXPECT_TRUE(hears("AXWindowDeminiaturized"));
+    EXPECT_TRUE(adapters.waitUntil([&] { return adapters.valueOf<bool>(element, "AXMinimized") == false; }));
+}
+
+TEST_P(X11AccessibilityObserverTest, moves_and_resizes_are_told)
+{
+    const auto client = session.makeClient();
+    focus(*client);
+    observe(kSelf);
+    adapters.settle();
+    heard.clear();
+    ASSERT_TRUE(client->moveTo(350, 320));
+    EXPECT_TRUE(hears("AXWindowMoved"));
+    ASSERT_TRUE(client->resizeTo(500, 300));
+    EXPECT_TRUE(hears("AXWindowResized"));
+}
+
+TEST_P(X11AccessibilityObserverTest, a_focus_change_within_the_application_is_told)
+{
+    const auto one = session.makeClient();
+    const auto other = session.makeClient({.content = {800, 600, 300, 200}});
+    ASSERT_TRUE(adapters.appear(*other));
+    ASSERT_TRUE(adapters.appear(*one));
+    observe(kSelf);
+    ASSERT_TRUE(other->focus());
+    EXPECT_TRUE(hears("AXFocusedWindowChanged"));
+    EXPECT_TRUE(hears("AXMainWindowChanged"));
+    EXPECT_TRUE(adapters.waitUntil([&] { return adapters.focusedWindow() == other->window(); }));
+}
+
+TEST_P(X11AccessibilityObserverTest, a_focus_change_before_the_installation_is_told_after_it)
+{
+    const auto one = session.makeClient();
+    const auto other = session.makeClient({.content = {800, 600, 300, 200}});
+    makeObserverOvertakenByFocus(*one, *other);
+    EXPECT_TRUE(heard.empty()) << "not within the installation";
+    EXPECT_TRUE(hears("AXFocusedWindowChanged"));
+    EXPECT_EQ(std::ranges::count(heard, "AXFocusedWindowChanged"), 1);
+}
+
+TEST_P(X11AccessibilityObserverTest, an_observer_that_was_taken_off_at_once_is_not_told_of_an_earlier_focus_change)
+{
+    const auto one = session.makeClient();
+    const auto other = session.makeClient({.content = {800, 600, 300, 200}});
+    makeObserverOvertakenByFocus(*one, *other);
+    observer->removeFromMainRunLoop();
+    adapters.settle();
+    EXPECT_TRUE(heard.empty());
+}
+
+TEST_P(X11AccessibilityObserverTest, windows_that_come_and_go_are_told)
+{
+    const auto one = session.makeClient();
+    focus(*one);
+    observe(kSelf);
+    auto other = session.makeClient({.content = {800, 600, 300, 200}});
+    ASSERT_TRUE(other->show());
+    EXPECT_TRUE(hears("AXWindowCreated"));
+    ASSERT_TRUE(other->destroy());
+    EXPECT_TRUE(hears("AXUIElementDestroyed"));
+}
+
+TEST_P(X11AccessibilityObserverTest, an_observer_off_the_run_loop_hears_nothing)
+{
+    const auto client = session.makeClient();
+    focus(*client);
+    observe(kSelf);
+    observer->removeFromMainRunLoop();
+    heard.clear();
+    ASSERT_TRUE(client->moveTo(400, 350));
+    ASSERT_TRUE(adapters.waitUntil(
+        [&] { return adapters.listedBounds(client->window()) == pointsOf(client->visibleFrame()); }));
+    EXPECT_TRUE(heard.empty());
+}
+
+TEST_P(X11AccessibilityObserverTest, an_observer_of_another_process_hears_nothing)
+{
+    const auto client = session.makeClient();
+    focus(*client);
+    observe(ProcessID{1});
+    ASSERT_TRUE(client->moveTo(400, 350));
+    ASSERT_TRUE(adapters.waitUntil(
+        [&] { return adapters.listedBounds(client->window()) == pointsOf(client->visibleFrame()); }));
+    EXPECT_TRUE(heard.empty());
+}
+
+TEST_P(X11AccessibilityObserverTest, an_observer_may_be_released_while_it_delivers)
+{
+    const auto client = session.makeClient();
+    focus(*client);
+    int calls = 0;
+    observer = adapters.accessibility.createObserver(kSelf, [&](std::string_view) {
+        ++calls;
+        observer->removeFromMainRunLoop();
+        std::thread([this] { observer.reset(); }).join();
+    });
+    const AXElement application = adapters.accessibility.createApplicationElement(kSelf);
+    for (const char* name : kNames)
+        observer->addNotification(application, name);
+    observer->addToMainRunLoop();
+    client->requestContent({400, 350, 500, 450}); // moves and resizes: two notifications, one of which is heard
+    ASSERT_TRUE(adapters.waitUntil([&] { return calls > 0; }));
+    ASSERT_TRUE(adapters.waitUntil(
+        [&] { return adapters.listedBounds(client->window()) == pointsOf(client->visibleFrame()); }));
+    EXPECT_EQ(calls, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Under, X11AccessibilityObserverTest,
+                         testing::Values(WindowManager::openbox, WindowManager::xfwm4, WindowManager::metacity),
+                         nameOfParameter);
+
+} // namespace
+} // namespace haloric

@@ -1,0 +1,87 @@
+// Desktops with a scale: the border is that much wider, and its edge is the window's, to the pixel.
+#include "x11/program/scenes/Scene.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace haloric {
+namespace {
+
+// At 120 dpi, the window of the highlight begins half a pixel off the grid with this glow: 47.5 before the frame.
+constexpr const char* kOffTheGrid = R"({"pulseEnabled": false, "glowRadius": 17})";
+
+class ScaleScene : public Scene {
+protected:
+    // Before the program starts.
+    void setTextResolution(int dotsPerInch)
+    {
+        session.observer().setText(session.observer().root(), "RESOURCE_MANAGER",
+                                   "Xft.dpi:\t" + std::to_string(dotsPerInch) + "\n");
+        session.observer().synchronize();
+    }
+
+    // Waits until the outermost rows of pixels at each edge of the window are `whole` ones of the border's colour, and
+    // the border ends after `all`.
+    bool waitForRows(TestClient& client, int whole, int all)
+    {
+        return session.waitForPixels(nameOfTest() + "-rows", {0, 0, 1920, 1080}, [&](const ScreenImage& now) {
+            const ScreenRect frame = client.visibleFrame();
+            for (int depth = 0; depth < whole; ++depth) {
+                if (accents(now, frame, depth) != kEdges)
+                    return false;
+            }
+            return accents(now, frame, all) == 0;
+        });
+    }
+
+private:
+    static constexpr int kEdges = 4;
+
+    // On how many edges the row at that depth is of the border's colour.
+    static int accents(const ScreenImage& image, const ScreenRect& frame, int depth)
+    {
+        const int middleX = frame.x + frame.width / 2;
+        const int middleY = frame.y + frame.height / 2;
+        const std::array<Pixel, kEdges> row{
+            image.at(frame.x + depth, middleY), image.at(frame.right() - 1 - depth, middleY),
+            image.at(middleX, frame.y + depth), image.at(middleX, frame.bottom() - 1 - depth)};
+        return static_cast<int>(std::count_if(row.begin(), row.end(),
+                                              [](Pixel pixel) { return colorDistance(pixel, kAccent) <= kTolerance; }));
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Desktops, ScaleScene, testing::Values(kOpenboxPicom, kXfwm4, kOpenbox), nameOf);
+
+TEST_P(ScaleScene, at_twice_the_scale_the_border_is_twice_as_wide)
+{
+    setTextResolution(192);
+    const auto client = openFocused();
+    startAround(*client);
+    EXPECT_TRUE(waitForRows(*client, 6, 6)) << log();
+    ASSERT_TRUE(client->setContent({411, 277, 603, 401}));
+    EXPECT_TRUE(waitForRows(*client, 6, 6)) << log();
+}
+
+TEST_P(ScaleScene, at_a_broken_scale_the_border_lies_on_the_edges)
+{
+    setTextResolution(120);
+    const auto client = openFocused();
+    startAround(*client, kOffTheGrid);
+    EXPECT_TRUE(waitForRows(*client, 3, 4)) << log(); // 3.75 wide
+    ASSERT_TRUE(client->setContent({411, 277, 603, 401}));
+    EXPECT_TRUE(waitForRows(*client, 3, 4)) << log();
+}
+
+TEST_P(ScaleScene, at_a_broken_scale_the_border_stays_on_the_edges_while_the_window_is_dragged)
+{
+    setTextResolution(120);
+    const auto client = openFocused();
+    startAround(*client, kOffTheGrid);
+    ASSERT_TRUE(dragByTitleBar(*client, 151, 90));
+    EXPECT_TRUE(waitForRows(*client, 3, 4)) << log();
+    session.input().release();
+    EXPECT_TRUE(waitForRows(*client, 3, 4)) << log();
+}
+
+} // namespace
+} // namespace haloric

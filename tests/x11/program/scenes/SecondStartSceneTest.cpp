@@ -1,0 +1,183 @@
+// The program started while it runs already, and what it can be told from a command line.
+#include "testing/x11/ProgramShell.h"
+#include "x11/program/scenes/Scene.h"
+
+#include <algorithm>
+#include <csignal>
+#include <fstream>
+
+namespace haloric {
+namespace {
+
+struct SecondStartScene : testing::Test {
+    struct Outcome {
+        std::optional<int> exitCode;
+        std::string output;
+        std::string errors;
+    };
+
+    X11Session session{WindowManager::openbox};
+
+    static Outcome start(const std::vector<std::string>& arguments, const Environment& environment)
+    {
+        ChildProcess::Options options{{HaloricProcess::program().string()}, environment, {}, -1};
+        options.command.insert(options.command.end(), arguments.begin(), arguments.end());
+        ChildProcess program(options);
+        const auto exitCode = program.waitForExit();
+        return {exitCode, program.standardOutput(), program.standardError()};
+    }
+    Outcome start(const std::vector<std::string>& arguments) { return start(arguments, session.environment()); }
+
+    std::string stored()
+    {
+        std::ifstream file(HaloricProcess::settingsFile(session.environment()));
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    // Around a focused window; returns once the program is at work.
+    std::unique_ptr<TestClient> client;
+    void awaitWork(HaloricProcess& haloric)
+    {
+        client = session.makeClient();
+        ASSERT_TRUE(client->showFocused());
+        ASSERT_TRUE(haloric.waitForHighlight(client->visibleFrame())) << haloric.process().standardError();
+    }
+    // The same for a program that opens its settings: no other window may have the focus then.
+    void awaitSettings(HaloricProcess& haloric)
+    {
+        DesktopObserver& observer = session.observer();
+        const auto activeTitle = [&] { return observer.text(observer.activeWindow(), "_NET_WM_NAME"); };
+        ASSERT_TRUE(observer.waitUntil([&] { return activeTitle() == kSettingsTitle; }))
+            << haloric.process().standardError();
+        const xcb_window_t frame = observer.topLevelOf(observer.activeWindow());
+        ASSERT_TRUE(haloric.waitForHighlight(observer.rectOnRoot(frame))) << haloric.process().standardError();
+    }
+};
+
+TEST_F(SecondStartScene, a_second_start_leaves_the_work_to_the_first)
+{
+    HaloricProcess first(session, kStill);
+    awaitWork(first);
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{}, {"--settings"}}) {
+        const auto second = start(arguments);
+        EXPECT_EQ(second.exitCode, 0) << second.errors;
+        EXPECT_EQ(second.errors, "");
+    }
+    EXPECT_TRUE(first.process().isRunning());
+    EXPECT_EQ(first.stop(), 0);
+}
+
+TEST_F(SecondStartScene, of_several_starts_at_once_one_runs)
+{
+    std::vector<std::unique_ptr<HaloricProcess>> starts;
+    for (int index = 0; index < 4; ++index)
+        starts.push_back(std::make_unique<HaloricProcess>(session, kStill));
+    const auto running = [&] {
+        return std::ranges::count_if(starts, [](const auto& each) { return each->process().isRunning(); });
+    };
+    ASSERT_TRUE(session.observer().waitUntil([&] { return running() == 1; }));
+    for (const auto& each : starts) {
+        if (!each->process().isRunning()) {
+            EXPECT_EQ(each->process().waitForExit(), 0) << each->process().standardError();
+        } else {
+            awaitSettings(*each); // that is what the others asked of it
+        }
+    }
+    EXPECT_EQ(running(), 1);
+}
+
+TEST_F(SecondStartScene, a_killed_program_is_no_obstacle)
+{
+    {
+        HaloricProcess killed(session, kStill);
+        awaitWork(killed);
+        killed.process().signal(SIGKILL);
+        ASSERT_EQ(killed.process().waitForExit(), 128 + SIGKILL);
+    }
+    EXPECT_EQ(start({"--quit"}).exitCode, 3);
+    HaloricProcess next(session, kStill);
+    awaitWork(next);
+}
+
+TEST_F(SecondStartScene, it_quits_when_told_and_has_gone_when_that_returns)
+{
+    HaloricProcess first(session, kStill);
+    awaitWork(first);
+    const auto quit = start({"--quit"});
+    EXPECT_EQ(quit.exitCode, 0) << quit.errors;
+    EXPECT_EQ(first.process().waitForExit(), 0);
+    EXPECT_TRUE(first.waitForNothing());
+}
+
+TEST_F(SecondStartScene, toggling_the_border_and_the_glow_takes_the_highlight_away_and_brings_it_back)
+{
+    HaloricProcess first(session, R"({"pulseEnabled": false, "glowEnabled": false})");
+    awaitWork(first);
+    const auto off = start({"--toggle", "border"});
+    EXPECT_EQ(off.exitCode, 0) << off.errors;
+    EXPECT_EQ(off.output, "border is off\n");
+    const ScreenRect frame = client->visibleFrame();
+    EXPECT_TRUE(session.observer().waitUntil([&] { return !hasBorder(session.observer().capture(frame), frame); }));
+    EXPECT_NE(stored().find(R"("borderEnabled":false)"), std::string::npos) << stored();
+    EXPECT_EQ(start({"--toggle", "border"}).output, "border is on\n");
+    EXPECT_TRUE(session.observer().waitUntil([&] { return hasBorder(session.observer().capture(frame), frame); }));
+}
+
+TEST_F(SecondStartScene, without_a_running_program_commands_say_so_and_exit_with_3)
+{
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--quit"}, {"--toggle", "glow"}}) {
+        const auto command = start(arguments);
+        EXPECT_EQ(command.exitCode, 3);
+        EXPECT_EQ(command.errors, "haloric: no instance is running on this display\n");
+    }
+    EXPECT_EQ(start({"--toggle", "sound"}).exitCode, 2);
+}
+
+TEST_F(SecondStartScene, the_settings_in_force_are_printed_alike_with_and_without_a_running_program)
+{
+    for (const std::string record : {R"({"borderWidth": 5.5, "dimApps": ["a"]})", R"({"borderWidth": "wide"})"}) {
+        std::optional<HaloricProcess> first(std::in_place, session, record);
+        awaitWork(*first);
+        const auto running = start({"--print-settings"});
+        EXPECT_EQ(running.exitCode, 0) << running.errors;
+        EXPECT_EQ(first->stop(), 0);
+        const auto alone = start({"--print-settings"});
+        EXPECT_EQ(alone.exitCode, 0) << alone.errors;
+        EXPECT_EQ(running.output, alone.output);
+        const bool isReadable = record.find("5.5") != std::string::npos;
+        EXPECT_NE(alone.output.find(isReadable ? R"("borderWidth":5.5)" : R"("borderWidth":3.0)"), std::string::npos)
+            << alone.output;
+        client.reset();
+    }
+}
+
+TEST_F(SecondStartScene, the_settings_are_printed_without_a_display)
+{
+    auto environment = session.environment();
+    environment.erase("DISPLAY");
+    const auto printed = start({"--print-settings"}, environment);
+    EXPECT_EQ(printed.exitCode, 0) << printed.errors;
+    EXPECT_NE(printed.output.find(R"("cornerRadius":11.0)"), std::string::npos) << printed.output;
+    EXPECT_EQ(start({"--quit"}, environment).exitCode, 3);
+}
+
+TEST_F(SecondStartScene, settings_without_a_running_program_start_it)
+{
+    HaloricProcess first(session, kStill, {"--settings"});
+    awaitSettings(first);
+    EXPECT_EQ(start({"--quit"}).exitCode, 0);
+    EXPECT_EQ(first.process().waitForExit(), 0);
+}
+
+TEST_F(SecondStartScene, a_display_has_an_instance_of_its_own)
+{
+    X11Session other(WindowManager::openbox);
+    auto environment = other.environment();
+    environment["XDG_RUNTIME_DIR"] = session.environment().at("XDG_RUNTIME_DIR"); // as for one user's two displays
+    HaloricProcess first(session, kStill);
+    awaitWork(first);
+    EXPECT_EQ(start({"--quit"}, environment).exitCode, 3);
+    EXPECT_TRUE(first.process().isRunning());
+}
+
+} // namespace
+} // namespace haloric

@@ -1,0 +1,44 @@
+// The settings window among the others of the desktop.
+#include "testing/x11/Key.h"
+#include "x11/program/shell/SettingsForm.h"
+
+namespace haloric {
+namespace {
+
+class SettingsWindow : public SettingsForm {
+protected:
+    bool hasBorderAround(const ScreenRect& wanted)
+    {
+        return session.waitForPixels(nameOfTest() + "-border", wanted,
+                                     [&](const ScreenImage& now) { return hasBorder(now, wanted); });
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Desktops, SettingsWindow, testing::Values(kOpenboxPicom, kXfwm4), nameOf);
+
+TEST_P(SettingsWindow, it_is_highlighted_while_it_has_the_focus)
+{
+    open();
+    EXPECT_TRUE(hasBorderAround(frame()));
+    ASSERT_TRUE(client->focus());
+    EXPECT_TRUE(waitForBorder(*client));
+}
+
+TEST_P(SettingsWindow, it_comes_back_at_its_place_after_it_was_closed)
+{
+    open();
+    const ScreenRect first = frame();
+    constexpr std::uint32_t kXAndYByTheUser = 3U << 8 | 2U << 12;
+    session.observer().sendToRoot(shell->window(), "_NET_MOVERESIZE_WINDOW", {kXAndYByTheUser, 300, 120, 0, 0});
+    ASSERT_TRUE(session.observer().waitUntil([&] { return frame().x != first.x && frame().y != first.y; }));
+    ASSERT_TRUE(hasBorderAround(frame()));
+    const ScreenRect moved = frame();
+    session.input().chord({Key::kControl, 'w'});
+    ASSERT_TRUE(session.observer().waitUntil([this] { return shell->window() == XCB_WINDOW_NONE; }));
+    ASSERT_TRUE(client->focus());
+    ASSERT_TRUE(shell->openSettings());
+    EXPECT_TRUE(session.observer().waitUntil([&] { return frame() == moved; })) << frame().x << ", " << frame().y;
+    EXPECT_TRUE(hasBorderAround(moved));
+}
+
+} // namespace
+} // namespace haloric

@@ -1,0 +1,43 @@
+// A tray of the newer kind that is on the session bus but answers nothing, as one that hangs.
+#include "x11/program/shell/Shell.h"
+#include "x11/qt/NotifierHost.h"
+
+namespace haloric {
+namespace {
+
+class SilentTray : public Shell {
+protected:
+    void SetUp() override
+    {
+        client = openFocused({.content = {700, 600, 500, 300}});
+        ASSERT_TRUE(session.observer().waitUntil([this] { return session.observer().hasTray(); }));
+        haloric = std::make_unique<HaloricProcess>(session, kStill, std::vector<std::string>{},
+                                                   Environment{{"DBUS_SESSION_BUS_ADDRESS", tray.address()}});
+    }
+
+    NotifierHost tray{session.environment(), NotifierHost::Presence::present}; // answers from within its calls alone
+};
+INSTANTIATE_TEST_SUITE_P(Desktops, SilentTray, testing::Values(kOpenboxPicom), nameOf);
+
+TEST_P(SilentTray, it_holds_up_neither_the_first_highlight_nor_those_that_follow)
+{
+    ASSERT_TRUE(waitForBorder(*client)) << log();
+    const auto next = openFocused({.content = {200, 200, 400, 300}});
+    EXPECT_TRUE(waitForBorder(*next)) << log();
+}
+
+TEST_P(SilentTray, it_gets_the_icon_once_it_answers)
+{
+    ASSERT_TRUE(waitForBorder(*client)) << log();
+    EXPECT_TRUE(tray.waitForItem());
+}
+
+TEST_P(SilentTray, the_older_tray_gets_the_icon_once_it_has_gone)
+{
+    ASSERT_TRUE(waitForBorder(*client)) << log();
+    tray.disappear();
+    EXPECT_GT(panel.findIcon().width, 0);
+}
+
+} // namespace
+} // namespace haloric

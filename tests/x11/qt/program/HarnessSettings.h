@@ -1,0 +1,35 @@
+// A form with one control of each kind, and a menu, whose owner does nothing but keep values and say aloud what the
+// user did.
+#pragma once
+
+#include "platform/FormModel.h"
+#include "platform/MenuModel.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace haloric {
+
+class HarnessSettings {
+public:
+    std::function<void(const std::string&)> say; // one line
+    std::function<void()> changed;               // a value of the form
+
+    FormModel form();
+    MenuModel menu();
+
+    bool isOn = false;
+    bool isWellEnabled = true;
+    double width = 3;
+    Color color{0.04, 0.52, 1, 1};
+    std::size_t scope = 0;
+    std::vector<std::string> applications{"openbox", "python3.11"};
+
+private:
+    FormSection controls();
+    FormSection applicationList();
+    void note(const std::string& line);
+};
+
+} // namespace haloric

@@ -78,7 +78,8 @@ private:
     X11Compositor m_compositor{*m_desktop.connection};
     X11ToolkitWindows m_toolkitWindows{*m_desktop.connection,     m_desktop.loop, m_compositor, m_desktop.scale,
                                        m_desktop.clients.table(), m_log};
-    X11RawInput m_rawInput{*m_desktop.connection};
+    X11Keyboard m_keyboard{*m_desktop.connection};
+    X11RawInput m_rawInput{*m_desktop.connection, m_keyboard};
     X11OwnWindows m_ownWindows{*m_desktop.connection};
     X11InputMonitors m_input{m_rawInput, m_ownWindows};
     X11DisplayLinks m_displayLinks{*m_desktop.connection, m_desktop.loop, m_desktop.scale};

@@ -24,6 +24,7 @@
 #include "hosts/x11/X11Onboarding.h"
 #include "hosts/x11/input/X11Hotkeys.h"
 #include "hosts/x11/input/X11InputMonitors.h"
+#include "hosts/x11/input/X11Keyboard.h"
 #include "hosts/x11/input/X11OwnWindows.h"
 #include "hosts/x11/input/X11RawInput.h"
 #include "hosts/x11/overlay/X11Compositor.h"
@@ -66,7 +67,8 @@ struct Desktop {
           windowServerLibrary(connection, kDisplay, clients, scale),
           compositor(connection),
           toolkitWindows(connection, runLoop, compositor, scale, clients.table(), log),
-          rawInput(connection),
+          keyboard(connection),
+          rawInput(connection, keyboard),
           ownWindows(connection),
           input(rawInput, ownWindows),
           displayLinks(connection, runLoop, scale),
@@ -84,6 +86,7 @@ struct Desktop {
     X11WindowServerLibrary windowServerLibrary;
     X11Compositor compositor;
     X11ToolkitWindows toolkitWindows;
+    X11Keyboard keyboard;
     X11RawInput rawInput;
     X11OwnWindows ownWindows;
     X11InputMonitors input;
@@ -97,7 +100,7 @@ struct Shell {
         : qtWindows(desktop.ownWindows),
           statusItems(start.connection),
           formWindows(start.connection),
-          hotkeys(start.connection, start.runLoop),
+          hotkeys(start.connection, desktop.keyboard, start.runLoop),
           loginItems(LinuxLoginItemService::standardFolder(start.processes), bundle.executable()),
           updaterFramework({.runLoop = start.runLoop,
                             .source = appcasts,

@@ -9,6 +9,7 @@
 #include "hosts/posix/StandardErrorLog.h"
 #include "hosts/x11/X11Diagnostics.h"
 #include "hosts/x11/X11Program.h"
+#include "hosts/x11/input/X11Keyboard.h"
 #include "hosts/x11/input/X11RawInput.h"
 #include "hosts/x11/overlay/X11Compositor.h"
 #include "hosts/x11/overlay/X11ToolkitWindows.h"
@@ -44,7 +45,8 @@ int showDiagnostics(X11Connection& connection, LinuxRunLoop& runLoop, Log& log, 
     const X11Clients clients(connection, runLoop);
     X11Compositor compositor(connection);
     const X11ToolkitWindows toolkitWindows(connection, runLoop, compositor, scale, clients.table(), log);
-    const X11RawInput rawInput(connection);
+    X11Keyboard keyboard(connection);
+    const X11RawInput rawInput(connection, keyboard);
     const X11DisplayLinks displayLinks(connection, runLoop, scale);
     std::cout << X11Diagnostics::gather({.connection = connection,
                                          .windowManager = windowManager,

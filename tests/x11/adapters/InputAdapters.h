@@ -14,7 +14,8 @@ inline constexpr EventMask kEverything = ~EventMask{0};
 struct InputAdapters : testing::Test {
     X11Session session{WindowManager::openbox};
     DesktopAdapters adapters{session.display()};
-    X11RawInput raw{*adapters.connection};
+    X11Keyboard keyboard{*adapters.connection};
+    X11RawInput raw{*adapters.connection, keyboard};
     X11OwnWindows ownWindows{*adapters.connection};
     X11InputMonitors input{raw, ownWindows};
     std::vector<EventType> global;

@@ -4,10 +4,10 @@
 
 namespace haloric {
 
-X11Hotkeys::X11Hotkeys(X11Connection& connection, RunLoop& runLoop)
+X11Hotkeys::X11Hotkeys(X11Connection& connection, X11Keyboard& keyboard, RunLoop& runLoop)
     : m_connection(connection),
-      m_runLoop(runLoop),
-      m_keyboard(connection)
+      m_keyboard(keyboard),
+      m_runLoop(runLoop)
 {
     m_presses = connection.onEvent(XCB_KEY_PRESS, [this](const xcb_generic_event_t& event) {
         receivePress(reinterpret_cast<const xcb_key_press_event_t&>(event));
@@ -17,11 +17,7 @@ X11Hotkeys::X11Hotkeys(X11Connection& connection, RunLoop& runLoop)
         m_releasedAt = release.time;
         m_releasedKey = release.detail;
     });
-    m_mappingChanges = connection.onEvent(XCB_MAPPING_NOTIFY, [this](const xcb_generic_event_t& event) {
-        if (reinterpret_cast<const xcb_mapping_notify_event_t&>(event).request != XCB_MAPPING_POINTER)
-            noteMappingChange();
-    });
-    readModifierKeys();
+    m_keyboardChanges = keyboard.onChange([this] { keyboardChanged(); });
 }
 
 X11Hotkeys::~X11Hotkeys()
@@ -67,12 +63,12 @@ void X11Hotkeys::unregisterHotkey(HotkeyRef hotkey)
 std::optional<X11KeyCombination> X11Hotkeys::find(const Hotkey& hotkey) const
 {
     const auto keyAt = [this](std::uint8_t code) -> const X11Key& { return m_keyboard.key(code); };
-    return X11KeyCombination::find(hotkey, keyAt, m_modifierKeys);
+    return X11KeyCombination::find(hotkey, keyAt, m_keyboard.modifierKeys());
 }
 
 bool X11Hotkeys::grab(const X11KeyCombination& combination)
 {
-    // Not over an own one: the server would let it be replaced, and the first to be unregistered take both away.
+    // The server would let this client grab it twice, and the first ungrab would remove both.
     if (std::ranges::any_of(m_registrations, [&](const Registration& each) { return each.grabbed == combination; }))
         return false;
     xcb_connection_t* raw = m_connection.raw();
@@ -85,7 +81,7 @@ bool X11Hotkeys::grab(const X11KeyCombination& combination)
     for (const xcb_void_cookie_t cookie : cookies)
         taken = XcbReply<xcb_generic_error_t>(xcb_request_check(raw, cookie)) != nullptr || taken;
     if (taken)
-        ungrab(combination); // what this client does not hold is left to its holder
+        ungrab(combination); // removes only this client's grabs
     return !taken;
 }
 
@@ -96,33 +92,17 @@ void X11Hotkeys::ungrab(const X11KeyCombination& combination)
     m_connection.flush();
 }
 
-void X11Hotkeys::readModifierKeys()
+void X11Hotkeys::keyboardChanged()
 {
-    xcb_connection_t* raw = m_connection.raw();
-    const XcbReply<xcb_get_modifier_mapping_reply_t> reply(
-        xcb_get_modifier_mapping_reply(raw, xcb_get_modifier_mapping(raw), nullptr));
-    if (!reply)
-        return;
-    const xcb_keycode_t* keys = xcb_get_modifier_mapping_keycodes(reply.get());
-    m_modifierKeys.assign(keys, keys + xcb_get_modifier_mapping_keycodes_length(reply.get()));
-}
-
-void X11Hotkeys::noteMappingChange()
-{
-    if (m_mappingChanged)
-        return;
-    m_mappingChanged = true;
-    // One change of the layout comes as several events; and the table of keys reads it anew first.
+    // One change of the layout sends several events; update the grabs once, after all of them.
     m_runLoop.post([weak = m_weakAnchor.ref()] {
         if (X11Hotkeys* self = weak.get())
-            self->takeInMappingChange();
+            self->updateGrabs();
     });
 }
 
-void X11Hotkeys::takeInMappingChange()
+void X11Hotkeys::updateGrabs()
 {
-    m_mappingChanged = false;
-    readModifierKeys();
     for (Registration& registration : m_registrations) {
         auto combination = find(registration.hotkey);
         if (combination == registration.grabbed)
@@ -130,7 +110,7 @@ void X11Hotkeys::takeInMappingChange()
         if (registration.grabbed)
             ungrab(*registration.grabbed);
         registration.grabbed.reset();
-        // One that is taken by now is tried again with the next layout.
+        // If another program has grabbed it meanwhile, the next change of the layout tries again.
         if (combination && grab(*combination))
             registration.grabbed = std::move(combination);
     }
@@ -138,7 +118,7 @@ void X11Hotkeys::takeInMappingChange()
 
 void X11Hotkeys::receivePress(const xcb_key_press_event_t& event)
 {
-    // The server repeats a held key as a release and a press of the same instant.
+    // The server repeats a held key as a release and a press with the same time.
     if (event.event != m_connection.root() || (m_releasedAt == event.time && m_releasedKey == event.detail))
         return;
     const bool isHotkey = std::ranges::any_of(m_registrations, [&](const Registration& each) {
@@ -150,7 +130,7 @@ void X11Hotkeys::receivePress(const xcb_key_press_event_t& event)
 
 void X11Hotkeys::deliver(HotkeyEventType type)
 {
-    const auto handlers = m_handlers; // they may come and go meanwhile
+    const auto handlers = m_handlers; // a handler may install and remove others
     for (auto handler = handlers.rbegin(); handler != handlers.rend(); ++handler) {
         const bool isInstalled = std::ranges::find(m_handlers, handler->ref, &Handler::ref) != m_handlers.end();
         if (isInstalled && handler->type == type && handler->call() == kNoError)

@@ -1,7 +1,5 @@
 #include "hosts/x11/input/X11InputMonitors.h"
 
-#include "hosts/x11/input/X11EventTap.h"
-
 namespace haloric {
 
 namespace {
@@ -18,6 +16,42 @@ std::function<void(const EventType&)> limitedTo(EventMask mask, InputMonitors::M
             handler(type);
     };
 }
+
+class X11EventTap final : public EventTap {
+public:
+    X11EventTap(X11RawInput& input, EventMask mask, InputMonitors::TapHandler handler)
+        : m_input(input),
+          m_mask(mask),
+          m_handler(std::move(handler))
+    {
+    }
+
+    void addToMainRunLoop() override
+    {
+        m_keys = m_input.onKeyDown([this](const TapEvent& event) { deliver(event); });
+        m_buttons = m_input.onButton([this](EventType type) {
+            TapEvent event;
+            event.type = type;
+            deliver(event);
+        });
+    }
+
+    void enable() override { m_enabled = true; }
+
+private:
+    void deliver(const TapEvent& event) const
+    {
+        if (m_enabled && (m_mask & maskOf(event.type)) != 0)
+            m_handler(event);
+    }
+
+    X11RawInput& m_input;
+    EventMask m_mask;
+    InputMonitors::TapHandler m_handler;
+    bool m_enabled = false;
+    Subscription m_keys;
+    Subscription m_buttons;
+};
 
 } // namespace
 

@@ -1,4 +1,4 @@
-// Mouse monitors and event taps over the desktop's raw input. Main thread.
+// Mouse monitors and event taps over XInput raw events. Main thread.
 #pragma once
 
 #include "hosts/x11/input/X11OwnWindows.h"
@@ -16,8 +16,8 @@ public:
     Subscription addLocalMouseMonitor(EventMask mask, MouseHandler handler) override;
     std::uint64_t pressedMouseButtons() const override { return m_input.pressedButtons(); }
 
-    // X lets everybody listen: null only when the server has no raw events. The location and the placement have no
-    // meaning here, and every tap only listens.
+    // X needs no permission: null only if the server has no raw events. The location and the placement have no
+    // meaning here, every tap only listens, and the server never disables one.
     std::unique_ptr<EventTap> createEventTap(const EventTapDescription& description, TapHandler handler) override;
 
 private:

@@ -15,7 +15,7 @@ struct Button {
     EventType up;
 };
 
-// By the server's logical number: 4 to 7 are the wheel.
+// The button of a logical number; 4 to 7 are the wheel.
 std::optional<Button> button(std::uint32_t logical)
 {
     constexpr std::uint32_t kFirstWheel = 4;
@@ -32,20 +32,20 @@ std::optional<Button> button(std::uint32_t logical)
     return Button{logical - (kLastWheel - 2), EventType::otherMouseDown, EventType::otherMouseUp};
 }
 
-struct EventSelection { // as the request wants it on the wire
+struct EventSelection { // the layout of the request
     xcb_input_event_mask_t head;
     std::uint32_t mask;
 };
 
 } // namespace
 
-X11RawInput::X11RawInput(X11Connection& connection)
+X11RawInput::X11RawInput(X11Connection& connection, X11Keyboard& keyboard)
     : m_connection(connection),
-      m_keyboard(connection),
+      m_keyboard(keyboard),
       m_available(selectEvents())
 {
     if (!m_available)
-        return; // what is held now would never be heard to be released
+        return; // no releases would follow for what is held now
     readButtonMapping();
     readState();
     m_rawEvents =
@@ -61,7 +61,7 @@ bool X11RawInput::selectEvents()
     if (!m_connection.has(&xcb_input_id))
         return false;
     xcb_connection_t* raw = m_connection.raw();
-    // From 2.1 on raw events arrive during the grabs of others as well.
+    // From 2.1 on, raw events also arrive during grabs of other clients.
     const XcbReply<xcb_input_xi_query_version_reply_t> version(
         xcb_input_xi_query_version_reply(raw, xcb_input_xi_query_version(raw, 2, 2), nullptr));
     if (!version || version->major_version < 2 || (version->major_version == 2 && version->minor_version < 1))
@@ -110,7 +110,7 @@ void X11RawInput::readButtonMapping()
 
 void X11RawInput::receive(const xcb_generic_event_t& event)
 {
-    // Raw presses and releases of buttons and keys have one layout.
+    // Raw button and key events have the same layout.
     const auto& raw = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
     switch (raw.event_type) {
     case XCB_INPUT_RAW_BUTTON_PRESS:
@@ -132,7 +132,7 @@ void X11RawInput::receive(const xcb_generic_event_t& event)
 
 void X11RawInput::receiveButton(std::uint32_t physicalButton, bool pressed)
 {
-    // Raw events bear the physical button; people who use the mouse with the left hand swap them by this mapping.
+    // Raw events carry the physical button; the pointer mapping swaps buttons for left-handed use.
     const bool mapped = physicalButton >= 1 && physicalButton <= m_buttonMapping.size();
     const auto known = button(mapped ? m_buttonMapping[physicalButton - 1] : physicalButton);
     if (!known)
@@ -151,7 +151,7 @@ void X11RawInput::receiveKey(std::uint8_t keyCode, bool pressed)
     if (key.isCapsLock)
         m_capsLocked = !m_capsLocked;
     if (key.isPrintScreen) {
-        // The desktop's own screenshot interface opens: the platform's key for that is Command-Shift-5.
+        // It opens the desktop's screenshot interface, as Command-Shift-5 does on macOS.
         m_keyDowns.publish({EventType::keyDown, kKeyNumberOf5, heldModifiers() | kCommandFlag | kShiftFlag});
     } else if (key.number) {
         m_keyDowns.publish({EventType::keyDown, *key.number, heldModifiers()});

@@ -1,8 +1,8 @@
-// Raw button and key events of the whole desktop, and which buttons and modifier keys are held. It listens beside
-// everybody else: nothing is grabbed, held up or changed, and grabs of others do not hide events from it. Main thread.
+// XInput raw events: button and key events of the whole desktop, and which buttons and modifier keys are held. It only
+// listens: nothing is grabbed, delayed or changed, and grabs of other clients do not hide events from it. Main thread.
 //
-// The state is kept from the events alone. It is read from the server at the start and whenever input devices come
-// or go, because a device takes its releases with it.
+// The state follows the events. It is read from the server at the start and whenever input devices come or go,
+// because a device that is removed sends no releases.
 #pragma once
 
 #include "foundation/Publisher.h"
@@ -20,25 +20,25 @@ namespace haloric {
 
 class X11RawInput {
 public:
-    // The connection outlives it. A few round trips.
-    explicit X11RawInput(X11Connection& connection);
+    // Both outlive it. A few round trips.
+    X11RawInput(X11Connection& connection, X11Keyboard& keyboard);
 
-    // Whether the server offers raw events; without them nothing is ever delivered, nor held.
+    // Whether the server offers raw events; without them no event is delivered and no button is held.
     bool isAvailable() const { return m_available; }
 
-    // Left, right and other buttons; the wheel counts as none.
+    // Left, right and other buttons, without the wheel.
     Subscription onButton(std::function<void(const EventType&)> handler)
     {
         return m_buttons.subscribe(std::move(handler));
     }
 
-    // A key went down: its virtual key number and the modifier flags. Keys without a number are left out.
+    // A key went down: its virtual key number and the modifier flags. Keys without a number are not delivered.
     Subscription onKeyDown(std::function<void(const TapEvent&)> handler)
     {
         return m_keyDowns.subscribe(std::move(handler));
     }
 
-    // One bit a button: left 0, right 1, middle 2, then the others.
+    // Bit 0 is the left button, 1 the right, 2 the middle, then the others.
     std::uint64_t pressedButtons() const { return m_pressedButtons; }
 
 private:
@@ -51,7 +51,7 @@ private:
     std::uint64_t heldModifiers() const;
 
     X11Connection& m_connection;
-    X11Keyboard m_keyboard;
+    X11Keyboard& m_keyboard;
     bool m_available;
     std::vector<std::uint8_t> m_buttonMapping; // logical button of each physical one
     std::uint64_t m_pressedButtons = 0;

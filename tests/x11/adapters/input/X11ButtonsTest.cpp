@@ -83,7 +83,7 @@ TEST_F(X11ButtonsTest, the_pressed_buttons_are_bits)
 TEST_F(X11ButtonsTest, a_button_held_from_before_is_known)
 {
     session.input().press(3);
-    const X11RawInput late(*adapters.connection);
+    const X11RawInput late(*adapters.connection, keyboard);
     EXPECT_EQ(late.pressedButtons(), 0b10U);
     session.input().release(3);
 }
@@ -96,7 +96,8 @@ TEST_F(X11ButtonsTest, nothing_is_held_where_releases_cannot_be_heard)
         old.connection->raw(), xcb_input_xi_query_version(old.connection->raw(), 2, 0), nullptr));
     ASSERT_TRUE(version);
     session.input().press(3);
-    const X11RawInput late(*old.connection);
+    X11Keyboard oldKeyboard(*old.connection);
+    const X11RawInput late(*old.connection, oldKeyboard);
     EXPECT_FALSE(late.isAvailable());
     EXPECT_EQ(late.pressedButtons(), 0U);
     session.input().release(3);

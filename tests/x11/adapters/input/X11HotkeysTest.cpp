@@ -26,7 +26,8 @@ struct X11HotkeysTest : testing::Test {
     TestInput input{user};
     LinuxRunLoop loop;
     std::unique_ptr<X11Connection> connection = X11Connection::open(server.display().c_str(), loop);
-    X11Hotkeys hotkeys{*connection, loop};
+    X11Keyboard keyboard{*connection};
+    X11Hotkeys hotkeys{*connection, keyboard, loop};
     int presses = 0;
     int pressesSeenByFocus = 0;
     EventHandlerRef handler = hotkeys.installEventHandler(X11Hotkeys::kPressed, [this] {

@@ -76,7 +76,7 @@ TEST_F(X11KeysTest, a_new_keyboard_layout_is_followed)
 TEST_F(X11KeysTest, keys_held_from_before_count)
 {
     session.input().pressKey(XK_Super_L);
-    X11RawInput late(*adapters.connection);
+    X11RawInput late(*adapters.connection, keyboard);
     std::optional<TapEvent> last;
     const auto subscription = late.onKeyDown([&](const TapEvent& event) { last = event; });
     session.input().chord({'4'});

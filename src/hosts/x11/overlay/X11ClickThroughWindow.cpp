@@ -1,13 +1,44 @@
 #include "hosts/x11/overlay/X11ClickThroughWindow.h"
 
-#include "hosts/x11/overlay/X11TranslucentVisual.h"
-
+#include <bit>
 #include <string_view>
 
 #include <xcb/shape.h>
 #include <xcb/xfixes.h>
 
 namespace haloric {
+
+namespace {
+
+bool hasOurLayout(const xcb_visualtype_t& visual)
+{
+    return visual._class == XCB_VISUAL_CLASS_TRUE_COLOR && visual.red_mask == 0xFF0000 &&
+           visual.green_mask == 0x00FF00 && visual.blue_mask == 0x0000FF;
+}
+
+bool hasOurByteOrder(const X11Connection& connection)
+{
+    const bool serverIsLittle = xcb_get_setup(connection.raw())->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
+    return serverIsLittle == (std::endian::native == std::endian::little);
+}
+
+} // namespace
+
+std::optional<xcb_visualid_t> X11ClickThroughWindow::findTranslucentVisual(const X11Connection& connection)
+{
+    if (!hasOurByteOrder(connection))
+        return {};
+    for (auto depths = xcb_screen_allowed_depths_iterator(&connection.screen()); depths.rem > 0;
+         xcb_depth_next(&depths)) {
+        if (depths.data->depth != kTranslucentDepth)
+            continue;
+        for (auto visuals = xcb_depth_visuals_iterator(depths.data); visuals.rem > 0; xcb_visualtype_next(&visuals)) {
+            if (hasOurLayout(*visuals.data))
+                return visuals.data->visual_id;
+        }
+    }
+    return {};
+}
 
 X11ClickThroughWindow::X11ClickThroughWindow(X11Connection& connection, std::optional<xcb_visualid_t> translucentVisual)
     : m_connection(connection),
@@ -32,14 +63,14 @@ void X11ClickThroughWindow::create(std::optional<xcb_visualid_t> translucentVisu
     xcb_visualid_t visual = XCB_COPY_FROM_PARENT;
     xcb_colormap_t colormap = XCB_COPY_FROM_PARENT;
     if (translucentVisual) {
-        depth = X11TranslucentVisual::kDepth;
+        depth = kTranslucentDepth;
         visual = *translucentVisual;
         m_colormap = xcb_generate_id(raw);
         xcb_create_colormap(raw, XCB_COLORMAP_ALLOC_NONE, m_colormap, m_connection.root(), visual);
         colormap = m_colormap;
     }
-    // A border pixel and a colormap must be given where the depth is not the parent's. The upper left corner holds the
-    // content when the size changes, as the content is placed from there.
+    // A depth other than the parent's requires a border pixel and a colormap. The bit gravity keeps the content at the
+    // upper left corner when the size changes.
     const std::uint32_t values[] = {0, 0, XCB_GRAVITY_NORTH_WEST, 1, XCB_EVENT_MASK_EXPOSURE, colormap};
     xcb_create_window(raw, depth, m_id, m_connection.root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, visual,
                       XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_BIT_GRAVITY | XCB_CW_OVERRIDE_REDIRECT |
@@ -49,7 +80,7 @@ void X11ClickThroughWindow::create(std::optional<xcb_visualid_t> translucentVisu
 
 void X11ClickThroughWindow::letInputThrough() const
 {
-    // Without the extension the window would catch clicks; servers without it have not been built for decades.
+    // Without the extension the window would catch clicks; every server of the last decades has it.
     if (m_connection.has(&xcb_shape_id))
         xcb_shape_rectangles(m_connection.raw(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_id,
                              0, 0, 0, nullptr);
@@ -70,9 +101,8 @@ void X11ClickThroughWindow::setHints() const
     setText("WM_CLASS", XCB_ATOM_STRING, std::string_view("haloric\0Haloric\0", 16));
     setText("_NET_WM_NAME", m_connection.atom("UTF8_STRING"), "Haloric overlay");
 
-    // Compositors draw shadows below whatever they do not know better, and blur what is behind translucent windows.
-    // Of the types, the desktop's is the one that they all leave alone; a frame extent marks windows that bring their
-    // own shadow.
+    // By default compositors draw shadows below windows and blur what is behind translucent ones. The desktop's type
+    // is the only one that all of them exempt; the frame extents mark a window that draws its own shadow.
     setValues("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, {m_connection.atom("_NET_WM_WINDOW_TYPE_DESKTOP")});
     setValues("_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL, {0, 0, 0, 0});
     setValues("_COMPTON_SHADOW", XCB_ATOM_CARDINAL, {0});

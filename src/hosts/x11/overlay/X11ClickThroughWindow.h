@@ -1,6 +1,6 @@
-// A bare X window for an overlay: window managers pass it by, it is in no list and never focused, clicks go through it
-// to what lies below, and compositors are asked to draw no shadow for it. Made unmapped, destroyed with this object.
-// Main thread.
+// An override-redirect window with an empty input shape, for an overlay: window managers ignore it, it is never
+// focused, clicks reach the window below, and its hints ask compositors for no shadow. Made unmapped, destroyed with
+// this object. Main thread.
 #pragma once
 
 #include "hosts/x11/server/X11Connection.h"
@@ -12,8 +12,14 @@ namespace haloric {
 
 class X11ClickThroughWindow {
 public:
-    // With a visual the window is translucent (see X11TranslucentVisual); without, it is like the root window. Its
-    // background is transparent or black. The connection outlives it.
+    static constexpr std::uint8_t kTranslucentDepth = 32;
+
+    // The visual with 32 bits per pixel and alpha in the highest byte, in this machine's byte order; no value if the
+    // server has none.
+    static std::optional<xcb_visualid_t> findTranslucentVisual(const X11Connection& connection);
+
+    // With a translucent visual the background is transparent; without, the window has the root window's visual and a
+    // black background. The connection outlives it.
     X11ClickThroughWindow(X11Connection& connection, std::optional<xcb_visualid_t> translucentVisual);
     ~X11ClickThroughWindow();
     X11ClickThroughWindow(const X11ClickThroughWindow&) = delete;

@@ -1,12 +1,16 @@
 #include "hosts/x11/overlay/X11ImageUploader.h"
 
+#include "hosts/x11/overlay/X11ClickThroughWindow.h"
+
 #include <algorithm>
 
 namespace haloric {
 
 namespace {
 
-// What a request without shared memory may carry, less its header.
+constexpr std::uint8_t kDepth = X11ClickThroughWindow::kTranslucentDepth;
+
+// The pixels that fit into a request without shared memory.
 int pixelsOfRequest(xcb_connection_t* connection)
 {
     constexpr std::uint32_t kHeaderWords = 8;
@@ -22,13 +26,13 @@ X11ImageUploader::X11ImageUploader(X11Connection& connection)
       m_maximumPixels(pixelsOfRequest(connection.raw()))
 {
     xcb_connection_t* raw = connection.raw();
-    // A graphics context fits every drawable of the depth that it was made with.
+    // A graphics context can be used with every drawable of the depth it was created for.
     const xcb_pixmap_t pattern = xcb_generate_id(raw);
     xcb_create_pixmap(raw, kDepth, pattern, connection.root(), 1, 1);
     xcb_create_gc(raw, m_context, pattern, 0, nullptr);
     xcb_free_pixmap(raw, pattern);
 
-    m_pieces.reserve(kMostPieces); // pieces are pointed to
+    m_pieces.reserve(kMostPieces); // m_piece points into it
     auto first = X11SharedPixels::make(connection);
     m_sharesMemory = first != nullptr;
     if (!m_sharesMemory)
@@ -123,7 +127,7 @@ void X11ImageUploader::sendHeldPut(bool last)
 
 void X11ImageUploader::sealPiece()
 {
-    // The server answers the last request of the piece, and has done with the earlier ones by then.
+    // Requests complete in order, so one completion event for the last covers the whole piece.
     m_piece->isRead = m_heldPut.has_value();
     sendHeldPut(true);
     m_piece = nullptr;

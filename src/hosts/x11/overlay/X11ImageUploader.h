@@ -1,6 +1,6 @@
-// Carries pixels to translucent windows. A few pieces of memory shared with the server are used in turn: one that the
-// server still reads from is left alone until it says that it has done. Without shared memory the pixels travel through
-// the connection. Never waits. Main thread.
+// Copies pixels to translucent windows with MIT-SHM. A few shared segments are used in turn; one that the server still
+// reads is not reused until its completion event. Without shared memory the pixels are sent through the connection.
+// Never waits. Main thread.
 //
 // A batch is: reserve and put, any number of times, then finish.
 #pragma once
@@ -20,7 +20,6 @@ namespace haloric {
 class X11ImageUploader {
 public:
     static constexpr std::size_t kMostPieces = 8;
-    static constexpr std::uint8_t kDepth = 32;
 
     // The connection outlives it.
     explicit X11ImageUploader(X11Connection& connection);
@@ -30,14 +29,14 @@ public:
 
     bool sharesMemory() const { return m_sharesMemory; }
 
-    // The most pixels of one rectangle.
+    // The maximum number of pixels of one rectangle.
     int maximumPixels() const { return m_maximumPixels; }
 
-    // Memory for a rectangle of `width` times `height` pixels, whatever was in it before; no data when the server still
-    // reads all there is. In that case try again on a later turn of the loop: the server's answer wakes it.
+    // Memory for a rectangle of `width` times `height` pixels, with undefined content. No data while the server still
+    // reads every segment; try again on a later turn of the loop, which the completion event wakes.
     PixelBuffer reserve(int width, int height);
 
-    // Copies what was reserved last to the place at (x, y) of a window with a depth of 32.
+    // Copies the last reserved rectangle to (x, y) of a window of the depth kTranslucentDepth.
     void put(xcb_window_t window, int x, int y);
 
     void finish();
@@ -66,10 +65,10 @@ private:
     bool m_sharesMemory = false;
     int m_maximumPixels;
     std::vector<Piece> m_pieces;
-    Piece* m_piece = nullptr; // the one that is being filled
+    Piece* m_piece = nullptr; // being filled
     Put m_reserved;
-    std::optional<Put> m_heldPut;         // sent when it is known whether another follows from the same piece
-    std::vector<std::uint32_t> m_private; // without shared memory
+    std::optional<Put> m_heldPut;         // sent once it is known whether another follows from the same piece
+    std::vector<std::uint32_t> m_private; // used without shared memory
     Subscription m_completions;
 };
 

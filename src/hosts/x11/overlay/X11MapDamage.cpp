@@ -9,26 +9,26 @@ void X11MapDamage::mapped(xcb_window_t window)
     if (std::ranges::find(m_windows, window) == m_windows.end())
         m_windows.push_back(window);
     m_step = 0;
-    arm();
+    schedule();
 }
 
-void X11MapDamage::arm()
+void X11MapDamage::schedule()
 {
-    m_timer = m_runLoop.scheduleOnce(kDelays.at(m_step), [this] { echo(); });
+    m_timer = m_runLoop.scheduleOnce(kDelays.at(m_step), [this] { damageAll(); });
 }
 
-void X11MapDamage::echo()
+void X11MapDamage::damageAll()
 {
     for (const xcb_window_t window : m_windows)
         damage(window);
     m_connection.flush();
     if (++m_step < kDelays.size())
-        arm();
+        schedule();
     else
         m_windows.clear();
 }
 
-// Copying a pixel onto itself changes nothing, but counts.
+// Copying a pixel onto itself changes nothing and is reported as damage.
 void X11MapDamage::damage(xcb_window_t window)
 {
     xcb_connection_t* raw = m_connection.raw();

@@ -1,7 +1,6 @@
-// Makes sure that a compositor shows what was drawn right after a window was mapped. picom notices a mapping only at
-// its next frame and forgets the damage that it heard of before; the window then stays invisible until it is damaged
-// again. So each mapping is followed by damage of one pixel, several times, until any compositor has noticed. Main
-// thread.
+// Repeats damage after a window is mapped, so that a compositor shows what was drawn right after the mapping. picom
+// handles a mapping only at its next frame and discards the damage reported before; the window then stays invisible
+// until the next damage. So each mapping is followed by damage of one pixel at several delays. Main thread.
 #pragma once
 
 #include "foundation/Subscription.h"
@@ -16,7 +15,7 @@ namespace haloric {
 
 class X11MapDamage {
 public:
-    // A frame or two of a compositor; then of one that is held up.
+    // After a mapping: a frame or two of a compositor, then longer for a busy one.
     static constexpr std::array kDelays{Seconds(0.03), Seconds(0.1), Seconds(0.4), Seconds(1.5)};
 
     // Both outlive it.
@@ -24,18 +23,18 @@ public:
     X11MapDamage(const X11MapDamage&) = delete;
     X11MapDamage& operator=(const X11MapDamage&) = delete;
 
-    // The window has just been asked to be mapped. It may go away again at any time.
+    // Call after the request that maps the window. The window may be destroyed at any time.
     void mapped(xcb_window_t window);
 
 private:
-    void arm();
-    void echo();
+    void schedule();
+    void damageAll();
     void damage(xcb_window_t window);
 
     X11Connection& m_connection;
     LinuxRunLoop& m_runLoop;
     std::vector<xcb_window_t> m_windows;
-    std::size_t m_step = 0;
+    std::size_t m_step = 0; // index of the next delay
     Subscription m_timer;
 };
 

@@ -12,11 +12,17 @@ const Event& as(const xcb_generic_event_t& event)
     return reinterpret_cast<const Event&>(event);
 }
 
+// Windows that are kept above others stay above the overlays, too, unless they have the focus.
+bool isOrdinary(const X11Client& client, std::uint32_t currentDesktop)
+{
+    return client.isForWork() && !client.above && client.isSeenOn(currentDesktop);
+}
+
 } // namespace
 
 X11OverlayStack::X11OverlayStack(X11Connection& connection, const X11ClientTable& clients)
     : m_connection(connection),
-      m_children(connection, clients)
+      m_clients(clients)
 {
     connection.selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE);
     listen();
@@ -41,7 +47,7 @@ void X11OverlayStack::listen()
     on(XCB_REPARENT_NOTIFY, [this](const xcb_generic_event_t& event) {
         const auto& reparent = as<xcb_reparent_notify_event_t>(event);
         if (reparent.parent != m_connection.root())
-            m_siblingsBelow.erase(reparent.window); // nothing tells of it any more, nor of its end
+            m_siblingsBelow.erase(reparent.window); // no further event reports it, nor its end
         noticeOthers(reparent.window);
     });
     on(XCB_CIRCULATE_NOTIFY,
@@ -60,12 +66,11 @@ void X11OverlayStack::noticeConfigure(const xcb_configure_notify_event_t& event)
     if (event.event != m_connection.root())
         return;
     if (isOverlay(event.window)) {
-        // It may have gone between that sibling and what was directly above it.
+        // It may now be between that sibling and the window that was directly above it.
         std::erase_if(m_siblingsBelow, [&event](const auto& known) { return known.second == event.above_sibling; });
         return;
     }
-    // A window that only moves or grows is above the same one as before. Windows may also have gone in between, which
-    // costs one pass without effect.
+    // A window that only moves or grows keeps its sibling. If another window went between, the pass has no effect.
     const auto [known, isNew] = m_siblingsBelow.try_emplace(event.window, event.above_sibling);
     if (!isNew && known->second == event.above_sibling)
         return;
@@ -127,7 +132,7 @@ bool X11OverlayStack::update()
 
 void X11OverlayStack::place()
 {
-    const auto plan = X11StackPlan::make(m_children.read(m_shown), m_shown);
+    const auto plan = X11StackPlan::make(readChildren(), m_shown);
     if (!plan.anchor || plan.isInPlace)
         return;
     xcb_window_t below = *plan.anchor;
@@ -137,6 +142,38 @@ void X11OverlayStack::place()
                              values);
         below = window;
     }
+}
+
+// The children of the root from bottom to top, with what each means to the overlays. One round trip; empty if the
+// connection is lost.
+std::vector<X11StackEntry> X11OverlayStack::readChildren() const
+{
+    xcb_connection_t* raw = m_connection.raw();
+    const auto cookie = xcb_query_tree(raw, m_connection.root());
+
+    std::unordered_map<xcb_window_t, X11StackRole> roles;
+    const std::uint32_t desktop = m_clients.state().currentDesktop;
+    for (const X11Client& client : m_clients.stacking()) {
+        if (isOrdinary(client, desktop))
+            roles[client.frame] = X11StackRole::ordinary;
+    }
+    if (const auto active = m_clients.active())
+        roles[active->frame] = X11StackRole::focused;
+    for (const xcb_window_t overlay : m_shown)
+        roles[overlay] = X11StackRole::overlay;
+
+    const XcbReply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(raw, cookie, nullptr));
+    if (!tree)
+        return {};
+    const std::span<const xcb_window_t> order(xcb_query_tree_children(tree.get()),
+                                              static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())));
+    std::vector<X11StackEntry> entries;
+    entries.reserve(order.size());
+    for (const xcb_window_t window : order) {
+        const auto role = roles.find(window);
+        entries.push_back({window, role == roles.end() ? X11StackRole::other : role->second});
+    }
+    return entries;
 }
 
 } // namespace haloric

@@ -1,12 +1,28 @@
 // The X window behind an overlay, and how the content of a view gets into it. Main thread.
 #pragma once
 
+#include "drawing/PixelRect.h"
+#include "foundation/Geometry.h"
 #include "hosts/x11/overlay/X11PixelRegion.h"
-#include "hosts/x11/overlay/X11ViewContent.h"
+#include "platform/ContentView.h"
 
 #include <xcb/xcb.h>
 
 namespace haloric {
+
+// A view to be drawn into a window of its size. Pixels count from the window's upper left corner, y downward.
+struct X11ViewContent {
+    ContentView& view;
+    Size size;         // points
+    double scale = 1;  // pixels per point
+    PixelRect pixels;  // the whole window
+    Point offset = {}; // pixels, from the window's upper left corner to the view's
+
+    Rect bounds() const { return {0, 0, size.width, size.height}; }
+
+    // Every pixel of the window that a rectangle of the view touches.
+    PixelRect toPixels(const Rect& rect) const;
+};
 
 class X11OverlaySurface {
 public:
@@ -14,10 +30,10 @@ public:
 
     virtual xcb_window_t window() const = 0;
 
-    // Draws the view where it is damaged. Returns what is still to be drawn, on a later turn of the loop.
+    // Draws the damaged part of the view. Returns what remains to be drawn on a later turn of the loop.
     virtual X11PixelRegion paint(const X11ViewContent& content, const X11PixelRegion& damage) = 0;
 
-    // The server has lost what was drawn, as the window was hidden.
+    // The window was hidden, and the server has dropped its content.
     virtual void forget() = 0;
 };
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kBytes = X11SharedPixels::kPixels * sizeof(std::uint32_t);
 
-// Descriptors travel over local sockets alone; libxcb gives a connection up that cannot carry one.
+// Only local sockets carry descriptors; libxcb shuts a connection down that cannot carry one.
 bool carriesDescriptors(xcb_connection_t* connection)
 {
     sockaddr_storage address{};
@@ -19,7 +19,7 @@ bool carriesDescriptors(xcb_connection_t* connection)
            address.ss_family == AF_UNIX;
 }
 
-bool knowsDescriptors(X11Connection& connection)
+bool supportsDescriptors(X11Connection& connection)
 {
     if (!connection.has(&xcb_shm_id))
         return false;
@@ -33,7 +33,7 @@ bool knowsDescriptors(X11Connection& connection)
 std::unique_ptr<X11SharedPixels> X11SharedPixels::make(X11Connection& connection)
 {
     xcb_connection_t* raw = connection.raw();
-    if (!carriesDescriptors(raw) || !knowsDescriptors(connection))
+    if (!carriesDescriptors(raw) || !supportsDescriptors(connection))
         return nullptr;
     const int descriptor = memfd_create("haloric-pixels", MFD_CLOEXEC);
     if (descriptor < 0)

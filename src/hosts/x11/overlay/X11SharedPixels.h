@@ -1,4 +1,4 @@
-// A piece of memory that this program and the X server both see. Main thread.
+// A MIT-SHM segment: pixels that the server reads from this program's memory. Main thread.
 #pragma once
 
 #include "hosts/x11/server/X11Connection.h"
@@ -12,10 +12,10 @@ namespace haloric {
 
 class X11SharedPixels {
 public:
-    static constexpr int kPixels = 256 * 1024; // 1 MiB; pages that are never touched take no memory
+    static constexpr int kPixels = 256 * 1024; // 1 MiB; untouched pages take no memory
 
-    // Null when the server does not share memory with this program: it runs elsewhere, or does not know how. One round
-    // trip.
+    // Null if the server cannot share memory with this program: it runs on another machine or lacks MIT-SHM 1.2. One
+    // round trip.
     static std::unique_ptr<X11SharedPixels> make(X11Connection& connection);
     ~X11SharedPixels();
     X11SharedPixels(const X11SharedPixels&) = delete;

@@ -1,9 +1,9 @@
 #include "hosts/x11/overlay/X11ToolkitWindows.h"
 
 #include "hosts/x11/overlay/X11BlendedSurface.h"
+#include "hosts/x11/overlay/X11ClickThroughWindow.h"
 #include "hosts/x11/overlay/X11RingSurface.h"
 #include "hosts/x11/overlay/X11ToolkitWindow.h"
-#include "hosts/x11/overlay/X11TranslucentVisual.h"
 
 #include <algorithm>
 
@@ -16,15 +16,15 @@ X11ToolkitWindows::X11ToolkitWindows(X11Connection& connection, LinuxRunLoop& ru
       m_compositor(compositor),
       m_scale(scale),
       m_log(log),
-      m_visual(X11TranslucentVisual::find(connection)),
+      m_visual(X11ClickThroughWindow::findTranslucentVisual(connection)),
       m_translucent(m_visual && compositor.isRunning()),
       m_uploader(connection),
-      m_mapEcho(connection, runLoop),
+      m_mapDamage(connection, runLoop),
       m_stack(connection, clients)
 {
     m_stack.onMapped([this](xcb_window_t window) {
         if (m_translucent)
-            m_mapEcho.mapped(window);
+            m_mapDamage.mapped(window);
     });
     m_compositorChanges = compositor.onChange([this] { compositorChanged(); });
     m_exposures = connection.onEvent(XCB_EXPOSE, [this](const xcb_generic_event_t& event) {

@@ -1,6 +1,6 @@
 // Makes the overlay windows and draws them, once a turn of the loop, before it waits. With a compositor they are
-// translucent; without, they are opaque rings that show the border and the pulse alone. Compositors come and go, and
-// the windows follow. Main thread.
+// translucent; without, they are opaque rings that show only the border and the pulse. When a compositor starts or
+// ends, the windows change their kind. Main thread.
 #pragma once
 
 #include "drawing/raster/RasterResources.h"
@@ -21,12 +21,11 @@ class X11ToolkitWindow;
 
 class X11ToolkitWindows final : public ToolkitWindows {
 public:
-    // A compositor announces itself before it has taken the screen over; a translucent window would be black until
-    // then.
+    // A compositor owns its selection before it redirects the windows; until then a translucent window would be black.
     static constexpr Seconds kCompositorTakesOver{0.25};
 
-    // All outlive it. Made after what keeps `clients` fresh, so that a pass over the windows
-    // finds the clients of the same turn.
+    // All outlive it. Constructed after what updates `clients`, so that a pass before the wait uses the clients of the
+    // same turn.
     X11ToolkitWindows(X11Connection& connection, LinuxRunLoop& runLoop, X11Compositor& compositor,
                       const X11Scale& scale, const X11ClientTable& clients, Log& log);
 
@@ -36,7 +35,7 @@ public:
     bool areTranslucent() const { return m_translucent; }
     bool shareMemory() const { return m_uploader.sharesMemory(); }
 
-    // For the windows.
+    // Used by X11ToolkitWindow.
     void add(X11ToolkitWindow& window) { m_windows.push_back(&window); }
     void remove(X11ToolkitWindow& window) { std::erase(m_windows, &window); }
     std::unique_ptr<X11OverlaySurface> makeSurface();
@@ -61,7 +60,7 @@ private:
     bool m_explained = false;
     X11ImageUploader m_uploader;
     RasterResources m_resources;
-    X11MapDamage m_mapEcho;
+    X11MapDamage m_mapDamage;
     X11OverlayStack m_stack;
     std::vector<X11ToolkitWindow*> m_windows;
     Subscription m_takeOver;

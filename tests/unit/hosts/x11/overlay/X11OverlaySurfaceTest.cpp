@@ -1,4 +1,4 @@
-#include "hosts/x11/overlay/X11ViewContent.h"
+#include "hosts/x11/overlay/X11OverlaySurface.h"
 
 #include <limits>
 

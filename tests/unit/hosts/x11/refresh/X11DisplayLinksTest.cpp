@@ -1,4 +1,4 @@
-#include "hosts/x11/refresh/X11ScreenLink.h"
+#include "hosts/x11/refresh/X11DisplayLinks.h"
 
 #include "hosts/sim/loop/SimRunLoop.h"
 

@@ -1,4 +1,4 @@
-#include "hosts/x11/overlay/X11ViewContent.h"
+#include "hosts/x11/overlay/X11OverlaySurface.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,7 +7,7 @@ namespace haloric {
 
 namespace {
 
-// Noise of earlier sums must not take in a whole further pixel.
+// Rounding errors of earlier sums must not add a pixel.
 constexpr double kNoise = 1e-6;
 
 int cut(double pixel, int limit)

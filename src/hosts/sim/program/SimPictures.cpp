@@ -2,7 +2,7 @@
 
 #include "drawing/raster/Png.h"
 #include "drawing/raster/RasterCanvas.h"
-#include "hosts/sim/scenario/SimFailure.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
 
 #include <algorithm>
 #include <cmath>

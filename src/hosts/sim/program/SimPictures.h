@@ -4,7 +4,7 @@
 
 #include "drawing/raster/Picture.h"
 #include "drawing/raster/RasterResources.h"
-#include "hosts/sim/scenario/SimPlayer.h"
+#include "hosts/sim/scenario/steps/SimPlayer.h"
 
 #include <string>
 

@@ -1,8 +1,8 @@
 #include "hosts/sim/program/SimProgram.h"
 
-#include "hosts/sim/scenario/SimFailure.h"
 #include "hosts/sim/scenario/SimReplay.h"
 #include "hosts/sim/scenario/random/SimShrinker.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
 #ifdef HALORIC_SIM_HAS_PICTURES
 #include "hosts/sim/program/SimPictures.h"
 #endif

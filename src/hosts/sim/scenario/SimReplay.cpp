@@ -1,6 +1,6 @@
 #include "hosts/sim/scenario/SimReplay.h"
 
-#include "hosts/sim/scenario/SimFailure.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
 
 #include <cstdio>
 

@@ -1,8 +1,8 @@
 // Plays a whole scenario from its beginning.
 #pragma once
 
-#include "hosts/sim/scenario/SimPlayer.h"
 #include "hosts/sim/scenario/SimScenario.h"
+#include "hosts/sim/scenario/steps/SimPlayer.h"
 
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "hosts/sim/scenario/SimScenario.h"
 
-#include "hosts/sim/scenario/SimFailure.h"
-#include "hosts/sim/scenario/SimSetup.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
+#include "hosts/sim/scenario/session/SimSetup.h"
 
 namespace haloric {
 
@@ -37,8 +37,8 @@ SimStep stepFrom(const SimJson& json, const std::string& place)
     const auto name = json["do"].get<std::string>();
     SimStep step;
     step.place = place + " (" + name + ")";
-    step.verb = findSimVerb(name);
-    if (!step.verb)
+    step.kind = findSimStepKind(name);
+    if (!step.kind)
         throw SimScenarioError(place + ": unknown verb \"" + name + "\"");
     SimJson own = SimJson::object(); // what every step may have
     for (const auto& [key, value] : json.items()) {
@@ -48,7 +48,7 @@ SimStep stepFrom(const SimJson& json, const std::string& place)
             step.arguments[key] = value;
     }
     checkArguments(own, stepMembers(), {}, step.place);
-    checkArguments(step.arguments, step.verb->parameters, {}, step.place);
+    checkArguments(step.arguments, step.kind->parameters, {}, step.place);
     if (own.contains("at"))
         step.at = own["at"].get<double>();
     step.after = own.value("after", 0.0);
@@ -65,18 +65,18 @@ SimJson propertiesOf(const std::vector<SimParameter>& parameters)
     return properties;
 }
 
-SimJson schemaOfStep(const SimStepKind& verb)
+SimJson schemaOfStep(const SimStepKind& kind)
 {
-    SimJson properties = propertiesOf(verb.parameters);
+    SimJson properties = propertiesOf(kind.parameters);
     properties.update(propertiesOf(stepMembers()));
-    properties["do"] = {{"const", verb.name}};
+    properties["do"] = {{"const", kind.name}};
     SimJson required = {"do"};
-    for (const SimParameter& parameter : verb.parameters) {
+    for (const SimParameter& parameter : kind.parameters) {
         if (parameter.presence == SimPresence::required)
             required.push_back(parameter.name);
     }
     return {{"type", "object"},
-            {"description", verb.help},
+            {"description", kind.help},
             {"properties", properties},
             {"required", required},
             {"additionalProperties", false}};
@@ -120,16 +120,16 @@ SimJson SimScenario::toJson() const
 
 std::string SimScenario::schemaText()
 {
-    constexpr std::string_view kPlaceholder = "\"verbs\"";
+    constexpr std::string_view kPlaceholder = "\"stepKinds\"";
     SimJson outer = schema();
     SimJson& alternatives = outer["properties"]["steps"]["items"]["oneOf"];
-    std::string verbs = "[";
+    std::string kinds = "[";
     for (const SimJson& alternative : alternatives)
-        verbs += (verbs.size() > 1 ? ",\n" : "\n") + alternative.dump();
-    verbs += "\n]";
-    alternatives = "verbs";
+        kinds += (kinds.size() > 1 ? ",\n" : "\n") + alternative.dump();
+    kinds += "\n]";
+    alternatives = "stepKinds";
     std::string text = outer.dump(2);
-    text.replace(text.find(kPlaceholder), kPlaceholder.size(), verbs);
+    text.replace(text.find(kPlaceholder), kPlaceholder.size(), kinds);
     return text + "\n";
 }
 
@@ -141,8 +141,8 @@ SimJson SimScenario::schema()
                            {"properties", propertiesOf(SimSetup::parameters())},
                            {"additionalProperties", false}};
     SimJson alternatives = SimJson::array();
-    for (const SimStepKind* verb : allSimVerbs())
-        alternatives.push_back(schemaOfStep(*verb));
+    for (const SimStepKind* kind : allSimStepKinds())
+        alternatives.push_back(schemaOfStep(*kind));
     properties["steps"] = {{"type", "array"}, {"items", {{"oneOf", alternatives}}}};
     return {{"$schema", "https://json-schema.org/draft/2020-12/schema"},
             {"title", "A scenario of Haloric's simulated desktop"},

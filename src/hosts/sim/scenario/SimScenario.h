@@ -1,7 +1,7 @@
 // A story on the simulated desktop: how it is at the start, and what happens then. Read from and written to JSON.
 #pragma once
 
-#include "hosts/sim/scenario/SimStep.h"
+#include "hosts/sim/scenario/steps/SimStep.h"
 
 #include <string>
 #include <string_view>
@@ -24,7 +24,7 @@ struct SimScenario {
     // The JSON schema that scenario files follow.
     static SimJson schema();
 
-    // The schema as text, a verb a line.
+    // The schema as text, one kind of step a line.
     static std::string schemaText();
 };
 

@@ -3,7 +3,7 @@
 // have come about.
 #pragma once
 
-#include "hosts/sim/scenario/SimSession.h"
+#include "hosts/sim/scenario/session/SimSession.h"
 
 #include <cstdint>
 

@@ -1,7 +1,6 @@
-// The arguments that random steps are made with.
-#include "hosts/sim/scenario/random/SimRandomSteps.h"
+#include "hosts/sim/scenario/random/SimRandomArguments.h"
 
-#include "hosts/sim/scenario/steps/SimValues.h"
+#include "hosts/sim/scenario/session/SimValues.h"
 
 #include <algorithm>
 
@@ -9,7 +8,7 @@ namespace haloric {
 
 namespace {
 
-// Frames and sizes in whole points, now and then in halves.
+// Frames and sizes in whole points, sometimes in halves.
 double halves(SimDice& dice, std::int64_t least, std::int64_t most)
 {
     const auto whole = static_cast<double>(dice.between(least, most));
@@ -18,7 +17,74 @@ double halves(SimDice& dice, std::int64_t least, std::int64_t most)
 
 } // namespace
 
-SimRandomSteps::Arguments SimRandomSteps::launch()
+SimJson SimRandomArguments::setup()
+{
+    SimJson setup{{"version", m_dice.chance(0.3) ? 13 : 14},
+                  {"trusted", !m_dice.chance(0.1)},
+                  {"jitterSeed", m_dice.below(1'000'000)},
+                  {"jitter", m_dice.coin() ? 0.0 : m_dice.milliseconds(0.001, 0.03)}};
+    SimJson screens{{{"screen", 1}, {"frame", {0, 0, 1440, 900}}, {"rate", m_dice.coin() ? 60 : 120}}};
+    if (m_dice.coin())
+        screens.push_back({{"screen", 2}, {"frame", {1440, -90, 1920, 1080}}});
+    setup["screens"] = screens;
+    SimJson settings = SimJson::object();
+    for (int i = 0; i < 3; ++i)
+        settings.update(anySetting());
+    setup["settings"] = settings;
+    if (m_dice.chance(0.05))
+        setup["environment"] = {{"HALORIC_DISABLE_WINDOWSERVER_FAST_PATH", "1"}};
+    if (m_dice.chance(0.05))
+        setup["libraryMissing"] = true;
+    if (m_dice.chance(0.1)) {
+        const std::vector<std::string> symbols{"SLSMainConnectionID",   "SLSGetWindowBounds",
+                                               "SLSRegisterNotifyProc", "SLSRequestNotificationsForWindows",
+                                               "SLSTransactionCreate",  "SLSTransactionMoveWindowWithGroup"};
+        setup["missingEntries"] = {m_dice.pick(symbols)};
+    }
+    if (m_dice.chance(0.1))
+        setup["eventTapRefused"] = true;
+    if (m_dice.chance(0.05))
+        setup["videoLinksFail"] = true;
+    return setup;
+}
+
+SimJson SimRandomArguments::anySetting()
+{
+    SimJson change = SimJson::object();
+    const std::vector<std::string> flags{"borderEnabled", "glowEnabled",        "tintEnabled",  "dimEnabled",
+                                         "pulseEnabled",  "hideWhenFullScreen", "hotkeyEnabled"};
+    switch (m_dice.below(5)) {
+    case 0:
+    case 1:
+        change[m_dice.pick(flags)] = m_dice.coin();
+        break;
+    case 2:
+        addDimming(change);
+        break;
+    case 3:
+        change["glowRadius"] = m_dice.between(-5, 60);
+        break;
+    default:
+        change["cornerRadius"] = m_dice.between(0, 40);
+        change["tintHeight"] = m_dice.between(0, 60);
+        break;
+    }
+    return change;
+}
+
+void SimRandomArguments::addDimming(SimJson& change)
+{
+    change["dimEnabled"] = true;
+    change["dimScope"] = m_dice.coin() ? "allWindows" : "selectedApps";
+    SimJson apps = SimJson::array();
+    for (int app = 1; app <= m_apps + 1; ++app) {
+        if (m_dice.coin())
+            apps.push_back("org.example.App" + std::to_string(app));
+    }
+    change["dimApps"] = apps;
+}
+
+auto SimRandomArguments::launch() -> Arguments
 {
     constexpr std::size_t kMostApps = 6;
     if (m_desktop->model.apps.size() > kMostApps)
@@ -29,12 +95,9 @@ SimRandomSteps::Arguments SimRandomSteps::launch()
     return arguments;
 }
 
-SimRandomSteps::Arguments SimRandomSteps::anyApp()
-{
-    return SimJson{{"app", m_dice.pick(m_desktop->model.apps)->name}};
-}
+auto SimRandomArguments::anyApp() -> Arguments { return SimJson{{"app", m_dice.pick(m_desktop->model.apps)->name}}; }
 
-SimRandomSteps::Arguments SimRandomSteps::appWith(bool (*matches)(const SimApp&))
+SimRandomArguments::Arguments SimRandomArguments::appWith(bool (*matches)(const SimApp&))
 {
     std::vector<const SimApp*> found;
     for (const auto& app : m_desktop->model.apps) {
@@ -46,12 +109,35 @@ SimRandomSteps::Arguments SimRandomSteps::appWith(bool (*matches)(const SimApp&)
     return SimJson{{"app", m_dice.pick(found)->name}};
 }
 
-SimRandomSteps::Arguments SimRandomSteps::anyWindow()
+auto SimRandomArguments::hiddenApp() -> Arguments
+{
+    return appWith([](const SimApp& app) { return app.hidden; });
+}
+
+auto SimRandomArguments::otherApp() -> Arguments
+{
+    return appWith([](const SimApp& app) { return app.pid != SimModel::kOwnProcess; });
+}
+
+auto SimRandomArguments::answer() -> Arguments
+{
+    return withValue(appWith([](const SimApp& app) { return !app.responsive; }), true);
+}
+
+auto SimRandomArguments::hang() -> Arguments { return withValue(otherApp(), false); }
+
+auto SimRandomArguments::observable() -> Arguments
+{
+    const bool value = m_dice.coin();
+    return withValue(otherApp(), value);
+}
+
+auto SimRandomArguments::anyWindow() -> Arguments
 {
     return windowWith([](const SimWindow&) { return true; });
 }
 
-SimRandomSteps::Arguments SimRandomSteps::windowWith(bool (*matches)(const SimWindow&))
+SimRandomArguments::Arguments SimRandomArguments::windowWith(bool (*matches)(const SimWindow&))
 {
     std::vector<const SimWindow*> found;
     for (const auto& window : m_desktop->model.windows.frontToBack()) {
@@ -63,7 +149,17 @@ SimRandomSteps::Arguments SimRandomSteps::windowWith(bool (*matches)(const SimWi
     return SimJson{{"window", m_dice.pick(found)->name}};
 }
 
-Rect SimRandomSteps::anyFrame()
+auto SimRandomArguments::minimisedWindow() -> Arguments
+{
+    return windowWith([](const SimWindow& window) { return window.minimised; });
+}
+
+auto SimRandomArguments::fullScreenWindow() -> Arguments
+{
+    return windowWith([](const SimWindow& window) { return window.fullScreenOrigin.has_value(); });
+}
+
+Rect SimRandomArguments::anyFrame()
 {
     const auto& screens = m_desktop->model.screens;
     const Rect screen = m_dice.pick(screens).frame;
@@ -80,7 +176,7 @@ Rect SimRandomSteps::anyFrame()
     return frame;
 }
 
-SimRandomSteps::Arguments SimRandomSteps::open()
+auto SimRandomArguments::open() -> Arguments
 {
     constexpr std::size_t kMostWindows = 14;
     if (m_desktop->model.windows.frontToBack().size() > kMostWindows)
@@ -99,7 +195,7 @@ SimRandomSteps::Arguments SimRandomSteps::open()
     return arguments;
 }
 
-SimRandomSteps::Arguments SimRandomSteps::move()
+auto SimRandomArguments::move() -> Arguments
 {
     auto arguments = anyWindow();
     if (arguments) {
@@ -109,7 +205,7 @@ SimRandomSteps::Arguments SimRandomSteps::move()
     return arguments;
 }
 
-SimRandomSteps::Arguments SimRandomSteps::resize()
+auto SimRandomArguments::resize() -> Arguments
 {
     auto arguments = anyWindow();
     if (arguments) {
@@ -119,7 +215,7 @@ SimRandomSteps::Arguments SimRandomSteps::resize()
     return arguments;
 }
 
-SimRandomSteps::Arguments SimRandomSteps::drag()
+auto SimRandomArguments::drag() -> Arguments
 {
     auto arguments = m_dice.chance(0.7) ? Arguments() : anyWindow();
     if (!arguments) { // mostly the focused window, as users do
@@ -140,7 +236,29 @@ SimRandomSteps::Arguments SimRandomSteps::drag()
     return arguments;
 }
 
-SimRandomSteps::Arguments SimRandomSteps::sendToSpace()
+auto SimRandomArguments::alpha() -> Arguments
+{
+    const int value = m_dice.coin() ? 0 : 1;
+    return withValue(anyWindow(), value);
+}
+
+auto SimRandomArguments::layer() -> Arguments
+{
+    const int value = m_dice.chance(0.3) ? 3 : 0;
+    return withValue(anyWindow(), value);
+}
+
+auto SimRandomArguments::decoration() -> Arguments
+{
+    const std::vector<std::string> kinds{"titled", "none", "client"};
+    const std::string value = m_dice.pick(kinds);
+    auto arguments = withValue(anyWindow(), value);
+    if (arguments)
+        (*arguments)["titleBar"] = m_dice.between(5, 70);
+    return arguments;
+}
+
+auto SimRandomArguments::sendToSpace() -> Arguments
 {
     auto arguments = windowWith([](const SimWindow& window) { return !window.fullScreenOrigin; });
     if (arguments)
@@ -148,7 +266,7 @@ SimRandomSteps::Arguments SimRandomSteps::sendToSpace()
     return arguments;
 }
 
-SimRandomSteps::Arguments SimRandomSteps::space()
+auto SimRandomArguments::space() -> Arguments
 {
     if (m_dice.chance(0.2)) { // to a full-screen window's Space
         for (const auto& window : m_desktop->model.windows.frontToBack()) {
@@ -159,7 +277,7 @@ SimRandomSteps::Arguments SimRandomSteps::space()
     return SimJson{{"to", m_dice.between(1, m_desktop->model.ordinarySpaces)}};
 }
 
-SimRandomSteps::Arguments SimRandomSteps::plug()
+auto SimRandomArguments::plug() -> Arguments
 {
     const auto& screens = m_desktop->model.screens;
     if (screens.size() >= 3)
@@ -174,7 +292,7 @@ SimRandomSteps::Arguments SimRandomSteps::plug()
     return SimJson{{"screen", number}, {"frame", frame}, {"rate", m_dice.coin() ? 60 : 120}};
 }
 
-SimRandomSteps::Arguments SimRandomSteps::unplug()
+auto SimRandomArguments::unplug() -> Arguments
 {
     const auto& screens = m_desktop->model.screens;
     if (screens.size() < 2)
@@ -182,13 +300,104 @@ SimRandomSteps::Arguments SimRandomSteps::unplug()
     return SimJson{{"screen", static_cast<std::int64_t>(m_dice.pick(screens).id)}};
 }
 
-SimRandomSteps::Arguments SimRandomSteps::resizeScreen()
+auto SimRandomArguments::resizeScreen() -> Arguments
 {
     const auto& screens = m_desktop->model.screens;
     if (screens.empty())
         return std::nullopt;
     const SimJson size = m_dice.coin() ? SimJson{1280, 800} : SimJson{1600, 1000};
     return SimJson{{"screen", static_cast<std::int64_t>(m_dice.pick(screens).id)}, {"size", size}};
+}
+
+auto SimRandomArguments::trust() -> Arguments { return withValue(none(), !m_desktop->model.trusted); }
+
+auto SimRandomArguments::wallClock() -> Arguments { return SimJson{{"seconds", m_dice.between(-4000, 4000)}}; }
+
+auto SimRandomArguments::settings() -> Arguments { return SimJson{{"change", anySetting()}}; }
+
+auto SimRandomArguments::key() -> Arguments
+{
+    if (m_dice.chance(0.2)) // the hotkey
+        return SimJson{{"code", 3}, {"modifiers", {"control", "option", "command"}}};
+    const std::vector<std::int64_t> codes{20, 21, 23, 53, 0};
+    const std::vector<std::string> names{"shift", "control", "option", "command"};
+    SimJson modifiers = SimJson::array();
+    for (const auto& name : names) {
+        if (m_dice.coin())
+            modifiers.push_back(name);
+    }
+    return SimJson{{"code", m_dice.pick(codes)}, {"modifiers", modifiers}};
+}
+
+auto SimRandomArguments::menu() -> Arguments
+{
+    std::vector<std::string> titles{"Border", "Glow",      "Title-bar tint",  "Dim other windows",
+                                    "Teal",   "Settings…", "Launch at Login", "About Haloric"};
+    if (!m_desktop->model.trusted)
+        titles.emplace_back("Grant Accessibility Permission…");
+    return SimJson{{"title", m_dice.pick(titles)}};
+}
+
+auto SimRandomArguments::control() -> Arguments
+{
+    const auto isSettings = [](const auto& window) { return window->name == "Haloric Settings"; };
+    if (std::ranges::none_of(m_desktop->model.windows.frontToBack(), isSettings))
+        return std::nullopt;
+    const std::vector<std::string> switches{"borderEnabled", "glowEnabled", "tintEnabled", "dimEnabled",
+                                            "hotkeyEnabled"};
+    if (m_dice.coin())
+        return SimJson{{"id", m_dice.pick(switches)}, {"on", m_dice.coin()}};
+    return SimJson{{"id", "glowRadius"}, {"value", m_dice.between(0, 70)}};
+}
+
+auto SimRandomArguments::failCall() -> Arguments
+{
+    if (!m_dice.chance(0.3))
+        return std::nullopt;
+    const std::vector<std::string> entries{"SLSGetWindowBounds", "SLSRegisterNotifyProc", "SLSRemoveNotifyProc",
+                                           "SLSRequestNotificationsForWindows", "SLSTransactionCreate"};
+    return SimJson{{"entry", m_dice.pick(entries)}, {"call", m_dice.between(1, 20)}};
+}
+
+auto SimRandomArguments::refuseNotifications() -> Arguments
+{
+    const std::vector<std::string> names{"AXFocusedWindowChanged", "AXMainWindowChanged",  "AXWindowMoved",
+                                         "AXWindowResized",        "AXWindowMiniaturized", "AXUIElementDestroyed"};
+    SimJson refused = SimJson::array();
+    for (const auto& name : names) {
+        if (m_dice.chance(0.2))
+            refused.push_back(name);
+    }
+    return SimJson{{"names", refused}};
+}
+
+auto SimRandomArguments::notify() -> Arguments
+{
+    const std::vector<std::int64_t> events{804, 806, 807, 816, 1, 815};
+    const auto& windows = m_desktop->model.windows.frontToBack();
+    const auto number = windows.empty() ? 99 : static_cast<std::int64_t>(m_dice.pick(windows)->number);
+    return SimJson{
+        {"event", m_dice.pick(events)}, {"number", number}, {"length", m_dice.coin() ? 4 : m_dice.between(0, 3)}};
+}
+
+auto SimRandomArguments::button() -> Arguments { return SimJson{{"button", m_dice.coin() ? "left" : "right"}}; }
+
+auto SimRandomArguments::disableTap() -> Arguments
+{
+    return SimJson{{"reason", m_dice.coin() ? "timeout" : "userInput"}};
+}
+
+auto SimRandomArguments::timeOutCall() -> Arguments { return SimJson{{"call", m_dice.between(1, 30)}}; }
+
+auto SimRandomArguments::missWindowLists() -> Arguments { return SimJson{{"count", m_dice.between(1, 3)}}; }
+
+auto SimRandomArguments::failSaves() -> Arguments { return withValue(none(), m_dice.coin()); }
+
+auto SimRandomArguments::withValue(Arguments arguments, SimJson value) -> Arguments
+{
+    if (arguments)
+        (*arguments)["value"] = std::move(value);
+    return arguments;
 }
 
 } // namespace haloric

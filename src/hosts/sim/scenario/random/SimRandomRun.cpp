@@ -1,7 +1,7 @@
 #include "hosts/sim/scenario/random/SimRandomRun.h"
 
-#include "hosts/sim/scenario/SimFailure.h"
-#include "hosts/sim/scenario/SimPlayer.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
+#include "hosts/sim/scenario/steps/SimPlayer.h"
 
 #include <algorithm>
 
@@ -44,13 +44,13 @@ std::optional<SimRandomRun::Failure> SimRandomRun::playEpisode(std::uint64_t epi
     scenario.setup = random.setup();
     SimPlayer player(SimSetup::fromJson(scenario.setup, scenario.title), SimPlayer::UnknownNames::fail);
     player.desktop().journal.setKeepsEntries(false);
-    static const SimStepKind* const rest = findSimVerb("rest");
+    static const SimStepKind* const rest = findSimStepKind("rest");
     try {
         for (std::uint64_t i = 0; i < steps; ++i) {
             ++result.steps;
             scenario.steps.push_back(random.next(player.desktop()));
             player.play(scenario.steps.back());
-            if (scenario.steps.back().verb == rest)
+            if (scenario.steps.back().kind == rest)
                 look(player, result.coverage);
         }
         result.coverage.carriedMoves += player.counts().carried;

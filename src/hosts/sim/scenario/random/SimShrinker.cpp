@@ -1,7 +1,7 @@
 #include "hosts/sim/scenario/random/SimShrinker.h"
 
-#include "hosts/sim/scenario/SimFailure.h"
 #include "hosts/sim/scenario/SimReplay.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "hosts/sim/scenario/SimFailure.h"
-#include "hosts/sim/scenario/SimPlayer.h"
-#include "hosts/sim/scenario/steps/SimValues.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
+#include "hosts/sim/scenario/session/SimValues.h"
+#include "hosts/sim/scenario/steps/SimPlayer.h"
 
 namespace haloric {
 
@@ -41,9 +41,9 @@ void open(SimPlayer& player, const SimJson& arguments)
 
 } // namespace
 
-const std::vector<SimStepKind>& simApplicationVerbs()
+const std::vector<SimStepKind>& simApplicationSteps()
 {
-    static const std::vector<SimStepKind> verbs{
+    static const std::vector<SimStepKind> kinds{
         {"launch",
          "start an application without windows; it comes to the front",
          {kApp, {"bundleID", SimType::text, kOptional, "its bundle identifier; org.example.<name>; empty: none"}},
@@ -97,7 +97,7 @@ const std::vector<SimStepKind>& simApplicationVerbs()
              player.app(arguments).observable = arguments["value"].get<bool>();
          }},
     };
-    return verbs;
+    return kinds;
 }
 
 } // namespace haloric

@@ -1,4 +1,4 @@
-#include "hosts/sim/scenario/SimPlayer.h"
+#include "hosts/sim/scenario/steps/SimPlayer.h"
 
 namespace haloric {
 
@@ -16,9 +16,9 @@ void notifySpuriously(SimPlayer& player, const SimJson& arguments)
 
 } // namespace
 
-const std::vector<SimStepKind>& simFaultVerbs()
+const std::vector<SimStepKind>& simFaultSteps()
 {
-    static const std::vector<SimStepKind> verbs{
+    static const std::vector<SimStepKind> kinds{
         {"failCall",
          "one call of an entry of the window server's private library fails",
          {{"entry",
@@ -65,7 +65,7 @@ const std::vector<SimStepKind>& simFaultVerbs()
           {"length", SimType::integer, kRequired, "the length of its data; 0: no data"}},
          notifySpuriously},
     };
-    return verbs;
+    return kinds;
 }
 
 } // namespace haloric

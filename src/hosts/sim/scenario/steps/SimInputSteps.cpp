@@ -1,5 +1,5 @@
-#include "hosts/sim/scenario/SimFailure.h"
-#include "hosts/sim/scenario/SimPlayer.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
+#include "hosts/sim/scenario/steps/SimPlayer.h"
 
 #include <array>
 
@@ -67,9 +67,9 @@ void changeControl(SimPlayer& player, const SimJson& arguments)
 
 } // namespace
 
-const std::vector<SimStepKind>& simInputVerbs()
+const std::vector<SimStepKind>& simInputSteps()
 {
-    static const std::vector<SimStepKind> verbs{
+    static const std::vector<SimStepKind> kinds{
         {"press",
          "press a mouse button and hold it",
          {kButton},
@@ -120,7 +120,7 @@ const std::vector<SimStepKind>& simInputVerbs()
                                                                             : EventType::tapDisabledByUserInput);
          }},
     };
-    return verbs;
+    return kinds;
 }
 
 } // namespace haloric

@@ -4,23 +4,23 @@
 
 namespace haloric {
 
-const std::vector<const SimStepKind*>& allSimVerbs()
+const std::vector<const SimStepKind*>& allSimStepKinds()
 {
     static const auto all = [] {
-        std::vector<const SimStepKind*> verbs;
-        for (const auto* list : {&simApplicationVerbs(), &simWindowVerbs(), &simSystemVerbs(), &simInputVerbs(),
-                                 &simFaultVerbs(), &simExpectationVerbs()}) {
-            for (const SimStepKind& verb : *list)
-                verbs.push_back(&verb);
+        std::vector<const SimStepKind*> kinds;
+        for (const auto* list : {&simApplicationSteps(), &simWindowSteps(), &simSystemSteps(), &simInputSteps(),
+                                 &simFaultSteps(), &simExpectationSteps()}) {
+            for (const SimStepKind& kind : *list)
+                kinds.push_back(&kind);
         }
-        return verbs;
+        return kinds;
     }();
     return all;
 }
 
-const SimStepKind* findSimVerb(std::string_view name)
+const SimStepKind* findSimStepKind(std::string_view name)
 {
-    const auto& all = allSimVerbs();
+    const auto& all = allSimStepKinds();
     const auto found = std::ranges::find(all, name, &SimStepKind::name);
     return found == all.end() ? nullptr : *found;
 }

@@ -1,7 +1,7 @@
-// Something that a scenario's step can do.
+// A kind of step: the verb that names it in a scenario file, its parameters, and what it does.
 #pragma once
 
-#include "hosts/sim/scenario/steps/SimParameter.h"
+#include "hosts/sim/scenario/session/SimParameter.h"
 
 #include <string_view>
 #include <vector>
@@ -19,18 +19,18 @@ struct SimStepKind {
     void (*run)(SimPlayer& player, const SimJson& arguments);
 };
 
-// Every verb, by duty. To add one, add it to the list of its duty: parser, schema and documentation follow.
-const std::vector<SimStepKind>& simApplicationVerbs();
-const std::vector<SimStepKind>& simWindowVerbs();
-const std::vector<SimStepKind>& simSystemVerbs();
-const std::vector<SimStepKind>& simInputVerbs();
-const std::vector<SimStepKind>& simFaultVerbs();
-const std::vector<SimStepKind>& simExpectationVerbs();
+// Every kind of step, by duty. To add one, add it to the list of its duty: parser and schema follow.
+const std::vector<SimStepKind>& simApplicationSteps();
+const std::vector<SimStepKind>& simWindowSteps();
+const std::vector<SimStepKind>& simSystemSteps();
+const std::vector<SimStepKind>& simInputSteps();
+const std::vector<SimStepKind>& simFaultSteps();
+const std::vector<SimStepKind>& simExpectationSteps();
 
 // All lists in turn.
-const std::vector<const SimStepKind*>& allSimVerbs();
+const std::vector<const SimStepKind*>& allSimStepKinds();
 
 // Null for an unknown name.
-const SimStepKind* findSimVerb(std::string_view name);
+const SimStepKind* findSimStepKind(std::string_view name);
 
 } // namespace haloric

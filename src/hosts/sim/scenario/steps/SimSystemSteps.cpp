@@ -1,13 +1,11 @@
-#include "hosts/sim/scenario/SimFailure.h"
-#include "hosts/sim/scenario/SimPlayer.h"
-#include "hosts/sim/scenario/steps/SimValues.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
+#include "hosts/sim/scenario/session/SimValues.h"
+#include "hosts/sim/scenario/steps/SimPlayer.h"
 #include "settings/SettingsCodec.h"
 
 namespace haloric {
 
 namespace {
-
-const SimParameter kScreen{"screen", SimType::integer, SimPresence::required, "the screen's display number"};
 
 void switchSpace(SimPlayer& player, const SimJson& arguments)
 {
@@ -60,29 +58,24 @@ void shiftWallClock(SimPlayer& player, const SimJson& arguments)
 
 } // namespace
 
-const std::vector<SimStepKind>& simSystemVerbs()
+const std::vector<SimStepKind>& simSystemSteps()
 {
     constexpr auto required = SimPresence::required;
     constexpr auto optional = SimPresence::optional;
-    static const std::vector<SimStepKind> verbs{
+    const SimParameter screen = simScreenParameters().front();
+    static const std::vector<SimStepKind> kinds{
         {"space",
          "switch to another Space; a window that is being dragged comes along",
          {{"to", SimType::integer, required, "the Space's number, from 1"}},
          switchSpace},
-        {"plug",
-         "attach a screen",
-         {kScreen,
-          {"frame", SimType::rect, required, "its frame in global space"},
-          {"rate", SimType::number, optional, "its refresh rate; 60"},
-          {"scale", SimType::number, optional, "pixels a point; 2"}},
-         plug},
+        {"plug", "attach a screen", simScreenParameters(), plug},
         {"unplug",
          "detach a screen; its windows move to the primary one",
-         {kScreen},
+         {screen},
          [](SimPlayer& player, const SimJson& a) { player.desktop().screens.unplug(player.screen(a).id); }},
         {"resizeScreen",
          "change a screen's size",
-         {kScreen, {"size", SimType::size, required, "its new size in points"}},
+         {screen, {"size", SimType::size, required, "its new size in points"}},
          [](SimPlayer& player, const SimJson& a) {
              player.desktop().screens.resize(player.screen(a).id, simSizeFrom(a["size"]));
          }},
@@ -112,7 +105,7 @@ const std::vector<SimStepKind>& simSystemVerbs()
          {},
          [](SimPlayer& player, const SimJson&) { player.mark(); }},
     };
-    return verbs;
+    return kinds;
 }
 
 } // namespace haloric

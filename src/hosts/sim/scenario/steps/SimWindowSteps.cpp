@@ -1,6 +1,6 @@
-#include "hosts/sim/scenario/SimFailure.h"
-#include "hosts/sim/scenario/SimPlayer.h"
-#include "hosts/sim/scenario/steps/SimValues.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
+#include "hosts/sim/scenario/session/SimValues.h"
+#include "hosts/sim/scenario/steps/SimPlayer.h"
 
 namespace haloric {
 
@@ -53,7 +53,7 @@ void sendToSpace(SimPlayer& player, const SimJson& arguments)
 }
 
 // What changes how a window looks, or where it belongs.
-std::vector<SimStepKind> propertyVerbs()
+std::vector<SimStepKind> propertyKinds()
 {
     constexpr auto required = SimPresence::required;
     constexpr auto optional = SimPresence::optional;
@@ -87,7 +87,7 @@ std::vector<SimStepKind> propertyVerbs()
     };
 }
 
-std::vector<SimStepKind> movementVerbs()
+std::vector<SimStepKind> movementKinds()
 {
     constexpr auto required = SimPresence::required;
     constexpr auto optional = SimPresence::optional;
@@ -138,15 +138,15 @@ std::vector<SimStepKind> movementVerbs()
 
 } // namespace
 
-const std::vector<SimStepKind>& simWindowVerbs()
+const std::vector<SimStepKind>& simWindowSteps()
 {
-    static const std::vector<SimStepKind> verbs = [] {
-        std::vector<SimStepKind> all = movementVerbs();
-        const std::vector<SimStepKind> properties = propertyVerbs();
+    static const std::vector<SimStepKind> kinds = [] {
+        std::vector<SimStepKind> all = movementKinds();
+        const std::vector<SimStepKind> properties = propertyKinds();
         all.insert(all.end(), properties.begin(), properties.end());
         return all;
     }();
-    return verbs;
+    return kinds;
 }
 
 } // namespace haloric

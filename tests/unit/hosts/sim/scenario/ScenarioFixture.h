@@ -9,7 +9,7 @@
 namespace haloric {
 
 // Keeps the scenario that its replay refers to.
-struct PlayedText {
+struct PlayedScenario {
     std::unique_ptr<SimScenario> scenario;
     std::unique_ptr<SimReplay> replay;
     std::string failure; // empty: none
@@ -18,9 +18,9 @@ struct PlayedText {
 };
 
 // `steps` are the steps alone, without the brackets of their list; `setup` is an object.
-inline PlayedText playText(const std::string& steps, const std::string& setup = "{}")
+inline PlayedScenario playScenario(const std::string& steps, const std::string& setup = "{}")
 {
-    PlayedText played;
+    PlayedScenario played;
     const std::string text = R"({"title": "test", "setup": )" + setup + R"(, "steps": [)" + steps + "]}";
     played.scenario = std::make_unique<SimScenario>(SimScenario::parse(text, "test"));
     played.replay = std::make_unique<SimReplay>(*played.scenario);
@@ -29,7 +29,7 @@ inline PlayedText playText(const std::string& steps, const std::string& setup = 
 }
 
 // An editor with one window, in the middle of the default screen, after everything has settled.
-inline const std::string kEditor = R"(
+inline const std::string kEditorSteps = R"(
     {"do": "launch", "app": "Editor"},
     {"do": "open", "app": "Editor", "window": "draft", "frame": [200, 150, 700, 500]},
     {"do": "wait", "after": 3})";

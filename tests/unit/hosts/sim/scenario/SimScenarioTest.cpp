@@ -1,6 +1,6 @@
 #include "hosts/sim/scenario/SimScenario.h"
-#include "hosts/sim/scenario/SimFailure.h"
-#include "hosts/sim/scenario/SimSetup.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
+#include "hosts/sim/scenario/session/SimSetup.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -108,10 +108,10 @@ TEST(SimScenario, the_schema_knows_every_verb_and_argument)
 {
     const SimJson schema = SimScenario::schema();
     const SimJson& alternatives = schema["properties"]["steps"]["items"]["oneOf"];
-    ASSERT_EQ(alternatives.size(), allSimVerbs().size());
+    ASSERT_EQ(alternatives.size(), allSimStepKinds().size());
     for (std::size_t i = 0; i < alternatives.size(); ++i) {
-        EXPECT_EQ(alternatives[i]["properties"]["do"]["const"], allSimVerbs()[i]->name);
-        for (const SimParameter& parameter : allSimVerbs()[i]->parameters)
+        EXPECT_EQ(alternatives[i]["properties"]["do"]["const"], allSimStepKinds()[i]->name);
+        for (const SimParameter& parameter : allSimStepKinds()[i]->parameters)
             EXPECT_TRUE(alternatives[i]["properties"].contains(parameter.name)) << parameter.name;
     }
 }
@@ -123,7 +123,7 @@ TEST(SimScenario, every_story_ends_in_an_expectation_or_a_look_at_the_desktop_at
         if (file.path().filename() == "schema.json")
             continue;
         const SimScenario scenario = SimScenario::parse(contentsOf(file), file.path().filename().string());
-        const std::string_view last = scenario.steps.back().verb->name;
+        const std::string_view last = scenario.steps.back().kind->name;
         EXPECT_TRUE(last == "rest" || last.starts_with("expect")) << file.path();
         EXPECT_FALSE(scenario.story.empty()) << file.path();
         ++stories;
@@ -134,8 +134,8 @@ TEST(SimScenario, every_story_ends_in_an_expectation_or_a_look_at_the_desktop_at
 TEST(SimScenario, the_documentation_tells_of_every_verb_and_setup_member)
 {
     const std::string document = contentsOf(HALORIC_SCENARIOS "/../docs/simulation.md");
-    for (const SimStepKind* verb : allSimVerbs())
-        EXPECT_THAT(document, HasSubstr("| `" + std::string(verb->name) + "` | " + std::string(verb->help) + " |"));
+    for (const SimStepKind* kind : allSimStepKinds())
+        EXPECT_THAT(document, HasSubstr("| `" + std::string(kind->name) + "` | " + std::string(kind->help) + " |"));
     for (const SimParameter& member : SimSetup::parameters())
         EXPECT_THAT(document, HasSubstr("| `" + std::string(member.name) + "` | "));
 }
@@ -143,8 +143,8 @@ TEST(SimScenario, the_documentation_tells_of_every_verb_and_setup_member)
 TEST(SimScenario, every_verb_has_a_name_of_its_own)
 {
     std::set<std::string_view> names;
-    for (const SimStepKind* verb : allSimVerbs())
-        EXPECT_TRUE(names.insert(verb->name).second) << verb->name;
+    for (const SimStepKind* kind : allSimStepKinds())
+        EXPECT_TRUE(names.insert(kind->name).second) << kind->name;
 }
 
 } // namespace

@@ -62,12 +62,12 @@ TEST(SimRandomRun, a_run_of_some_steps_plays_each_verb_but_expectations)
     desktop.model.windows.named("b")->fullScreenOrigin.emplace();
     SimRandomSteps random(1);
     for (int i = 0; i < 10'000; ++i)
-        ++played[random.next(desktop).verb->name];
+        ++played[random.next(desktop).kind->name];
 
-    for (const SimStepKind* verb : allSimVerbs()) {
-        const bool passive = verb->name.starts_with("expect") || verb->name == "mark" || verb->name == "terminate" ||
-                             verb->name == "transactionsLie";
-        EXPECT_EQ(played.contains(verb->name), !passive) << verb->name;
+    for (const SimStepKind* kind : allSimStepKinds()) {
+        const bool passive = kind->name.starts_with("expect") || kind->name == "mark" || kind->name == "terminate" ||
+                             kind->name == "transactionsLie";
+        EXPECT_EQ(played.contains(kind->name), !passive) << kind->name;
     }
 }
 

@@ -10,14 +10,14 @@ namespace {
 SimStep stepOf(const char* verb, double after)
 {
     SimStep step;
-    step.verb = findSimVerb(verb);
+    step.kind = findSimStepKind(verb);
     step.after = after;
     return step;
 }
 
 bool has(const SimScenario& scenario, std::string_view verb)
 {
-    return std::ranges::any_of(scenario.steps, [&](const SimStep& step) { return step.verb->name == verb; });
+    return std::ranges::any_of(scenario.steps, [&](const SimStep& step) { return step.kind->name == verb; });
 }
 
 TEST(SimShrinker, only_the_steps_that_matter_are_left)
@@ -30,8 +30,8 @@ TEST(SimShrinker, only_the_steps_that_matter_are_left)
     const SimScenario shorter = shrinker.shrink(scenario);
 
     ASSERT_EQ(shorter.steps.size(), 2u);
-    EXPECT_EQ(shorter.steps[0].verb->name, "escape");
-    EXPECT_EQ(shorter.steps[1].verb->name, "screenshot");
+    EXPECT_EQ(shorter.steps[0].kind->name, "escape");
+    EXPECT_EQ(shorter.steps[1].kind->name, "screenshot");
 }
 
 TEST(SimShrinker, the_time_before_a_step_is_kept)
@@ -76,7 +76,7 @@ TEST(SimShrinker, a_planted_fault_is_found_and_shortened)
     EXPECT_TRUE(has(shorter, "transactionsLie"));
     EXPECT_TRUE(SimShrinker::failsWhenPlayed(SimScenario::parse(shorter.toJson().dump(), "shortened")));
     SimScenario honest = shorter;
-    std::erase_if(honest.steps, [](const SimStep& step) { return step.verb->name == "transactionsLie"; });
+    std::erase_if(honest.steps, [](const SimStep& step) { return step.kind->name == "transactionsLie"; });
     EXPECT_FALSE(SimShrinker::failsWhenPlayed(honest)) << "it is the fault that fails, not the scenario";
 }
 

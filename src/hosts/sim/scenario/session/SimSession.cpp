@@ -1,4 +1,4 @@
-#include "hosts/sim/scenario/SimSession.h"
+#include "hosts/sim/scenario/session/SimSession.h"
 
 #include <algorithm>
 

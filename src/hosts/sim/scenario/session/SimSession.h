@@ -10,7 +10,7 @@
 #include "hosts/sim/overlay/SimToolkitWindows.h"
 #include "hosts/sim/refresh/SimDisplayLinks.h"
 #include "hosts/sim/refresh/SimScreens.h"
-#include "hosts/sim/scenario/SimSetup.h"
+#include "hosts/sim/scenario/session/SimSetup.h"
 #include "hosts/sim/shell/SimAlerts.h"
 #include "hosts/sim/shell/SimApplication.h"
 #include "hosts/sim/shell/SimBundle.h"

@@ -3,7 +3,7 @@
 
 #include "hosts/sim/desktop/SimFaults.h"
 #include "hosts/sim/desktop/SimScreen.h"
-#include "hosts/sim/scenario/steps/SimParameter.h"
+#include "hosts/sim/scenario/session/SimParameter.h"
 
 #include <cstdint>
 #include <map>

@@ -1,7 +1,7 @@
-#include "hosts/sim/scenario/SimSetup.h"
+#include "hosts/sim/scenario/session/SimSetup.h"
 
-#include "hosts/sim/scenario/SimFailure.h"
-#include "hosts/sim/scenario/steps/SimValues.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
+#include "hosts/sim/scenario/session/SimValues.h"
 
 namespace haloric {
 

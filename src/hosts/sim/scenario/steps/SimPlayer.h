@@ -1,9 +1,9 @@
 // Plays the steps of a scenario on a session of its own, with the checkers at work after every event and every step.
 #pragma once
 
-#include "hosts/sim/scenario/SimSession.h"
-#include "hosts/sim/scenario/SimStep.h"
 #include "hosts/sim/scenario/checks/SimCheckers.h"
+#include "hosts/sim/scenario/session/SimSession.h"
+#include "hosts/sim/scenario/steps/SimStep.h"
 
 #include <cstdint>
 #include <string_view>

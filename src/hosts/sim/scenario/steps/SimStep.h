@@ -11,7 +11,7 @@ namespace haloric {
 struct SimStep {
     std::optional<double> at; // seconds since the start; without it, `after` counts from the step before
     double after = 0;
-    const SimStepKind* verb = nullptr;
+    const SimStepKind* kind = nullptr;
     SimJson arguments = SimJson::object();
     std::string place; // where it stands in its file, for messages
 
@@ -19,7 +19,7 @@ struct SimStep {
     SimJson toJson() const
     {
         SimJson json = arguments;
-        json["do"] = verb->name;
+        json["do"] = kind->name;
         if (at)
             json["at"] = *at;
         else if (after != 0)

@@ -17,7 +17,7 @@ TEST_P(Expectations, hold_or_are_disappointed)
     const auto& [step, before, holds] = GetParam();
     const std::string comma = before.empty() ? "" : ", ";
     const std::string setup = R"({"settings": {"tintEnabled": true}})";
-    auto played = playText(kEditor + ", " + before + comma + step, setup);
+    auto played = playScenario(kEditorSteps + ", " + before + comma + step, setup);
     EXPECT_EQ(played.failure.empty(), holds) << played.failure;
 }
 

@@ -1,6 +1,6 @@
-#include "hosts/sim/scenario/SimPlayer.h"
+#include "hosts/sim/scenario/steps/SimPlayer.h"
 
-#include "hosts/sim/scenario/SimFailure.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
 
 #include <algorithm>
 #include <string>
@@ -18,7 +18,7 @@ SimSession& started(SimSession& session)
 
 std::string journalText(const SimStep& step)
 {
-    std::string text(step.verb->name);
+    std::string text(step.kind->name);
     if (!step.arguments.empty())
         text += " " + step.arguments.dump();
     return text;
@@ -43,7 +43,7 @@ void SimPlayer::play(const SimStep& step)
     if (desktop().journal.keepsEntries())
         desktop().journal.note(SimJournal::Kind::step, journalText(step));
     try {
-        step.verb->run(*this, step.arguments);
+        step.kind->run(*this, step.arguments);
     } catch (const SimUnknownName&) {
         if (m_unknownNames == UnknownNames::fail)
             throw;

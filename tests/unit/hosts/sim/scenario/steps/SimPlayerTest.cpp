@@ -1,6 +1,6 @@
 #include "unit/hosts/sim/scenario/ScenarioFixture.h"
 
-#include "hosts/sim/scenario/SimFailure.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
 
 namespace haloric {
 namespace {
@@ -15,17 +15,17 @@ std::string journalOf(SimPlayer& player)
     return text;
 }
 
-const std::string kStory = kEditor + R"(,
+const std::string kStory = kEditorSteps + R"(,
     {"do": "drag", "window": "draft", "to": [600, 300], "seconds": 0.5},
     {"do": "settings", "after": 0.2, "change": {"dimEnabled": true}},
     {"do": "rest"})";
 
 TEST(SimPlayer, the_same_story_gives_the_same_journal)
 {
-    auto first = playText(kStory);
+    auto first = playScenario(kStory);
     const std::string once = journalOf(first.player());
     first = {};
-    auto second = playText(kStory);
+    auto second = playScenario(kStory);
 
     EXPECT_EQ(journalOf(second.player()), once);
     EXPECT_THAT(once, HasSubstr("step: drag"));
@@ -35,7 +35,7 @@ TEST(SimPlayer, the_same_story_gives_the_same_journal)
 
 TEST(SimPlayer, the_journal_tells_nothing_that_nobody_can_see)
 {
-    auto played = playText(kEditor);
+    auto played = playScenario(kEditorSteps);
     const auto before = played.player().desktop().journal.entries().size();
 
     played.player().advance(Seconds(10)); // polls and queries, but nothing changes
@@ -45,12 +45,12 @@ TEST(SimPlayer, the_journal_tells_nothing_that_nobody_can_see)
 
 TEST(SimPlayer, a_step_at_an_instant_that_has_passed_is_refused)
 {
-    EXPECT_THROW(playText(R"({"do": "wait", "at": 2}, {"do": "wait", "at": 1})"), SimScenarioError);
+    EXPECT_THROW(playScenario(R"({"do": "wait", "at": 2}, {"do": "wait", "at": 1})"), SimScenarioError);
 }
 
 TEST(SimPlayer, steps_come_at_their_instants_and_after_their_delays)
 {
-    auto played = playText(R"({"do": "wait", "at": 2}, {"do": "wait", "after": 0.5}, {"do": "wait", "at": 3})");
+    auto played = playScenario(R"({"do": "wait", "at": 2}, {"do": "wait", "after": 0.5}, {"do": "wait", "at": 3})");
 
     EXPECT_EQ(played.player().now(), Seconds(3));
 }
@@ -58,7 +58,7 @@ TEST(SimPlayer, steps_come_at_their_instants_and_after_their_delays)
 TEST(SimPlayer, a_name_that_is_not_there_is_an_error_that_names_the_step)
 {
     try {
-        playText(R"({"do": "wait"}, {"do": "focus", "window": "ghost"})");
+        playScenario(R"({"do": "wait"}, {"do": "focus", "window": "ghost"})");
         FAIL() << "nothing was thrown";
     } catch (const SimScenarioError& error) {
         EXPECT_STREQ(error.what(), "test: step 2 (focus): there is no window \"ghost\"");
@@ -67,28 +67,29 @@ TEST(SimPlayer, a_name_that_is_not_there_is_an_error_that_names_the_step)
 
 TEST(SimPlayer, an_application_or_a_window_of_the_same_name_is_an_error)
 {
-    EXPECT_THROW(playText(kEditor + R"(, {"do": "launch", "app": "Editor"})"), SimScenarioError);
-    EXPECT_THROW(playText(kEditor + R"(, {"do": "open", "app": "Editor", "window": "draft", "frame": [0,0,9,9]})"),
-                 SimScenarioError);
-    EXPECT_THROW(playText(R"({"do": "plug", "screen": 1, "frame": [0, 0, 800, 600]})"), SimScenarioError);
-    EXPECT_THROW(playText(R"({"do": "space", "to": 9})"), SimScenarioError);
+    EXPECT_THROW(playScenario(kEditorSteps + R"(, {"do": "launch", "app": "Editor"})"), SimScenarioError);
+    EXPECT_THROW(
+        playScenario(kEditorSteps + R"(, {"do": "open", "app": "Editor", "window": "draft", "frame": [0,0,9,9]})"),
+        SimScenarioError);
+    EXPECT_THROW(playScenario(R"({"do": "plug", "screen": 1, "frame": [0, 0, 800, 600]})"), SimScenarioError);
+    EXPECT_THROW(playScenario(R"({"do": "space", "to": 9})"), SimScenarioError);
 }
 
 TEST(SimPlayer, a_setting_of_the_wrong_type_is_an_error)
 {
-    EXPECT_THROW(playText(R"({"do": "settings", "change": {"borderWidth": "thick"}})"), SimScenarioError);
+    EXPECT_THROW(playScenario(R"({"do": "settings", "change": {"borderWidth": "thick"}})"), SimScenarioError);
 }
 
 TEST(SimPlayer, a_failure_tells_step_and_instant)
 {
-    auto played = playText(kEditor + R"(, {"do": "expectNoHighlight"})");
+    auto played = playScenario(kEditorSteps + R"(, {"do": "expectNoHighlight"})");
 
     EXPECT_EQ(played.failure, "test: step 4 (expectNoHighlight) at 3.0000 s: the highlight is on screen");
 }
 
 TEST(SimPlayer, a_setup_reaches_the_desktop)
 {
-    auto played = playText("", R"({"version": 13, "trusted": false, "spaces": 5, "bundlePath": "/opt/x",
+    auto played = playScenario("", R"({"version": 13, "trusted": false, "spaces": 5, "bundlePath": "/opt/x",
         "environment": {"A": "b"}, "missingEntries": ["SLSGetWindowBounds"], "libraryMissing": true,
         "eventTapRefused": true, "videoLinksFail": true, "settings": {"borderWidth": 7},
         "screens": [{"screen": 4, "frame": [0, 0, 800, 600], "rate": 120, "scale": 1}]})");

@@ -1,8 +1,8 @@
-// One argument that a verb takes, or one member of a scenario's setup: its name, its type, and what it means. The
-// parser checks scenarios against these and the schema is made from them.
+// One argument that a kind of step takes, or one member of a scenario's setup: its name, its type, and what it means.
+// The parser checks scenarios against these and the schema is made from them.
 #pragma once
 
-#include "hosts/sim/scenario/steps/SimJson.h"
+#include "hosts/sim/scenario/session/SimJson.h"
 
 #include <string>
 #include <string_view>
@@ -21,7 +21,7 @@ enum class SimType {
     texts, // a list of texts
     integers,
     object,
-    screens, // a list of objects as `plug` takes them
+    screens, // a list of objects with simScreenParameters()
 };
 
 enum class SimPresence { required, optional };
@@ -34,8 +34,11 @@ struct SimParameter {
     std::vector<std::string_view> choices{}; // texts only; empty: any text
 };
 
-// Throws SimScenarioError, with `place` in its text, when `arguments` is not an object with just these parameters.
-// `others` are keys that somebody else reads.
+// What describes a screen, its number first: in a setup's list of screens and for the step that plugs one in.
+const std::vector<SimParameter>& simScreenParameters();
+
+// Throws SimScenarioError, with `place` in its text, when `arguments` is not an object with exactly these parameters.
+// `others` are keys that the caller reads itself.
 void checkArguments(const SimJson& arguments, const std::vector<SimParameter>& parameters,
                     const std::vector<std::string_view>& others, const std::string& place);
 

@@ -3,7 +3,7 @@
 
 #include "hosts/sim/desktop/SimScreen.h"
 #include "hosts/sim/desktop/SimWindow.h"
-#include "hosts/sim/scenario/steps/SimJson.h"
+#include "hosts/sim/scenario/session/SimJson.h"
 
 namespace haloric {
 

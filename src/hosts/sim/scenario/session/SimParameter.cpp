@@ -1,7 +1,6 @@
-#include "hosts/sim/scenario/steps/SimParameter.h"
+#include "hosts/sim/scenario/session/SimParameter.h"
 
-#include "hosts/sim/scenario/SimFailure.h"
-#include "hosts/sim/scenario/steps/SimStepKind.h"
+#include "hosts/sim/scenario/session/SimFailure.h"
 
 #include <algorithm>
 
@@ -121,11 +120,22 @@ void checkValue(const SimJson& value, const SimParameter& parameter, const std::
         throw SimScenarioError(where + "unknown value " + value.dump());
     if (parameter.type == SimType::screens) {
         for (std::size_t i = 0; i < value.size(); ++i)
-            checkArguments(value[i], findSimVerb("plug")->parameters, {}, where + "screen " + std::to_string(i + 1));
+            checkArguments(value[i], simScreenParameters(), {}, where + "screen " + std::to_string(i + 1));
     }
 }
 
 } // namespace
+
+const std::vector<SimParameter>& simScreenParameters()
+{
+    static const std::vector<SimParameter> list{
+        {"screen", SimType::integer, SimPresence::required, "the screen's display number"},
+        {"frame", SimType::rect, SimPresence::required, "its frame in global space"},
+        {"rate", SimType::number, SimPresence::optional, "its refresh rate; 60"},
+        {"scale", SimType::number, SimPresence::optional, "pixels a point; 2"},
+    };
+    return list;
+}
 
 void checkArguments(const SimJson& arguments, const std::vector<SimParameter>& parameters,
                     const std::vector<std::string_view>& others, const std::string& place)

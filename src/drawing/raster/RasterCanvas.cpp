@@ -1,7 +1,5 @@
 #include "drawing/raster/RasterCanvas.h"
 
-#include "drawing/PixelRegion.h"
-
 #include <array>
 #include <cmath>
 
@@ -42,13 +40,14 @@ RasterCanvas::RasterCanvas(RasterResources& resources, const PixelBuffer& buffer
     resources.clipShapes.clear();
     resources.clips.clear();
     resources.states.clear();
-    setApart(resources.areas, damage, everywhere(buffer, view));
+    resources.area.clear();
+    for (const PixelRect& rect : damage)
+        resources.area.add(intersection(rect, everywhere(buffer, view)));
     if (contents == RasterContents::cleared)
-        for (const PixelRect& area : resources.areas)
+        for (const PixelRect& area : resources.area.rects())
             for (int y = area.y; y < area.maxY(); ++y)
                 fillPixels(resources.coverage.pixel(area.x, y), static_cast<std::size_t>(area.width), 0);
-    for (PixelRect& area : resources.areas)
-        area = intersection(area, m_space.pixels());
+    resources.area.limitTo(m_space.pixels());
 }
 
 void RasterCanvas::save() { m_resources.states.push_back(m_state); }
@@ -150,7 +149,7 @@ bool RasterCanvas::paintGlow(const Color& color, FillRule rule)
     if (!clip || *clip != CoverageFactor::outside(*filled->outer))
         return false;
     const PaintMode mode = m_transparent ? PaintMode::write : PaintMode::over;
-    for (const PixelRect& area : m_resources.areas)
+    for (const PixelRect& area : m_resources.area.rects())
         if (!m_resources.glows.paint(m_resources.coverage, area, *filled->outer, shadow->blurRadius, shadow->color,
                                      color, mode))
             return false;
@@ -174,7 +173,7 @@ bool RasterCanvas::paintRows(const CoverageFactor& factor, const Color& color, P
         factors[count++] = *clipFactor;
     }
     const PaintMode takenMode = takeMode(mode);
-    for (const PixelRect& area : m_resources.areas)
+    for (const PixelRect& area : m_resources.area.rects())
         m_resources.coverage.paint(area, std::span(factors).first(count), color, takenMode);
     return true;
 }
@@ -185,7 +184,7 @@ void RasterCanvas::paintGenerally(const MaskPath& path, const Color& color, Pain
     for (const RasterClip& clip : m_resources.clips)
         m_resources.maskClips.push_back({shapesOf(clip), clip.rule, 0});
     const GeneralPaint paint{path, m_space.pixels(), m_resources.maskClips, pixelShadow(), color, mode};
-    for (const PixelRect& area : m_resources.areas)
+    for (const PixelRect& area : m_resources.area.rects())
         m_resources.general.paint(m_resources.coverage, area, paint);
     m_transparent = false;
 }

@@ -4,7 +4,7 @@
 
 #include "drawing/DeviceShape.h"
 #include "drawing/Path.h"
-#include "drawing/PixelRect.h"
+#include "drawing/PixelRegion.h"
 #include "drawing/raster/CoveragePainter.h"
 #include "drawing/raster/GeneralPainter.h"
 #include "drawing/raster/GlowTiles.h"
@@ -20,7 +20,7 @@ struct RasterResources {
     GeneralPainter general;
 
     // Scratch of the canvas in use.
-    std::vector<PixelRect> areas;        // where it may draw: apart from each other
+    PixelRegion area;                    // where it may draw
     std::vector<DeviceShape> clipShapes; // of all clips in force, one after the other
     std::vector<RasterClip> clips;       // outermost first
     std::vector<RasterState> states;     // the last save last

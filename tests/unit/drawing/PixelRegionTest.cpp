@@ -1,42 +1,135 @@
 #include "drawing/PixelRegion.h"
 
 #include <random>
+#include <set>
 
 namespace haloric {
 namespace {
 
-constexpr PixelRect kBounds{0, 0, 30, 30};
+using Pixels = std::multiset<std::pair<int, int>>;
 
-int timesCovered(std::span<const PixelRect> rects, int x, int y)
+Pixels pixelsOf(std::span<const PixelRect> rects)
 {
-    return static_cast<int>(std::count_if(rects.begin(), rects.end(), [&](const PixelRect& rect) {
-        return rect.contains({x, y, 1, 1});
-    }));
+    Pixels pixels;
+    for (const PixelRect& rect : rects) {
+        for (int y = rect.y; y < rect.maxY(); ++y) {
+            for (int x = rect.x; x < rect.maxX(); ++x)
+                pixels.emplace(x, y);
+        }
+    }
+    return pixels;
 }
 
-TEST(PixelRegion, overlapping_rectangles_come_apart_and_cover_the_same)
+std::set<std::pair<int, int>> unique(const Pixels& pixels) { return {pixels.begin(), pixels.end()}; }
+
+std::vector<PixelRect> randomRects(std::mt19937& random, int count)
 {
+    std::vector<PixelRect> rects;
+    std::uniform_int_distribution<int> place(-3, 12);
+    std::uniform_int_distribution<int> length(0, 8);
+    for (int index = 0; index < count; ++index)
+        rects.push_back({place(random), place(random), length(random), length(random)});
+    return rects;
+}
+
+TEST(PixelRegion, it_holds_each_pixel_of_overlapping_rectangles_once)
+{
+    const std::vector<PixelRect> rects{{0, 0, 4, 4}, {2, 2, 4, 4}};
+    const PixelRegion region(rects);
+    const Pixels pixels = pixelsOf(region.rects());
+    EXPECT_EQ(pixels.size(), 28U);
+    EXPECT_EQ(unique(pixels).size(), 28U);
+}
+
+TEST(PixelRegion, overlapping_rectangles_cover_what_they_cover_within_the_bounds)
+{
+    constexpr PixelRect kBounds{0, 0, 10, 10};
     std::mt19937 random(3);
-    const auto upTo = [&](unsigned limit) { return static_cast<int>(random() % (limit + 1)); };
-    std::vector<PixelRect> apart;
+    PixelRegion region;
     for (int round = 0; round < 300; ++round) {
-        std::vector<PixelRect> rects;
-        for (int i = 0; i < 8; ++i)
-            rects.push_back({upTo(30) - 4, upTo(30) - 4, upTo(20), upTo(20)});
-        setApart(apart, rects, kBounds);
-        for (int y = -5; y < 40; ++y)
-            for (int x = -5; x < 40; ++x) {
-                const bool wanted = kBounds.contains({x, y, 1, 1}) && timesCovered(rects, x, y) > 0;
-                ASSERT_EQ(timesCovered(apart, x, y), wanted ? 1 : 0) << "round " << round << " at " << x << ", " << y;
-            }
+        const auto rects = randomRects(random, 8);
+        region.clear();
+        for (const PixelRect& rect : rects)
+            region.add(rect);
+        auto expected = unique(pixelsOf(rects));
+        EXPECT_EQ(pixelsOf(region.rects()), Pixels(expected.begin(), expected.end())) << "round " << round;
+        std::erase_if(expected, [&](const auto& pixel) {
+            return !kBounds.contains({pixel.first, pixel.second, 1, 1});
+        });
+        region.limitTo(kBounds);
+        EXPECT_EQ(pixelsOf(region.rects()), Pixels(expected.begin(), expected.end())) << "round " << round;
     }
 }
 
-TEST(PixelRegion, what_lies_outside_or_is_empty_is_dropped)
+TEST(PixelRegion, a_limit_drops_what_lies_outside)
 {
-    std::vector<PixelRect> apart{{1, 2, 3, 4}};
-    setApart(apart, std::vector<PixelRect>{{40, 40, 5, 5}, {3, 3, 0, 8}, {3, 3, -4, 8}}, kBounds);
-    EXPECT_TRUE(apart.empty());
+    PixelRegion region(PixelRect{40, 40, 5, 5});
+    region.limitTo({0, 0, 30, 30});
+    EXPECT_TRUE(region.empty());
+}
+
+TEST(PixelRegion, set_operations_agree_with_sets_of_pixels)
+{
+    std::mt19937 random(7);
+    for (int round = 0; round < 300; ++round) {
+        const auto rectsA = randomRects(random, 4);
+        const auto rectsB = randomRects(random, 4);
+        const PixelRegion a(rectsA);
+        const PixelRegion b(rectsB);
+        const auto setA = unique(pixelsOf(rectsA));
+        const auto setB = unique(pixelsOf(rectsB));
+        std::set<std::pair<int, int>> expectedMinus;
+        std::set<std::pair<int, int>> expectedBoth;
+        std::ranges::set_difference(setA, setB, std::inserter(expectedMinus, expectedMinus.end()));
+        std::ranges::set_intersection(setA, setB, std::inserter(expectedBoth, expectedBoth.end()));
+        const auto minus = a.minus(b);
+        const auto both = a.intersectedWith(b);
+        EXPECT_EQ(unique(pixelsOf(minus.rects())), expectedMinus);
+        EXPECT_EQ(pixelsOf(minus.rects()).size(), expectedMinus.size());
+        EXPECT_EQ(unique(pixelsOf(both.rects())), expectedBoth);
+        EXPECT_EQ(pixelsOf(both.rects()).size(), expectedBoth.size());
+    }
+}
+
+TEST(PixelRegion, bands_cover_the_region_once_and_are_no_larger_than_allowed)
+{
+    std::mt19937 random(11);
+    for (const int most : {1, 3, 7, 1000}) {
+        const PixelRegion region(randomRects(random, 5));
+        const auto bands = region.bands(most);
+        for (const PixelRect& band : bands) {
+            EXPECT_FALSE(band.empty());
+            EXPECT_LE(band.width * band.height, most);
+        }
+        EXPECT_EQ(pixelsOf(bands), pixelsOf(region.rects()));
+    }
+}
+
+TEST(PixelRegion, a_large_rectangle_is_cut_into_whole_rows)
+{
+    const PixelRegion region(PixelRect{10, 20, 100, 50});
+    EXPECT_THAT(region.bands(2000), testing::ElementsAre(PixelRect{10, 20, 100, 20}, PixelRect{10, 40, 100, 20},
+                                                         PixelRect{10, 60, 100, 10}));
+}
+
+TEST(PixelRegion, a_rectangle_is_contained_if_all_its_pixels_are)
+{
+    const std::vector<PixelRect> rects{{0, 0, 4, 4}, {4, 0, 4, 4}};
+    const PixelRegion region(rects);
+    EXPECT_TRUE(region.contains({1, 1, 6, 2}));
+    EXPECT_FALSE(region.contains({1, 1, 8, 2}));
+}
+
+TEST(PixelRegion, empty_rectangles_add_nothing)
+{
+    PixelRegion region(PixelRect{5, 5, 0, 9});
+    EXPECT_TRUE(region.empty());
+    region.add({0, 0, 1, 1});
+    region.add({3, 3, -4, 8});
+    EXPECT_THAT(region.rects(), testing::ElementsAre(PixelRect{0, 0, 1, 1}));
+    EXPECT_THAT(region.minus(PixelRegion(PixelRect{0, 0, 5, 0})).rects(), testing::ElementsAre(PixelRect{0, 0, 1, 1}));
+    region.clear();
+    EXPECT_TRUE(region.empty());
 }
 
 } // namespace

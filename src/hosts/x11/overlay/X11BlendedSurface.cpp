@@ -13,19 +13,19 @@ X11BlendedSurface::X11BlendedSurface(X11Connection& connection, xcb_visualid_t v
 {
 }
 
-X11PixelRegion X11BlendedSurface::paint(const X11ViewContent& content, const X11PixelRegion& damage)
+PixelRegion X11BlendedSurface::paint(const X11ViewContent& content, const PixelRegion& damage)
 {
-    X11PixelRegion painted;
+    PixelRegion painted;
     for (const Rect& rect : content.view.paintedArea(content.bounds()))
         painted.add(content.toPixels(rect));
 
-    const X11PixelRegion stale = m_painted.intersectedWith(damage).minus(painted);
+    const PixelRegion stale = m_painted.intersectedWith(damage).minus(painted);
     for (const PixelRect& rect : stale.rects()) {
         xcb_clear_area(m_connection.raw(), 0, window(), static_cast<std::int16_t>(rect.x),
                        static_cast<std::int16_t>(rect.y), static_cast<std::uint16_t>(rect.width),
                        static_cast<std::uint16_t>(rect.height));
     }
-    X11PixelRegion left;
+    PixelRegion left;
     bool busy = false;
     for (const PixelRect& band : painted.intersectedWith(damage).bands(m_uploader.maximumPixels())) {
         busy = busy || !draw(content, band);

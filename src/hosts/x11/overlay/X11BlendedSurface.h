@@ -16,7 +16,7 @@ public:
                       RasterResources& resources);
 
     xcb_window_t window() const override { return m_window.id(); }
-    X11PixelRegion paint(const X11ViewContent& content, const X11PixelRegion& damage) override;
+    PixelRegion paint(const X11ViewContent& content, const PixelRegion& damage) override;
     void forget() override { m_painted.clear(); }
 
 private:
@@ -26,7 +26,7 @@ private:
     X11ImageUploader& m_uploader;
     RasterResources& m_resources;
     X11ClickThroughWindow m_window;
-    X11PixelRegion m_painted; // outside it every pixel is transparent
+    PixelRegion m_painted; // outside it every pixel is transparent
 };
 
 } // namespace haloric

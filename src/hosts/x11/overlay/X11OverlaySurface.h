@@ -2,8 +2,8 @@
 #pragma once
 
 #include "drawing/PixelRect.h"
+#include "drawing/PixelRegion.h"
 #include "foundation/Geometry.h"
-#include "hosts/x11/overlay/X11PixelRegion.h"
 #include "platform/ContentView.h"
 
 #include <xcb/xcb.h>
@@ -31,7 +31,7 @@ public:
     virtual xcb_window_t window() const = 0;
 
     // Draws the damaged part of the view. Returns what remains to be drawn on a later turn of the loop.
-    virtual X11PixelRegion paint(const X11ViewContent& content, const X11PixelRegion& damage) = 0;
+    virtual PixelRegion paint(const X11ViewContent& content, const PixelRegion& damage) = 0;
 
     // The window was hidden, and the server has dropped its content.
     virtual void forget() = 0;

@@ -25,7 +25,7 @@ X11RingSurface::X11RingSurface(X11Connection& connection) : m_connection(connect
     setShape({});
 }
 
-X11PixelRegion X11RingSurface::paint(const X11ViewContent& content, const X11PixelRegion&)
+PixelRegion X11RingSurface::paint(const X11ViewContent& content, const PixelRegion&)
 {
     RingCanvas canvas(content.scale, content.size, content.offset);
     content.view.draw(canvas, content.bounds());

@@ -17,7 +17,7 @@ public:
     explicit X11RingSurface(X11Connection& connection);
 
     xcb_window_t window() const override { return m_window.id(); }
-    X11PixelRegion paint(const X11ViewContent& content, const X11PixelRegion& damage) override;
+    PixelRegion paint(const X11ViewContent& content, const PixelRegion& damage) override;
     void forget() override {} // the server paints the window by itself
 
 private:

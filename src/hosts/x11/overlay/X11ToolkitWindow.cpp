@@ -37,9 +37,9 @@ void X11ToolkitWindow::setFrame(const Rect& frame, bool display)
     m_frame = m_delegate.constrainFrameRect(frame);
     if (!isFinite(m_frame))
         return;
-    const X11Rect old = m_pixels;
+    const PixelRect old = m_pixels;
     const Point oldOffset = std::exchange(m_offset, m_windows.space().offsetFromScreenSpace(m_frame));
-    m_pixels = m_windows.space().fromScreenSpace(m_frame).withinProtocol();
+    m_pixels = withinProtocol(m_windows.space().fromScreenSpace(m_frame));
     configure(); // also when nothing differs: the window may have been moved past the toolkit
     const bool isMove = old.width == m_pixels.width && old.height == m_pixels.height && oldOffset == m_offset;
     if (display || !isMove)
@@ -88,7 +88,7 @@ void X11ToolkitWindow::setContentView(ContentView& view)
     setNeedsDisplay();
 }
 
-void X11ToolkitWindow::setNeedsDisplay() { m_damage = X11PixelRegion(allPixels()); }
+void X11ToolkitWindow::setNeedsDisplay() { m_damage = PixelRegion(allPixels()); }
 
 void X11ToolkitWindow::setNeedsDisplay(std::span<const Rect> parts)
 {
@@ -109,7 +109,7 @@ bool X11ToolkitWindow::paint()
     if (!m_visible || !m_view || m_damage.empty())
         return false;
     const bool whole = m_damage.contains(allPixels());
-    const X11PixelRegion damage = std::exchange(m_damage, {});
+    const PixelRegion damage = std::exchange(m_damage, {});
     m_damage = m_surface->paint(content(), damage);
     if (whole && m_damage.empty())
         m_completeSince = xcb_no_operation(m_windows.connection().raw()).sequence;

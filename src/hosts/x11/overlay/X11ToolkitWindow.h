@@ -4,7 +4,6 @@
 #pragma once
 
 #include "hosts/x11/overlay/X11OverlaySurface.h"
-#include "hosts/x11/server/X11Rect.h"
 #include "platform/ToolkitWindow.h"
 
 #include <cstdint>
@@ -54,10 +53,10 @@ private:
     std::unique_ptr<X11OverlaySurface> m_surface;
     ContentView* m_view = nullptr;
     Rect m_frame;
-    X11Rect m_pixels{0, 0, 1, 1}; // as the server was last told
-    Point m_offset;               // of the frame's corner from that of the pixels
+    PixelRect m_pixels{0, 0, 1, 1}; // as the server was last told
+    Point m_offset;                 // of the frame's corner from that of the pixels
     bool m_visible = false;
-    X11PixelRegion m_damage;
+    PixelRegion m_damage;
     std::optional<std::uint32_t> m_completeSince; // the request after which nothing was missing
 };
 

@@ -1,7 +1,7 @@
 // A monitor as the RandR extension tells it, in pixels of the root window.
 #pragma once
 
-#include "hosts/x11/server/X11Rect.h"
+#include "drawing/PixelRect.h"
 
 #include <cstdint>
 #include <vector>
@@ -14,7 +14,7 @@ namespace haloric {
 struct X11Monitor {
     std::uint32_t identifier = 0; // the atom of its name: the same as long as the monitor keeps its connector
     bool primary = false;
-    X11Rect frame;
+    PixelRect frame;
     double framesPerSecond = 0; // 0: not told
 
     friend bool operator==(const X11Monitor&, const X11Monitor&) = default;

@@ -17,7 +17,7 @@ std::int16_t middle(int start, int length)
 
 } // namespace
 
-X11PresentClock::X11PresentClock(X11Connection& connection, const X11Rect& monitor)
+X11PresentClock::X11PresentClock(X11Connection& connection, const PixelRect& monitor)
     : m_connection(connection),
       m_window(xcb_generate_id(connection.raw())),
       m_eventId(xcb_generate_id(connection.raw()))

@@ -2,10 +2,10 @@
 // next when that has come, so that a stalled program meets no backlog. Main thread.
 #pragma once
 
+#include "drawing/PixelRect.h"
 #include "foundation/Subscription.h"
 #include "foundation/Task.h"
 #include "hosts/x11/server/X11Connection.h"
-#include "hosts/x11/server/X11Rect.h"
 
 #include <cstdint>
 
@@ -14,7 +14,7 @@ namespace haloric {
 class X11PresentClock {
 public:
     // The connection outlives it. `monitor` tells which monitor's refresh is meant: the one that holds its middle.
-    X11PresentClock(X11Connection& connection, const X11Rect& monitor);
+    X11PresentClock(X11Connection& connection, const PixelRect& monitor);
     ~X11PresentClock();
     X11PresentClock(const X11PresentClock&) = delete;
     X11PresentClock& operator=(const X11PresentClock&) = delete;

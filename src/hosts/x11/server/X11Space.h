@@ -10,8 +10,19 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 
 namespace haloric {
+
+// The nearest rectangle that the protocol's 16-bit numbers can express for a window; others would wrap around.
+inline PixelRect withinProtocol(const PixelRect& rect)
+{
+    using Limits = std::numeric_limits<std::int16_t>;
+    return {std::clamp<int>(rect.x, Limits::min(), Limits::max()),
+            std::clamp<int>(rect.y, Limits::min(), Limits::max()), std::clamp<int>(rect.width, 1, Limits::max()),
+            std::clamp<int>(rect.height, 1, Limits::max())};
+}
 
 struct X11Space {
     double pixelsPerPoint = 1;

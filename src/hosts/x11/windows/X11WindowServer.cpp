@@ -109,7 +109,7 @@ void X11WindowServer::commit(Transaction& transaction)
 {
     const X11Space space = m_scale.current();
     for (const auto& [window, origin] : transaction.moves) {
-        const X11Rect pixels = space.fromGlobal({origin.x, origin.y, 0, 0}).withinProtocol();
+        const X11Rect pixels = withinProtocol(space.fromGlobal({origin.x, origin.y, 0, 0}));
         const std::array values{static_cast<std::uint32_t>(pixels.x), static_cast<std::uint32_t>(pixels.y)};
         xcb_configure_window(m_connection.raw(), window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values.data());
     }

@@ -50,7 +50,7 @@ TEST_F(X11ScreensTest, monitors_become_screens_with_the_primary_first)
     ASSERT_TRUE(session.server().xrandr({"--setmonitor", "*right", "1920/500x900/280+1920+180", "none"}));
     EXPECT_TRUE(waitForFrames({{0, 0, 1920, 900}, {-1920, 0, 1920, 1080}}));
     EXPECT_NE(adapters.screens.all()[0].displayID, adapters.screens.all()[1].displayID);
-    EXPECT_EQ(adapters.scale.current().primary, (X11Rect{1920, 180, 1920, 900}));
+    EXPECT_EQ(adapters.scale.current().primary, (PixelRect{1920, 180, 1920, 900}));
     EXPECT_GE(changes, 1);
 }
 

@@ -1,4 +1,4 @@
-// A simulated desktop with one screen and ways to furnish it, for tests of the model.
+// A simulated desktop with one screen, and what it reported since the last `settle`.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"
@@ -10,7 +10,7 @@ namespace haloric {
 
 struct SimDesktopFixture {
     SimDesktop desktop;
-    std::vector<std::string> heard; // Accessibility notifications, as "pid name"
+    std::vector<std::string> heard; // Accessibility notifications, as "application name"
     std::vector<std::pair<std::uint32_t, WindowNumber>> serverEvents;
     std::vector<WorkspaceNotification> workspace;
     Subscription subscriptions[3];
@@ -37,7 +37,17 @@ struct SimDesktopFixture {
         return desktop.windows.open(app, window);
     }
 
-    // Lets everything that is due happen and forgets what was heard of it.
+    // An overlay as the window server holds it; `frame` is in global space.
+    SimWindow& addOverlay(const Rect& frame)
+    {
+        SimWindow window;
+        window.owner = SimModel::kOwnProcess;
+        window.frame = frame;
+        window.overlay = true;
+        return desktop.model.windows.add(window);
+    }
+
+    // Runs what is due and clears the records of it.
     void settle()
     {
         desktop.runLoop.runFor(Seconds(0.1));

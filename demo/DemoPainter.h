@@ -1,4 +1,4 @@
-// Draws a picture of simple shapes and text, in points: the same drawing serves ordinary and dense screens.
+// Draws a picture of simple shapes and text. Lengths are points, y downward, so that one drawing serves every scale.
 #pragma once
 
 #include "testing/x11/ScreenImage.h"
@@ -19,7 +19,7 @@ class DemoPainter {
 public:
     enum class Font { sans, bold, monospace };
 
-    // `width` and `height` in points, `scale` in pixels a point. The picture is black at first.
+    // `width` and `height` in points, `scale` in pixels per point. The picture starts black.
     DemoPainter(int width, int height, int scale);
 
     double width() const { return m_width; }
@@ -30,14 +30,14 @@ public:
     void fillDownward(Pixel top, Pixel bottom, double x, double y, double width, double height);
     void disc(Pixel color, double x, double y, double radius);
 
-    // Everything below a smooth line through these points, within the rectangle that the outer ones span.
+    // Fills the area between a smooth line through these points and `bottom`.
     void hill(Pixel color, std::initializer_list<DemoPoint> line, double bottom);
     void stroke(Pixel color, double width, std::initializer_list<DemoPoint> line);
 
-    // `y` is the base line.
+    // `y` is the baseline.
     void write(Pixel color, Font font, double size, double x, double y, const char* text);
 
-    // What was drawn, in pixels.
+    // The picture, in pixels.
     ScreenImage picture() const;
 
 private:

@@ -15,7 +15,7 @@ struct Scenery {
     Pixel near;
 };
 
-// Two hills and a sun; `turn` moves them, so that no two pictures are alike.
+// Two hills and a sun; `turn` (0...1) moves them, so that the pictures differ.
 void paintScenery(DemoPainter& painter, const Scenery& colors, double x, double y, double width, double height,
                   double turn)
 {

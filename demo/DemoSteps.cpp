@@ -26,8 +26,19 @@ ScreenImage settledScreen(X11Session& session, const ScreenRect& area)
         }
         return moment - since >= kStillness;
     });
-    require(isStill, "the screen does not come to rest");
+    require(isStill, "the screen does not stop changing");
     return last;
+}
+
+void requireHighlight(HaloricProcess& haloric, const ScreenRect& frame)
+{
+    require(haloric.waitForHighlight(frame).has_value(),
+            "no highlight around the focused window:\n" + haloric.process().standardError());
+}
+
+void stop(HaloricProcess& haloric)
+{
+    require(haloric.stop() == 0, "the program does not end cleanly:\n" + haloric.process().standardError());
 }
 
 void keepPicture(const ScreenImage& picture, const std::filesystem::path& file, const std::string& description)

@@ -1,6 +1,7 @@
-// What the walks share: to wait until a desktop is still, and to keep a picture of it.
+// Steps shared by both demonstrations. Each throws std::runtime_error when it fails.
 #pragma once
 
+#include "testing/x11/HaloricProcess.h"
 #include "testing/x11/Require.h"
 #include "testing/x11/X11Session.h"
 
@@ -9,11 +10,17 @@
 
 namespace haloric {
 
-// Waits until the screen has stopped changing, and gives its picture. Throws when it does not come to rest.
+// Waits until the screen, or `area` of it, has not changed for half a second. Returns its picture.
 ScreenImage settledScreen(X11Session& session);
 ScreenImage settledScreen(X11Session& session, const ScreenRect& area);
 
-// Writes `picture` to `file` and says so on standard output.
+// Waits for the highlight of `frame`.
+void requireHighlight(HaloricProcess& haloric, const ScreenRect& frame);
+
+// Ends the program and requires exit code 0.
+void stop(HaloricProcess& haloric);
+
+// Writes `picture` to `file` and prints its path and `description`.
 void keepPicture(const ScreenImage& picture, const std::filesystem::path& file, const std::string& description);
 
 } // namespace haloric

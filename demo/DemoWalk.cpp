@@ -14,7 +14,7 @@ constexpr int kWidth = 1600;
 constexpr int kHeight = 1000;
 constexpr int kPulseMargin = 60;
 constexpr int kVisibleDifference = 12;
-constexpr std::chrono::milliseconds kPulsePatience{1500};
+constexpr std::chrono::milliseconds kPulseTimeout{1500};
 
 std::size_t changedPixels(const ScreenImage& a, const ScreenImage& b)
 {
@@ -57,35 +57,26 @@ void DemoWalk::start(const std::string& settings) { m_haloric = std::make_unique
 
 void DemoWalk::stop()
 {
-    const int exitCode = m_haloric->stop();
-    require(exitCode == 0, "the program does not end cleanly:\n" + m_haloric->process().standardError());
+    haloric::stop(*m_haloric);
     m_haloric.reset();
 }
 
 void DemoWalk::focus(TestClient& client) { require(client.focus(), "the focus cannot be moved"); }
 
-void DemoWalk::requireHighlight(TestClient& client)
-{
-    const bool isThere = m_haloric->waitForHighlight(client.visibleFrame()).has_value();
-    require(isThere, "no highlight around the focused window:\n" + m_haloric->process().standardError());
-}
-
 void DemoWalk::showFocus()
 {
-    requireHighlight(*m_notes);
+    requireHighlight(*m_haloric, m_notes->visibleFrame());
     keep(settledScreen(m_session), "1-focus", "the focused window has a border and a glow");
 }
 
 void DemoWalk::showPulse()
 {
-    const ScreenRect frame = m_gallery->visibleFrame();
-    const ScreenRect around{frame.x - kPulseMargin, frame.y - kPulseMargin, frame.width + 2 * kPulseMargin,
-                            frame.height + 2 * kPulseMargin};
+    const ScreenRect around = grown(m_gallery->visibleFrame(), kPulseMargin);
     const ScreenImage before = m_session.observer().capture(around);
     focus(*m_gallery);
     ScreenImage widest;
     std::size_t most = 0;
-    // Looks until the patience ends, as the widest moment is known only afterwards.
+    // Runs until the timeout, as the widest moment is known only afterwards.
     (void)m_session.observer().waitUntil(
         [&] {
             ScreenImage now = m_session.observer().capture();
@@ -96,34 +87,18 @@ void DemoWalk::showPulse()
             }
             return false;
         },
-        kPulsePatience);
+        kPulseTimeout);
     const ScreenImage after = settledScreen(m_session);
-    const std::size_t changedForGood = changedPixels(before, m_session.observer().capture(around));
-    require(most > changedForGood, "no pulse was seen after the focus had moved");
+    const std::size_t remaining = changedPixels(before, m_session.observer().capture(around));
+    require(most > remaining, "no pulse was seen after the focus had moved");
     keep(widest, "2-pulse", "the focus moves: a pulse runs out from the window that has it now");
     keep(after, "3-focus-moved", "the border and the glow have followed the focus");
 }
 
 void DemoWalk::showDrag()
 {
-    constexpr int kSteps = 40;
-    constexpr int kStep = 4;
-    const ScreenRect frame = m_gallery->visibleFrame();
-    const ScreenRect content = m_gallery->content();
-    const int x = frame.x + frame.width / 2;
-    const int y = (frame.y + content.y) / 2;
-    m_session.input().moveTo(x, y);
-    m_session.input().press();
-    for (int step = 1; step <= kSteps; ++step)
-        m_session.input().moveTo(x - kStep * step, y + kStep * step / 2);
-    // A hand is never quite still; motion from before the window manager had begun the drag does not count for it.
-    const auto hasFollowed = [&] {
-        m_session.input().moveTo(x - kStep * kSteps + 1, y + kStep * kSteps / 2);
-        m_session.input().moveTo(x - kStep * kSteps, y + kStep * kSteps / 2);
-        return m_gallery->content().x == content.x - kStep * kSteps;
-    };
-    require(m_session.observer().waitUntil(hasFollowed), "the window cannot be dragged");
-    requireHighlight(*m_gallery);
+    require(m_session.dragByTitleBar(*m_gallery, -160, 80), "the window cannot be dragged");
+    requireHighlight(*m_haloric, m_gallery->visibleFrame());
     keep(m_session.observer().capture(), "4-drag", "in the middle of a drag, the button still down");
     m_session.input().release();
     settledScreen(m_session);
@@ -131,9 +106,9 @@ void DemoWalk::showDrag()
 
 void DemoWalk::showDimming(const char* name, const char* description, const std::string& settings)
 {
-    const ScreenImage before = settledScreen(m_session); // the screen shows the program before this one a while longer
+    const ScreenImage before = settledScreen(m_session); // the previous program's highlight is gone by then
     start(settings);
-    requireHighlight(*m_gallery);
+    requireHighlight(*m_haloric, m_gallery->visibleFrame());
     const ScreenImage after = settledScreen(m_session);
     const auto middle = [&](const ScreenImage& image) {
         const ScreenRect content = m_terminal->content();

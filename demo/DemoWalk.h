@@ -1,4 +1,4 @@
-// Walks through what the program does, on a private desktop with three sample windows, and keeps pictures of it.
+// Demonstrates the program's effects on a private desktop with three sample windows, and writes pictures of them.
 #pragma once
 
 #include "testing/x11/HaloricProcess.h"
@@ -12,17 +12,16 @@ namespace haloric {
 
 class DemoWalk {
 public:
-    // Pictures are written to `folder`, which is made when it does not exist.
+    // Writes the pictures to `folder` and creates it if necessary.
     explicit DemoWalk(std::filesystem::path folder);
 
-    // Throws std::runtime_error when something that must be seen is not.
+    // Throws std::runtime_error when an effect is not visible.
     void run();
 
 private:
     void start(const std::string& settings);
     void stop();
     void focus(TestClient& client);
-    void requireHighlight(TestClient& client);
     void showFocus();
     void showPulse();
     void showDrag();

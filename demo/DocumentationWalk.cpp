@@ -13,40 +13,23 @@ namespace {
 
 constexpr int kScale = SampleDesktop::kScale;
 
-// A pulse would still run in the pictures that show something else.
+// Without the pulse, which would appear in pictures of the other effects.
 constexpr const char* kStill = R"({"pulseEnabled": false})";
-// The choices that bring further rows with them.
+// The choices that show additional rows.
 constexpr const char* kManyShown = R"({"tintEnabled": true, "dimEnabled": true,
     "borderColor": {"useAccent": false, "custom": {"r": 0.96, "g": 0.45, "b": 0.13, "a": 1}},
     "dimOpacity": 0.5, "dimScope": "selectedApps", "dimApps": ["SampleNotes", "SampleTerminal"]})";
 constexpr std::chrono::milliseconds kPulseAndRest{1500};
-constexpr int kPulseReach = 30; // points around the window, with some room
+constexpr int kPulseReach = 30; // points around the window
 constexpr int kMostRecordings = 12;
 constexpr std::size_t kSmoothFrames = 50;
 constexpr std::size_t kLeastFrames = 20;
-
-ScreenRect grown(const ScreenRect& rect, int points)
-{
-    const int by = points * kScale;
-    return {rect.x - by, rect.y - by, rect.width + 2 * by, rect.height + 2 * by};
-}
 
 ScreenRect united(const ScreenRect& a, const ScreenRect& b)
 {
     const int x = std::min(a.x, b.x);
     const int y = std::min(a.y, b.y);
     return {x, y, std::max(a.right(), b.right()) - x, std::max(a.bottom(), b.bottom()) - y};
-}
-
-void requireHighlight(HaloricProcess& haloric, const ScreenRect& frame)
-{
-    require(haloric.waitForHighlight(frame).has_value(),
-            "no highlight around the focused window:\n" + haloric.process().standardError());
-}
-
-void stop(HaloricProcess& haloric)
-{
-    require(haloric.stop() == 0, "the program does not end cleanly:\n" + haloric.process().standardError());
 }
 
 } // namespace
@@ -119,15 +102,15 @@ void DocumentationWalk::showPulse(SampleDesktop& desktop, Windows& windows)
     requireHighlight(haloric, right);
     const auto record = [&] {
         settledScreen(session);
-        ScreenRecording recording(session, grown(united(left, right), kPulseReach));
-        // From the one to the other and back, so that it can be shown again and again.
+        ScreenRecording recording(session, grown(united(left, right), kPulseReach * kScale));
+        // To one window and back, so that the animation can loop.
         for (const ScreenRect& frame : {left, right}) {
             session.input().clickAt(frame.x + 60 * kScale, frame.y + 10 * kScale);
             recording.record(kPulseAndRest);
         }
         return recording;
     };
-    // The smoothest of a few: other programs take time of the machine, too.
+    // Records several times and keeps the one with the most frames, as other programs take processor time.
     ScreenRecording smoothest = record();
     for (int time = 1; time < kMostRecordings && smoothest.frameCount() < kSmoothFrames; ++time)
         if (ScreenRecording another = record(); another.frameCount() > smoothest.frameCount())
@@ -149,15 +132,15 @@ void DocumentationWalk::showMenu(SampleDesktop& desktop, TestClient& focused)
     const auto colors = shell.waitForMenu(2);
     require(colors.has_value(), "the menu of colours does not open");
     const ScreenImage all = settledScreen(desktop.session());
-    ScreenRect area = grown(united(*menu, *colors), 20);
-    area = united(area, {area.x, 0, all.area().right() - area.x, 1}); // with the panel, to the screen's edge
+    ScreenRect area = grown(united(*menu, *colors), 20 * kScale);
+    area = united(area, {area.x, 0, all.area().right() - area.x, 1}); // up to the screen's edge, with the panel
     keep(desktop.session().observer().capture(area), "menu", "the menu with its colours");
     for (int level = 0; level < 2; ++level)
         desktop.session().input().chord({Key::kEscape});
     stop(haloric);
 }
 
-// No other window is there that could show beside this one.
+// No other window is open, so that none appears in the picture.
 void DocumentationWalk::showSettings(SampleDesktop& desktop, const char* name)
 {
     HaloricProcess haloric = start(desktop, "{}", {"--settings"});
@@ -165,11 +148,11 @@ void DocumentationWalk::showSettings(SampleDesktop& desktop, const char* name)
     require(shell.waitUntilActive(), "the settings do not open");
     requireHighlight(haloric, shell.frame());
     desktop.session().input().moveTo(0, 0);
-    keep(settledScreen(desktop.session(), grown(shell.frame(), 24)), name, "the settings window");
+    keep(settledScreen(desktop.session(), grown(shell.frame(), 24 * kScale)), name, "the settings window");
     stop(haloric);
 }
 
-// An application runs that is not in the list yet.
+// A running application that is not in the list fills its menu.
 void DocumentationWalk::showSections(SampleDesktop& desktop)
 {
     const auto gallery = openSample(desktop.session(), SampleApplication::gallery, {80, 80, 398, 266}, kScale);

@@ -1,4 +1,4 @@
-// Makes the pictures of the README and the user guide from the program itself, on desktops of their own.
+// Makes the pictures of the README and the user guide from the running program, on private desktops.
 #pragma once
 
 #include "demo/SampleDesktop.h"
@@ -14,14 +14,14 @@ namespace haloric {
 
 class DocumentationWalk {
 public:
-    // Pictures of `program` are written to `folder`, which is made when it does not exist.
+    // Writes the pictures of `program` to `folder` and creates it if necessary.
     DocumentationWalk(std::filesystem::path folder, std::filesystem::path program)
         : m_folder(std::move(folder)),
           m_program(std::move(program))
     {
     }
 
-    // Throws std::runtime_error when something that must be seen is not.
+    // Throws std::runtime_error when an effect or a window is not visible.
     void run();
 
 private:

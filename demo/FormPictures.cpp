@@ -10,7 +10,7 @@ namespace {
 // Points.
 constexpr int kLeastGap = 14; // between two sections; within one, gaps are smaller
 constexpr int kScrollBarWidth = 10;
-constexpr int kSideMargin = 6; // of the form that no picture needs
+constexpr int kSideMargin = 6; // of the form, cut off
 constexpr int kMargin = 10;    // above and below a section
 constexpr std::uint8_t kWheelDown = 5;
 
@@ -23,7 +23,7 @@ ScreenImage cut(const ScreenImage& image, const ScreenRect& area)
     return {{0, 0, area.width, area.height}, std::move(pixels)};
 }
 
-// The highlight covers the outermost pixels of the form, so what the background is must be seen further inside.
+// The highlight covers the outermost pixels of the form, so `left` lies further inside.
 bool isEmptyRow(const ScreenImage& image, int left, int right, int y)
 {
     const Pixel background = image.at(left, image.area().y);
@@ -42,7 +42,7 @@ std::vector<ScreenImage> wholeSections(const ScreenImage& form, int scale)
     const int right = all.right() - (kScrollBarWidth + kSideMargin) * scale;
     std::vector<ScreenImage> sections;
     int gap = 0;
-    int start = -1; // of what may become a section: set once there was a gap above it
+    int start = -1; // of a possible section, set after a gap; -1: none
     for (int y = all.y; y < all.bottom(); ++y) {
         if (!isEmptyRow(form, left, right, y)) {
             if (gap >= kLeastGap * scale)

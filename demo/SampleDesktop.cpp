@@ -23,7 +23,7 @@ SampleDesktop::SampleDesktop(int width, int height, Tone tone)
     if (tone == Tone::dark)
         writeDarkColors(configuration);
 
-    // The density must be known before the window manager measures its text.
+    // The window manager reads the density when it starts.
     DesktopObserver& observer = m_session.observer();
     m_session.stopWindowManager();
     observer.setText(observer.root(), "RESOURCE_MANAGER",
@@ -46,7 +46,7 @@ Environment SampleDesktop::environmentOfTone() const
 {
     if (m_tone == Tone::light)
         return {};
-    // Under this name of a desktop, the toolkit takes its colours from the file that writeDarkColors() makes.
+    // With this desktop name, Qt takes its colours from the file that writeDarkColors() writes.
     return {{"XDG_CURRENT_DESKTOP", "KDE"}, {"KDE_FULL_SESSION", "true"}, {"KDE_SESSION_VERSION", "5"}};
 }
 

@@ -1,5 +1,5 @@
-// A desktop as users have theirs, for the pictures of the documentation: double density, round windows with shadows, a
-// panel with a tray. All on a private server; nothing of this machine's own settings is read.
+// The desktop of the documents' pictures: double density, rounded windows with shadows, a panel with a tray. It runs on
+// a private X server and reads none of the machine's settings.
 #pragma once
 
 #include "demo/SampleTheme.h"
@@ -12,15 +12,15 @@ namespace haloric {
 
 class SampleDesktop {
 public:
-    static constexpr int kScale = 2; // pixels a point
+    static constexpr int kScale = 2; // pixels per point
 
-    // In points. Throws std::runtime_error when a part does not start.
+    // Sizes in points. Throws std::runtime_error when a part does not start.
     SampleDesktop(int width, int height, Tone tone);
 
     X11Session& session() { return m_session; }
     TrayPanel& panel() { return *m_panel; }
 
-    // What a program must find in its environment to look as the desktop does.
+    // The environment variables with which a program takes the desktop's colours.
     Environment environmentOfTone() const;
 
 private:

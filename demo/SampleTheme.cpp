@@ -9,7 +9,7 @@
 namespace haloric {
 namespace {
 
-constexpr int kSign = 24; // pixels that the sign of a button is wide and high
+constexpr int kSign = 24; // pixels, width and height of a button's icon
 constexpr const char* kThemeName = "Sample";
 
 void writeFile(const std::filesystem::path& path, const std::string& text)
@@ -18,8 +18,8 @@ void writeFile(const std::filesystem::path& path, const std::string& text)
     std::ofstream(path) << text;
 }
 
-// A bitmap in the format of X: a bit a pixel, the first one lowest. Its readers pass over what follows the brace on its
-// line.
+// A bitmap in the XBM format: one bit per pixel, the first in the lowest bit. Readers ignore the rest of the line after
+// the brace.
 std::string bitmap(const std::function<bool(int x, int y)>& isSet)
 {
     std::ostringstream text;

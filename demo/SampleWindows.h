@@ -1,4 +1,4 @@
-// The windows that stand for a user's own, each of a process of its own.
+// The sample windows, each owned by a separate process.
 #pragma once
 
 #include "demo/DemoPictures.h"
@@ -10,15 +10,15 @@
 
 namespace haloric {
 
-// Opens a window whose inside is at `content`, in points. Throws std::runtime_error when it does not appear.
+// Opens a window with its inside at `content` (points on the root). Throws std::runtime_error when it does not appear.
 std::unique_ptr<TestClient> openSample(X11Session& session, SampleApplication application, const ScreenRect& content,
                                        int scale = 1);
 
-// What the program knows the application by, as long as no desktop entry says otherwise.
+// The window class, by which the program identifies the application.
 std::string classOf(SampleApplication application);
 
-// Desktop entries with names and icons for all of them, below `data`, which stands for XDG_DATA_HOME. Their
-// identifiers are the classes.
+// Writes desktop entries with names and icons for all samples below `data`, the desktop's XDG_DATA_HOME. Their
+// identifiers are the window classes.
 void installSamples(const std::filesystem::path& data);
 
 } // namespace haloric

@@ -1,5 +1,4 @@
-// What a part of the screen shows over a while, as often as the machine can look, each picture with the time for which
-// it stood.
+// A recording of a part of the screen: pictures, as many as the machine can capture, each with its duration.
 #pragma once
 
 #include "testing/x11/X11Session.h"
@@ -15,10 +14,10 @@ public:
     // The session outlives it.
     ScreenRecording(X11Session& session, const ScreenRect& area) : m_session(&session), m_area(area) {}
 
-    // Looks for so long. What stays the same is one frame.
+    // Captures for `duration`. Equal consecutive pictures become one frame.
     void record(std::chrono::milliseconds duration);
 
-    // Writes frame-000.png … and frames.txt, which has a line for each: the name and the milliseconds. Throws
+    // Writes frame-000.png … and frames.txt, with one line per frame: file name and milliseconds. Throws
     // std::runtime_error when that fails.
     void save(const std::filesystem::path& folder) const;
 

@@ -1,6 +1,6 @@
-// haloric-demo [FOLDER]: walks through what the program does and writes pictures to FOLDER (./pictures).
-// haloric-demo --documentation FOLDER PROGRAM: writes the pictures of the documentation, and the frames of the moving
-// one, as PROGRAM shows them.
+// haloric-demo [FOLDER]: demonstrates the program and writes pictures to FOLDER (default: pictures).
+// haloric-demo --documentation FOLDER PROGRAM: writes the pictures of the documents, and the frames of the animated
+// one, from PROGRAM.
 #include "demo/DemoWalk.h"
 #include "demo/DocumentationWalk.h"
 

@@ -1,5 +1,5 @@
-// Measures the program on a desktop of its own: how closely the highlight follows a drag, what an idle program
-// costs, how long the first highlight takes, and how quickly the settings answer.
+// Measures the program on a private desktop: the lag of the highlight behind a drag, the cost of the idle program, the
+// time to the first highlight, and the response of the settings.
 //
 //   haloric-desktop-bench lag|idle|start|ui
 
@@ -29,7 +29,7 @@ xcb_window_t highlightOf(HaloricProcess& haloric, TestClient& client)
     return highlight->window;
 }
 
-// Drags the window by its title bar: 375 steps of 4 pixels at 125 Hz, to and fro.
+// Drags the window by its title bar: 375 steps of 4 pixels at 125 Hz, right and left.
 void drag(X11Session& session, TestClient& client)
 {
     constexpr int kSteps = 375;
@@ -65,7 +65,7 @@ void measureLag(const char* name, WindowManager windowManager, Compositor compos
         const xcb_window_t overlay = highlightOf(haloric, *client);
         MovementWatcher watcher(session.display(), session.observer().topLevelOf(client->window()), overlay);
         drag(session, *client);
-        std::this_thread::sleep_for(100ms); // the last answers
+        std::this_thread::sleep_for(100ms); // the last moves of the overlay
         const auto result = watcher.finish();
         middle.push_back(percentile(result.lagMilliseconds, 0.5));
         high.push_back(percentile(result.lagMilliseconds, 0.99));

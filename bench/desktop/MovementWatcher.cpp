@@ -30,7 +30,7 @@ MovementWatcher::MovementWatcher(const std::string& display, xcb_window_t frame,
     xcb_change_window_attributes(connection, m_moveConnection.root(), XCB_CW_EVENT_MASK, &mask);
     m_frameStart = await(connection, xcb_get_geometry(connection, frame));
     m_overlayStart = await(connection, xcb_get_geometry(connection, overlay));
-    m_noteTaker = std::thread([this] { noteMoves(); });
+    m_recorder = std::thread([this] { recordMoves(); });
     m_sampler = std::thread([this] { samplePositions(); });
 }
 
@@ -40,7 +40,7 @@ MovementWatcher::~MovementWatcher()
         finish();
 }
 
-void MovementWatcher::noteMoves()
+void MovementWatcher::recordMoves()
 {
     xcb_connection_t* connection = m_moveConnection.raw();
     pollfd descriptor{xcb_get_file_descriptor(connection), POLLIN, 0};
@@ -56,7 +56,7 @@ void MovementWatcher::noteMoves()
             m_moves.push_back(
                 {ofFrame, configure.x - start.x, configure.y - start.y, std::chrono::steady_clock::now()});
         }
-        poll(&descriptor, 1, 20); // the limit only bounds the wait for the end
+        poll(&descriptor, 1, 20); // milliseconds: bounds only the wait for m_finished
     }
 }
 
@@ -65,7 +65,7 @@ void MovementWatcher::samplePositions()
     xcb_connection_t* connection = m_sampleConnection.raw();
     auto next = std::chrono::steady_clock::now();
     while (!m_finished) {
-        // Both requests leave in one write, so that the server answers them back to back.
+        // Both requests are sent in one write, so that the X server processes them consecutively.
         const auto frameCookie = xcb_get_geometry(connection, m_frame);
         const auto overlayCookie = xcb_get_geometry(connection, m_overlay);
         const ScreenRect frame = await(connection, frameCookie);
@@ -85,7 +85,7 @@ std::vector<double> MovementWatcher::lags() const
     for (auto move = m_moves.begin(); move != m_moves.end(); ++move) {
         if (!move->ofFrame)
             continue;
-        // The overlay may leave a step out when the next one came first: then the later step answers both.
+        // The overlay may skip a step; then its move to a later step counts for both.
         const auto answers = [&](const Move& later) {
             if (later.ofFrame)
                 return false;
@@ -103,7 +103,7 @@ std::vector<double> MovementWatcher::lags() const
 MovementWatcher::Result MovementWatcher::finish()
 {
     m_finished = true;
-    m_noteTaker.join();
+    m_recorder.join();
     m_sampler.join();
     Result result;
     result.frameMoves = static_cast<std::size_t>(

@@ -1,4 +1,4 @@
-// What the kernel counts of a process: processor time, wake-ups and memory.
+// The kernel's counters of a process: processor time, wake-ups and memory.
 #pragma once
 
 #include <cstdint>
@@ -12,9 +12,9 @@ namespace haloric {
 
 struct ProcessFigures {
     double processorSeconds = 0;          // of all threads, from schedstat (nanoseconds)
-    std::uint64_t voluntarySwitches = 0;  // of all threads: each is one sleep, and so one wake-up
-    std::uint64_t mainThreadSwitches = 0; // of the main thread alone
-    double proportionalMegabytes = 0;     // memory, shared pages divided among their users
+    std::uint64_t voluntarySwitches = 0;  // of all threads; each is one wake-up
+    std::uint64_t mainThreadSwitches = 0; // of the main thread
+    double proportionalMegabytes = 0;     // memory (PSS): shared pages are divided by the number of their users
 
     static ProcessFigures of(pid_t process)
     {
@@ -34,7 +34,7 @@ struct ProcessFigures {
     }
 
 private:
-    // The number behind a key at the start of a line.
+    // The number after a key at the start of a line; 0 without that key.
     static std::uint64_t number(const std::filesystem::path& file, const std::string& key)
     {
         std::ifstream stream(file);

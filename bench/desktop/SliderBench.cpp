@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// The columns in which a slider's handle stands at its ends, and its row, found by what the keys change.
+// The handle's centre at the slider's ends, in root coordinates, found from the pixels that the keys change.
 struct SliderTrack {
     int left = 0;
     int right = 0;
@@ -23,26 +23,27 @@ struct SliderTrack {
 SliderTrack findTrack(TrayDesktop& desktop)
 {
     DesktopObserver& observer = desktop.session().observer();
-    constexpr int kInset = 24; // the border of the highlight changes, too
+    constexpr int kInset = 24; // the highlight's border changes as well
     const ScreenRect all = desktop.shell().content();
-    // The right half: the text with the value stands in the other one.
+    // The right half; the left half has the label with the value.
     const ScreenRect content{all.x + all.width / 2, all.y + kInset, all.width / 2 - kInset, all.height - 2 * kInset};
     const auto captureAfter = [&](std::uint32_t key) {
         const ScreenImage before = observer.capture(content);
         desktop.session().input().chord({key});
-        require(observer.waitUntil([&] { return observer.capture(content) != before; }), "no slider has the keyboard");
-        std::this_thread::sleep_for(200ms); // the rest of the repainting
+        require(observer.waitUntil([&] { return observer.capture(content) != before; }),
+                "no slider has the keyboard focus");
+        std::this_thread::sleep_for(200ms); // until the repaint is complete
         return observer.capture(content);
     };
     const ScreenImage atEnd = captureAfter(Key::kEnd);
     const ScreenImage atStart = captureAfter(Key::kHome);
     const ScreenRect changed = boundsOfDifference(atEnd, atStart);
     require(changed.width > 0, "the slider does not move");
-    const int knob = changed.height / 2; // round
+    const int knob = changed.height / 2; // the handle is round
     return {changed.x + knob, changed.right() - knob, changed.y + knob};
 }
 
-// Drags the slider of the border's width, and looks at that border below the middle of the settings window.
+// Drags the border width's slider and captures that border below the middle of the settings window.
 class SliderDrag {
 public:
     SliderDrag(TrayDesktop& desktop, const SliderTrack& track)
@@ -53,27 +54,27 @@ public:
     {
     }
 
-    // Drags to the right end pixel by pixel, and waits each time for what comes of it: the milliseconds until the
-    // border changed. Many moves leave the value on its step, and nothing changes.
-    std::vector<double> stepThere()
+    // Drags to the right end pixel by pixel. Returns the milliseconds until the border changed, for each motion that
+    // changed it; most motions leave the value on its step.
+    std::vector<double> stepToEnd()
     {
         std::vector<double> milliseconds;
         press(m_track.left);
         for (int x = m_track.left + 1; x <= m_track.right; ++x) {
-            const ScreenImage before = look();
+            const ScreenImage before = capture();
             const auto begin = BenchClock::now();
             m_desktop.session().input().moveTo(x, m_track.y);
-            if (comesTrue([&] { return look() != before; }, 60ms))
+            if (comesTrue([&] { return capture() != before; }, 60ms))
                 milliseconds.push_back(millisecondsSince(begin));
         }
-        m_atRight = look();
+        m_atRight = capture();
         release();
         return milliseconds;
     }
 
-    // Drags from the right end to the left one and back at 125 Hz: the milliseconds from the last move until the border
-    // is what it was at the right end before.
-    double sweepToAndFro()
+    // Drags from the right end to the left one and back at 125 Hz. Returns the milliseconds from the last motion until
+    // the border looks as it did at the right end before.
+    double sweep()
     {
         constexpr int kStepPixels = 4;
         press(m_track.right);
@@ -88,14 +89,14 @@ public:
             moveTo(x);
         moveTo(m_track.right);
         const auto begin = BenchClock::now();
-        require(comesTrue([this] { return look() == m_atRight; }, kPatience), "the border did not come back");
+        require(comesTrue([this] { return capture() == m_atRight; }, kTimeout), "the border is not final");
         const double milliseconds = millisecondsSince(begin);
         release();
         return milliseconds;
     }
 
 private:
-    ScreenImage look() { return m_desktop.session().observer().capture(m_edge); }
+    ScreenImage capture() { return m_desktop.session().observer().capture(m_edge); }
 
     void press(int x)
     {
@@ -126,13 +127,13 @@ void measureSlider()
     for (int tab = 0; tab < kTabsToBorderWidth; ++tab)
         desktop.session().input().chord({Key::kTab});
     SliderDrag drag(desktop, findTrack(desktop));
-    const auto steps = drag.stepThere();
+    const auto steps = drag.stepToEnd();
     std::printf("slider, from a move of the pointer to the changed border on the screen: median %.2f ms, p99 %.2f ms "
                 "of %zu changes\n",
                 median(steps), percentile(steps, 0.99), steps.size());
     std::vector<double> sweeps;
     for (int sweep = 0; sweep < kSweeps; ++sweep)
-        sweeps.push_back(drag.sweepToAndFro());
+        sweeps.push_back(drag.sweep());
     std::printf("slider dragged at 125 Hz: the border is final %.2f ms after the last move, at most %.2f ms of %d "
                 "drags\n",
                 median(sweeps), percentile(sweeps, 1), kSweeps);

@@ -31,7 +31,7 @@ double TrayDesktop::openSettings()
     require(menu && m_shell->moveInMenu(*menu, Key::kDown, static_cast<int>(MenuEntry::settings)), "no menu");
     const auto begin = BenchClock::now();
     m_session.input().chord({Key::kReturn});
-    require(comesTrue([this] { return isPainted(); }, kPatience), "the settings window did not open");
+    require(comesTrue([this] { return isPainted(); }, kTimeout), "the settings window did not open");
     const double milliseconds = millisecondsSince(begin);
     require(m_shell->waitUntilActive(), "the settings window is not the active one");
     return milliseconds;
@@ -39,9 +39,7 @@ double TrayDesktop::openSettings()
 
 void TrayDesktop::closeSettings()
 {
-    m_session.input().chord({Key::kControl, 'w'});
-    require(m_session.observer().waitUntil([this] { return m_shell->window() == XCB_WINDOW_NONE; }),
-            "the settings window did not close");
+    require(m_shell->closeSettings(), "the settings window did not close");
     require(m_client->focus(), "the window did not get the focus back");
 }
 

@@ -1,5 +1,4 @@
-// The program in a tray, around a window, on a private desktop with openbox and picom. What goes wrong throws
-// std::runtime_error.
+// A private desktop with openbox, picom, a tray, a focused window and the program. Failures throw std::runtime_error.
 #pragma once
 
 #include "testing/x11/ProgramShell.h"
@@ -17,11 +16,11 @@ inline double millisecondsSince(BenchClock::time_point begin)
     return std::chrono::duration<double, std::milli>(BenchClock::now() - begin).count();
 }
 
-// Looks again and again, without a pause that would show in the figure. False when the patience ends.
+// Polls without a pause, which would add to the measured time. False after `timeout`.
 template <class Predicate>
-bool comesTrue(Predicate predicate, std::chrono::milliseconds patience)
+bool comesTrue(Predicate predicate, std::chrono::milliseconds timeout)
 {
-    for (const auto end = BenchClock::now() + patience; BenchClock::now() < end;) {
+    for (const auto end = BenchClock::now() + timeout; BenchClock::now() < end;) {
         if (predicate())
             return true;
     }
@@ -36,7 +35,7 @@ public:
     ProgramShell& shell() { return *m_shell; }
     double proportionalMegabytes() const; // the program's memory
 
-    // Chooses the item in the open menu; the milliseconds from the key to the painted window.
+    // Opens the settings by the menu. Returns the milliseconds from the key to the painted window.
     double openSettings();
     void closeSettings();
 

@@ -1,16 +1,17 @@
-// Measures what the user touches, on a private desktop with a tray, and prints the figures. Throws std::runtime_error
-// when the desktop or the program does not do what it is asked.
+// Measures how soon the settings respond, on a private desktop with a tray, and prints the figures. Failures throw
+// std::runtime_error.
 #pragma once
 
 namespace haloric {
 
-// From the key that chooses the menu's item to the settings window, painted; the memory before, with and after it.
+// The time from the key that activates the menu item to the painted settings window; the memory before, with and after
+// it.
 void measureSettingsWindow();
 
-// From a movement of the pointer that drags a slider to the changed border on the screen.
+// The time from a pointer motion that drags a slider to the changed border on the screen.
 void measureSlider();
 
-// Writes of the settings, as each step of a slider makes one.
+// The time to write the settings, as each step of a slider does.
 void measureSaves();
 
 } // namespace haloric

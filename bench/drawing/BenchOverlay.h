@@ -1,5 +1,5 @@
-// A window in its overlay, of the size that a benchmark asks for, in a memory that all benchmarks share: fresh pages
-// would cost more than drawing.
+// An overlay around a window of the benchmark's size. All benchmarks share one buffer, as fresh pages would cost more
+// than drawing.
 #pragma once
 
 #include "drawing/raster/Picture.h"
@@ -11,7 +11,7 @@
 namespace haloric::bench {
 
 struct BenchOverlay {
-    static constexpr int kMargin = 40; // around the window, as the overlay has it for the default glow
+    static constexpr int kMargin = 40; // around the window, as for the default glow
     static constexpr Size kLargest{5120, 2880};
 
     Size window;
@@ -57,7 +57,7 @@ struct BenchOverlay {
         view.draw(canvas, bounds());
     }
 
-    // The rows and columns that the glow reaches, and the corners within the window.
+    // The pixels that the glow covers: four bars around the window and the four corners inside it.
     std::vector<PixelRect> ring() const
     {
         const int reach = static_cast<int>(view.settings.glowRadius);

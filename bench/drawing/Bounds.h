@@ -1,4 +1,4 @@
-// What the figures of one run have to keep to: ratios of medians taken in the same run, and a few times.
+// The bounds of one run: ratios of medians of the same run, and absolute times.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -9,20 +9,20 @@
 
 namespace haloric::bench {
 
-// Prints as usual and remembers the median of each benchmark.
+// Prints as ConsoleReporter does and stores the median of each benchmark.
 class MedianReporter final : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    // Milliseconds of processor time by name, as in "glow/1200/800". All of it is one thread that waits for nothing;
-    // the clock on the wall would count what other programs take on a busy machine.
+    // Milliseconds of processor time by name, for instance "glow/1200/800". The benchmarks have one thread that never
+    // blocks; wall-clock time would include other programs on a busy machine.
     const std::map<std::string, double>& medians() const { return m_medians; }
 
 private:
     std::map<std::string, double> m_medians;
 };
 
-// Prints each bound with what was measured. False when one is missed; bounds whose benchmarks did not run are left out.
+// Prints each bound with its measured value. False when one is missed. Bounds without measured values are skipped.
 bool checkBounds(const std::map<std::string, double>& medians);
 
 } // namespace haloric::bench

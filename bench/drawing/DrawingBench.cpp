@@ -1,6 +1,6 @@
-// How long the highlight and the dimming take to draw, against the time that writing their bytes takes and against the
-// usual means. Rounds of all benchmarks are interleaved, so that what else the machine does hits all alike; compare
-// medians of one run.
+// The time to draw the highlight and the dimming, compared with writing the same pixels once and with Cairo
+// (ShadowPeers.h). Repetitions are interleaved, so that other load affects all benchmarks alike; compare medians of one
+// run.
 #include "drawing/BenchOverlay.h"
 #include "drawing/Bounds.h"
 #include "drawing/ShadowPeers.h"
@@ -11,7 +11,7 @@
 namespace haloric::bench {
 namespace {
 
-// Writing once what the glow covers.
+// Writes the pixels of the glow once.
 void limit(benchmark::State& state)
 {
     BenchOverlay overlay(state);
@@ -35,7 +35,7 @@ void glow(benchmark::State& state)
     }
 }
 
-// The glow onto pixels that may hold something.
+// Draws the glow over existing pixels.
 void glowOver(benchmark::State& state)
 {
     BenchOverlay overlay(state);
@@ -45,7 +45,7 @@ void glowOver(benchmark::State& state)
     }
 }
 
-// A corner is dragged: the old ring goes, the new one comes.
+// One step of a resize: clears the old ring and draws the new one.
 void resizeStep(benchmark::State& state)
 {
     BenchOverlay overlay(state);
@@ -87,7 +87,7 @@ void border(benchmark::State& state, double alpha)
 void borderOpaque(benchmark::State& state) { border(state, 1); }
 void borderTranslucent(benchmark::State& state) { border(state, 0.5); }
 
-// One frame of the pulse over glow and border, redrawn where two frames can differ.
+// One frame of the pulse over glow and border, drawn in the region where two frames can differ.
 void pulseFrame(benchmark::State& state)
 {
     BenchOverlay overlay(state);
@@ -137,7 +137,7 @@ void dimHole(benchmark::State& state)
     }
 }
 
-// The hole is dragged: where it was and where it is are drawn again.
+// One step of a moving hole: draws the old and the new place of it.
 void dimHoleMoves(benchmark::State& state)
 {
     BenchOverlay overlay(state);
@@ -157,7 +157,7 @@ void dimHoleMoves(benchmark::State& state)
     }
 }
 
-// A glow that was not drawn before: a slider is dragged. By blur radius in pixels.
+// A glow without a cached patch, as while a slider is dragged. The argument is the blur radius in pixels.
 void coldPatch(benchmark::State& state)
 {
     constexpr int unit = DeviceShape::kUnit;
@@ -218,8 +218,8 @@ BENCHMARK(peerBoxBlurs)->Apply(sizes);
 
 int main(int argc, char** argv)
 {
-    haloric::bench::BenchOverlay::memory(); // its pages are no part of any benchmark
-    // What the command line says comes later and counts.
+    haloric::bench::BenchOverlay::memory(); // allocates its pages before the first benchmark
+    // Options of the command line follow and override these.
     std::vector<std::string> defaults{"--benchmark_repetitions=15", "--benchmark_min_time=0.01",
                                       "--benchmark_enable_random_interleaving=true",
                                       "--benchmark_report_aggregates_only=true"};

@@ -53,7 +53,7 @@ void clipToOutside(cairo_t* context, const PixelBuffer& buffer, const PeerGlow& 
     cairo_set_source_rgba(context, 0.04, 0.52, 1, 0.8);
 }
 
-// A mask with a border of zeros on every side, so that no loop asks where it is.
+// A mask with a border of zeros on every side, so that the loops need no bounds checks.
 struct Plane {
     int width;
     int height;
@@ -118,7 +118,8 @@ void boxBlur(cairo_surface_t* mask, double blurRadius)
     const int width = cairo_image_surface_get_width(mask);
     const int height = cairo_image_surface_get_height(mask);
     const std::ptrdiff_t stride = cairo_image_surface_get_stride(mask);
-    const int radius = std::max(1, static_cast<int>(std::lround(blurRadius / 2 * 0.94))); // three of these: sigma B / 2
+    const int radius =
+        std::max(1, static_cast<int>(std::lround(blurRadius / 2 * 0.94))); // three passes: sigma = blurRadius / 2
     Plane one(width, height, radius);
     Plane other(width, height, radius);
     for (int y = 0; y < height; ++y)

@@ -1,4 +1,4 @@
-// The same glow by the usual means, all of them Cairo's, to measure against.
+// The same glow drawn with Cairo in two common ways, for comparison.
 #pragma once
 
 #include "drawing/raster/PixelBuffer.h"
@@ -11,14 +11,14 @@ struct _cairo;
 
 namespace haloric::bench {
 
-// A glow to draw around `window`: pixels, y downward, the buffer's first pixel at (0, 0).
+// A glow around `window`. Lengths are pixels, y downward, the buffer's first pixel at (0, 0).
 struct PeerGlow {
     Rect window;
     double cornerRadius = 0;
     double blurRadius = 0;
 };
 
-// What widget toolkits do for the shadow of a rounded box: the blurred mask of a small box, made once, drawn as a
+// As widget toolkits draw the shadow of a rounded box: the blurred mask of a small box, made once, drawn as a
 // nine-patch of mask patterns under an even-odd clip.
 class NinePatchPeer {
 public:
@@ -28,11 +28,11 @@ public:
 private:
     void drawPiece(_cairo* context, const Rect& from, const Rect& to) const;
 
-    int m_corner; // pixels of a corner of the mask, the reach of the blur included
+    int m_corner; // pixels of a corner of the mask, including the blur
     std::shared_ptr<_cairo_surface> m_mask;
 };
 
-// Without a cache: the mask of the whole window, blurred by three boxes each way.
+// Without a cache: the mask of the whole window, blurred by three box filters in each direction.
 void drawWithBoxBlurs(const PixelBuffer& buffer, const PeerGlow& glow);
 
 } // namespace haloric::bench

@@ -1,5 +1,5 @@
-// What one display frame costs in Haloric's own code: the tracker's tick and the overlay's pass, on adapters that do
-// next to nothing, so that neither a server nor an application is waited for.
+// The cost of one display frame in Haloric's portable code: the tracker's tick and the overlay's pass, on fakes,
+// without waits for a window server or an application.
 #include "hosts/sim/loop/SimRunLoop.h"
 #include "hosts/sim/loop/SimSerialQueues.h"
 #include "overlay/OverlayController.h"
@@ -24,7 +24,7 @@
 namespace haloric {
 namespace {
 
-// A desktop with one focused window, followed in fast mode.
+// A desktop with one focused window, tracked in fast mode.
 class Desktop {
 public:
     Desktop()
@@ -44,7 +44,7 @@ public:
         tracker.start();
         loop.runPosted();
         if (!tracker.isFastTracking() || !tracker.state().frame)
-            throw std::logic_error("the window is not followed");
+            throw std::logic_error("the window is not tracked");
     }
 
     static constexpr ProcessID kEditor{7};
@@ -87,7 +87,7 @@ void passWithoutChange(benchmark::State& state)
         desktop.overlays.setState(focused);
 }
 
-// The window moves from frame to frame: the tick, the published state and the pass that moves the highlight.
+// The window moves at each frame: the tick, the published state, and the pass that moves the highlight.
 void tickAndPassWithMovement(benchmark::State& state)
 {
     Desktop desktop;

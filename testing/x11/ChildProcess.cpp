@@ -28,7 +28,7 @@ Pipe makePipe()
 {
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0)
-        throw std::runtime_error("cannot make a pipe");
+        throw std::runtime_error("cannot create a pipe");
     ::fcntl(ends[0], F_SETFL, O_NONBLOCK);
     return {ends[0], ends[1]};
 }
@@ -64,7 +64,7 @@ ChildProcess::ChildProcess(const Options& options)
     const pid_t parent = ::getpid();
     m_pid = ::fork();
     if (m_pid < 0)
-        throw std::runtime_error("cannot make a process");
+        throw std::runtime_error("cannot create a process");
     if (m_pid == 0) {
         ::setsid();
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -119,7 +119,7 @@ bool ChildProcess::reap(int options)
     siginfo_t ended{};
     if (::waitid(P_PID, static_cast<id_t>(m_pid), &ended, WEXITED | WNOWAIT | options) != 0 || ended.si_pid == 0)
         return false;
-    // What the process left behind in its group ends with it, while the process still holds the group's number.
+    // Ends the rest of the process group before the process is reaped: until then its group number is not reused.
     ::kill(-m_pid, SIGKILL);
     int status = 0;
     ::waitpid(m_pid, &status, 0);
@@ -148,9 +148,9 @@ bool ChildProcess::readAvailable()
     return anyOpen;
 }
 
-std::optional<std::string> ChildProcess::waitForLine(std::string_view text, std::chrono::milliseconds patience)
+std::optional<std::string> ChildProcess::waitForLine(std::string_view text, std::chrono::milliseconds timeout)
 {
-    const Deadline deadline(patience);
+    const Deadline deadline(timeout);
     while (true) {
         const bool more = readAvailable();
         for (const Stream* stream : {&m_output, &m_error}) {
@@ -170,11 +170,11 @@ void ChildProcess::signal(int number) const
         ::kill(m_pid, number);
 }
 
-std::optional<int> ChildProcess::waitForExit(std::chrono::milliseconds patience)
+std::optional<int> ChildProcess::waitForExit(std::chrono::milliseconds timeout)
 {
-    const Deadline deadline(patience);
+    const Deadline deadline(timeout);
     while (!reap(WNOHANG) && !deadline.isOver()) {
-        readAvailable(); // so that the process never waits for room in a pipe
+        readAvailable(); // a full pipe would block the process
         pollfd ended[] = {
             {m_pidDescriptor, POLLIN, 0}, {m_output.descriptor, POLLIN, 0}, {m_error.descriptor, POLLIN, 0}};
         ::poll(ended, 3, deadline.milliseconds());
@@ -183,10 +183,10 @@ std::optional<int> ChildProcess::waitForExit(std::chrono::milliseconds patience)
     return m_exitCode;
 }
 
-int ChildProcess::terminate(std::chrono::milliseconds patience)
+int ChildProcess::terminate(std::chrono::milliseconds timeout)
 {
     signal(SIGTERM);
-    if (!waitForExit(patience)) {
+    if (!waitForExit(timeout)) {
         signal(SIGKILL);
         reap(0);
     }

@@ -1,5 +1,5 @@
-// A program that a test starts, in a session of its own. The process and what it started end with this object, or
-// when the test itself dies; nothing else is ever signalled.
+// A process that a test starts, in its own session. The destructor ends it and its process group; the kernel ends it
+// when the test process dies. No other process is ever signalled. One thread.
 #pragma once
 
 #include "testing/x11/Deadline.h"
@@ -20,13 +20,13 @@ using Environment = std::map<std::string, std::string>;
 class ChildProcess {
 public:
     struct Options {
-        std::vector<std::string> command = {}; // the program, looked up in PATH, and its arguments
-        Environment environment = {};          // the whole environment, nothing is inherited
-        std::filesystem::path logFile = {};    // empty: output is captured; else both streams are appended there
-        int inheritedDescriptor = -1;          // stays open in the child, under the same number
+        std::vector<std::string> command = {}; // the program, searched in PATH, and its arguments
+        Environment environment = {};          // the whole environment; no variable is inherited
+        std::filesystem::path logFile = {};    // empty: output is captured; otherwise both streams append here
+        int inheritedDescriptor = -1;          // stays open in the child under the same number; -1: none
     };
 
-    // Throws std::runtime_error when no process can be made. A program that cannot be executed exits with 127.
+    // Throws std::runtime_error when no process can be created. A program that cannot be executed exits with 127.
     explicit ChildProcess(const Options& options);
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
@@ -35,19 +35,20 @@ public:
     pid_t pid() const { return m_pid; }
     bool isRunning();
 
-    // Waits until a line of captured standard output or standard error contains `text`; the line, or none.
-    std::optional<std::string> waitForLine(std::string_view text, std::chrono::milliseconds patience = kPatience);
+    // Waits until a captured line of standard output or standard error contains `text`, and returns that line without
+    // its newline. No value after `timeout`, or when both streams end first.
+    std::optional<std::string> waitForLine(std::string_view text, std::chrono::milliseconds timeout = kTimeout);
 
     void signal(int number) const;
 
-    // Waits for the end of the process; its exit code, 128 plus the number of the signal that ended it, or none when
-    // it still runs.
-    std::optional<int> waitForExit(std::chrono::milliseconds patience = kPatience);
+    // Waits for the end of the process. Returns its exit code, or 128 plus the number of the signal that ended it; no
+    // value if it still runs after `timeout`.
+    std::optional<int> waitForExit(std::chrono::milliseconds timeout = kTimeout);
 
-    // Asks for the end by SIGTERM, after `patience` by SIGKILL. The exit code as above.
-    int terminate(std::chrono::milliseconds patience = kPatience);
+    // Sends SIGTERM, and SIGKILL after `timeout`. Returns the exit code as waitForExit() does.
+    int terminate(std::chrono::milliseconds timeout = kTimeout);
 
-    // What was captured so far.
+    // The output captured so far.
     const std::string& standardOutput();
     const std::string& standardError();
 

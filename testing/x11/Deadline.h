@@ -1,5 +1,5 @@
-// How long the tests wait for something that must happen. Generous, as machines are busy: only a failure takes
-// that long.
+// The timeout of every wait for something that must happen. It is generous for busy machines; only a failure takes
+// that long. Times are of the monotonic clock.
 #pragma once
 
 #include <algorithm>
@@ -7,15 +7,15 @@
 
 namespace haloric {
 
-inline constexpr std::chrono::milliseconds kPatience{20'000};
+inline constexpr std::chrono::milliseconds kTimeout{20'000};
 
 class Deadline {
 public:
-    explicit Deadline(std::chrono::milliseconds patience) : m_end(std::chrono::steady_clock::now() + patience) {}
+    explicit Deadline(std::chrono::milliseconds timeout) : m_end(std::chrono::steady_clock::now() + timeout) {}
 
     bool isOver() const { return std::chrono::steady_clock::now() >= m_end; }
 
-    // What is left, for poll(2): never negative, never more than `most`.
+    // The time left for poll(2), clamped to 0...`most`.
     int milliseconds(int most = 1'000'000) const
     {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(m_end - std::chrono::steady_clock::now());

@@ -28,7 +28,7 @@ bool DesktopObserver::windowManagerAnswers()
                           XCB_COPY_FROM_PARENT, 0, nullptr);
     }
     if (value(m_probe, "_NET_FRAME_EXTENTS")) {
-        // Late answers to what was asked more than once go down with the window.
+        // Destroying the window discards late answers to repeated requests.
         xcb_destroy_window(raw(), m_probe);
         m_probe = XCB_WINDOW_NONE;
         return true;
@@ -39,7 +39,7 @@ bool DesktopObserver::windowManagerAnswers()
 
 bool DesktopObserver::hasCompositor() { return isOwned("_NET_WM_CM_S0"); }
 
-// Only a window that is drawn into a picture of its own, for somebody else to bring to the screen, has such a picture.
+// Only a redirected window has a pixmap to name.
 bool DesktopObserver::compositorDraws()
 {
     if (m_mappedProbe == XCB_WINDOW_NONE) {

@@ -1,5 +1,5 @@
-// What a test can see of the desktop from outside: the window manager's lists, the stacking of the root's children,
-// who owns them, and the selections of managers.
+// The desktop as other clients see it: the window manager's lists, the stacking order of the root's children, their
+// processes, and the manager selections. Rectangles are root coordinates. One thread.
 #pragma once
 
 #include "testing/x11/TestConnection.h"
@@ -14,7 +14,7 @@ struct RootChild {
     bool isMapped = false;
     bool isOverrideRedirect = false;
     std::uint8_t depth = 0;
-    pid_t process = 0; // of the client that made it, told by the server; 0 when it cannot tell
+    pid_t process = 0; // of the client that created it, as the X server reports it; 0 if unknown
 };
 
 class DesktopObserver : public TestConnection {
@@ -23,46 +23,46 @@ public:
 
     bool hasWindowManager();
     bool hasCompositor();
-    bool hasTray(); // of the older kind
+    bool hasTray(); // of the XEmbed kind
 
-    // Whether the window manager answers requests by now. It announces itself before it listens, and may leave what
-    // it is asked meanwhile lying until something else comes; so this asks once at each call.
+    // Whether the window manager answers requests. It announces itself before it reads requests, and may leave earlier
+    // ones unread until another event arrives; so each call sends one request.
     bool windowManagerAnswers();
 
-    // Whether a compositor draws the windows by now. It announces itself before it does, and may never learn of a
-    // change of the screen's size that falls in between.
+    // Whether a compositor redirects the windows. It announces itself before it does, and may miss a change of the
+    // screen's size in between.
     bool compositorDraws();
 
     xcb_window_t activeWindow();
-    std::vector<xcb_window_t> clientList();         // in the order in which they came
+    std::vector<xcb_window_t> clientList();         // in the order of their mapping
     std::vector<xcb_window_t> clientListStacking(); // bottom to top
 
     // The children of the root, bottom to top.
     std::vector<RootChild> rootChildren();
 
-    // The mapped override-redirect windows that a process has put on the screen, bottom to top.
+    // The mapped override-redirect windows of a process, bottom to top.
     std::vector<RootChild> overlaysOf(pid_t process);
 
-    // The child of the root that holds `window`: its frame, or itself. None when it is gone.
+    // The child of the root that contains `window`: its frame, or itself. XCB_WINDOW_NONE if it is gone.
     xcb_window_t topLevelOf(xcb_window_t window);
 
-    // Where a top-level window stands among the root's children, bottom 0; -1 when it is none of them.
+    // The index of a top-level window among the root's children, bottom 0; -1 if it is not a child of the root.
     int stackingIndexOf(xcb_window_t window);
 
-    // Where the inside of a window is on the root. Empty size when it is gone.
+    // The inside of a window. Empty size if it is gone.
     ScreenRect rectOnRoot(xcb_window_t window);
 
-    xcb_window_t focusedWindow(); // of the keyboard
+    xcb_window_t focusedWindow(); // the keyboard focus of the X server
 
-    // Fills the root with a picture, in the ways in which compositors and servers look for it.
+    // Sets the root's background, and the properties in which compositors look for it.
     void setDesktopPicture(const ScreenImage& picture);
 
 private:
     bool isOwned(const std::string& selection);
     pid_t processOf(xcb_window_t window);
 
-    xcb_window_t m_probe = XCB_WINDOW_NONE;       // never mapped; there while an answer is awaited
-    xcb_window_t m_mappedProbe = XCB_WINDOW_NONE; // beyond the screen; there until a compositor draws it
+    xcb_window_t m_probe = XCB_WINDOW_NONE;       // never mapped; exists while a request is pending
+    xcb_window_t m_mappedProbe = XCB_WINDOW_NONE; // outside the screen; exists until a compositor redirects it
 };
 
 } // namespace haloric

@@ -26,7 +26,7 @@ int connectTo(const std::string& display)
     return socket;
 }
 
-// A message of one byte that carries at most one descriptor.
+// A message of one byte with at most one descriptor.
 struct DescriptorMessage {
     char byte = 0;
     iovec data{&byte, 1};
@@ -72,11 +72,11 @@ ForeignProcess::ForeignProcess(const std::string& display)
 {
     int ends[2];
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
-        throw std::runtime_error("cannot make a pair of sockets");
+        throw std::runtime_error("cannot create a pair of sockets");
     const pid_t parent = ::getpid();
     m_pid = ::fork();
     if (m_pid < 0)
-        throw std::runtime_error("cannot make a process");
+        throw std::runtime_error("cannot create a process");
     if (m_pid == 0) {
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);
         if (::getppid() != parent)
@@ -91,7 +91,7 @@ ForeignProcess::ForeignProcess(const std::string& display)
     m_socket = receiveDescriptor(ends[0]);
     ::close(ends[0]);
     if (m_socket < 0)
-        throw std::runtime_error("the stand-in does not connect");
+        throw std::runtime_error("the foreign process does not connect");
 }
 
 ForeignProcess::~ForeignProcess()

@@ -1,5 +1,5 @@
-// A process that connects to the X server in place of the test: to the server, and to whoever asks it, the windows made
-// over that connection belong to another program. It does nothing else, and ends with this object.
+// A process that connects to the X server on behalf of the test, so that the X server attributes the windows created
+// over that connection to another program. It does nothing else. The destructor ends it.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@ namespace haloric {
 
 class ForeignProcess {
 public:
-    // Connects to `display` (":3"). Throws std::runtime_error when that fails.
+    // Connects to `display`, for instance ":3". Throws std::runtime_error when that fails.
     explicit ForeignProcess(const std::string& display);
     ~ForeignProcess();
     ForeignProcess(const ForeignProcess&) = delete;
@@ -18,7 +18,7 @@ public:
 
     pid_t pid() const { return m_pid; }
 
-    // The connected socket; the caller owns it. Once.
+    // The connected socket, owned by the caller from now on. Call it once.
     int takeSocket();
 
 private:

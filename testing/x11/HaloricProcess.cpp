@@ -10,10 +10,9 @@ ChildProcess::Options prepare(X11Session& session, const std::string& settings,
                               const std::vector<std::string>& arguments, const Environment& added,
                               const std::filesystem::path& program)
 {
-    ChildProcess::Options options{{program.string()}, session.environment(), {}, -1};
+    ChildProcess::Options options = HaloricProcess::start(arguments, session.environment(), program);
     for (const auto& [name, value] : added)
         options.environment[name] = value;
-    options.command.insert(options.command.end(), arguments.begin(), arguments.end());
     if (!settings.empty()) {
         const auto stored = HaloricProcess::settingsFile(options.environment);
         std::filesystem::create_directories(stored.parent_path());
@@ -32,12 +31,20 @@ HaloricProcess::HaloricProcess(X11Session& session, const std::string& settings,
 {
 }
 
+ChildProcess::Options HaloricProcess::start(const std::vector<std::string>& arguments, const Environment& environment,
+                                            const std::filesystem::path& program)
+{
+    ChildProcess::Options options{{program.string()}, environment, {}, -1};
+    options.command.insert(options.command.end(), arguments.begin(), arguments.end());
+    return options;
+}
+
 std::filesystem::path HaloricProcess::settingsFile(const Environment& environment)
 {
     return std::filesystem::path(environment.at("XDG_CONFIG_HOME")) / "com.kestrow.haloric" / "Haloric.settings.v1";
 }
 
-std::optional<RootChild> HaloricProcess::waitForHighlight(const ScreenRect& frame, std::chrono::milliseconds patience)
+std::optional<RootChild> HaloricProcess::waitForHighlight(const ScreenRect& frame, std::chrono::milliseconds timeout)
 {
     std::optional<RootChild> found;
     const auto isAround = [&frame](const RootChild& child) {
@@ -53,12 +60,12 @@ std::optional<RootChild> HaloricProcess::waitForHighlight(const ScreenRect& fram
             found = *highlight;
         return found || !m_process.isRunning();
     };
-    return m_session.observer().waitUntil(isDecided, patience) ? found : std::nullopt;
+    return m_session.observer().waitUntil(isDecided, timeout) ? found : std::nullopt;
 }
 
-bool HaloricProcess::waitForNothing(std::chrono::milliseconds patience)
+bool HaloricProcess::waitForNothing(std::chrono::milliseconds timeout)
 {
-    return m_session.observer().waitUntil([this] { return overlays().empty(); }, patience);
+    return m_session.observer().waitUntil([this] { return overlays().empty(); }, timeout);
 }
 
 } // namespace haloric

@@ -1,4 +1,4 @@
-// The program itself, running on a test's desktop with settings of the test's choice.
+// The program, running on a test's desktop with settings chosen by the test. The destructor ends it.
 #pragma once
 
 #include "testing/x11/ChildProcess.h"
@@ -14,31 +14,36 @@ namespace haloric {
 
 class HaloricProcess {
 public:
-    // Starts the program in `session`'s environment and what is `added` to it. `settings` is the stored record as JSON;
-    // empty: what is stored stays. `file` is the program, where it is not the one that was built.
+    // Starts the program `file` in `session`'s environment with `added` variables. `settings` is written to the stored
+    // record as JSON; empty: the stored record stays. `session` outlives the object.
     HaloricProcess(X11Session& session, const std::string& settings = {},
                    const std::vector<std::string>& arguments = {}, const Environment& added = {},
                    const std::filesystem::path& file = program());
 
+    // The program that was built.
     static std::filesystem::path program() { return HALORIC_PROGRAM; }
 
-    // Where the program finds the record that this environment gives it.
+    // A start of `program` with these arguments in this environment, its output captured.
+    static ChildProcess::Options start(const std::vector<std::string>& arguments, const Environment& environment,
+                                       const std::filesystem::path& program = HaloricProcess::program());
+
+    // The file of the stored record in that environment.
     static std::filesystem::path settingsFile(const Environment& environment);
 
     pid_t pid() const { return m_process.pid(); }
     ChildProcess& process() { return m_process; }
 
-    // The windows that the program shows right now, bottom to top.
+    // The override-redirect windows that the program shows now, bottom to top.
     std::vector<RootChild> overlays() { return m_session.observer().overlaysOf(pid()); }
 
-    // Waits until a window of the program is on the screen whose middle is the middle of `frame`, and which is no
-    // smaller: the highlight. The window, or none.
-    std::optional<RootChild> waitForHighlight(const ScreenRect& frame, std::chrono::milliseconds patience = kPatience);
+    // Waits for the highlight of `frame`: a window of the program with the same centre that covers it. No value if the
+    // program ends or `timeout` passes first.
+    std::optional<RootChild> waitForHighlight(const ScreenRect& frame, std::chrono::milliseconds timeout = kTimeout);
 
-    // Waits until the program shows no window at all.
-    [[nodiscard]] bool waitForNothing(std::chrono::milliseconds patience = kPatience);
+    // Waits until the program shows no window.
+    [[nodiscard]] bool waitForNothing(std::chrono::milliseconds timeout = kTimeout);
 
-    // Ends the program by SIGTERM; its exit code.
+    // Ends the program by SIGTERM and returns its exit code.
     int stop() { return m_process.terminate(); }
 
 private:

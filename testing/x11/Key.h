@@ -1,4 +1,4 @@
-// Keys by name, numbered as in keysymdef.h.
+// Key symbols, with the values of keysymdef.h.
 #pragma once
 
 #include <cstdint>

@@ -7,7 +7,7 @@
 namespace haloric {
 
 ProgramBundle::ProgramBundle(X11Session& session, const Information& information)
-    : m_folder(session.server().folder() / "a folder" / "Haloric.app") // a path as users have them
+    : m_folder(session.server().folder() / "a folder" / "Haloric.app") // a path with a space, as users have them
 {
     Information all{
         {"CFBundleIdentifier", "com.kestrow.haloric"}, {"CFBundleShortVersionString", "0.7"}, {"CFBundleVersion", "7"}};

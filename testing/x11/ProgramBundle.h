@@ -1,4 +1,4 @@
-// The program as it is installed: a folder Haloric.app that holds it and its information dictionary.
+// The installed program: a folder Haloric.app with the program and its Info.plist, among the session's files.
 #pragma once
 
 #include "testing/x11/X11Session.h"
@@ -13,8 +13,8 @@ class ProgramBundle {
 public:
     using Information = std::map<std::string, std::string>;
 
-    // Copies the program to among the session's files. `information` is added to the dictionary, which tells of version
-    // 0.7, build 7; its texts hold nothing that XML would escape.
+    // Copies the program and writes its Info.plist: version 0.7, build 7, and `information`, whose texts need no XML
+    // escapes.
     explicit ProgramBundle(X11Session& session, const Information& information = {});
 
     std::filesystem::path program() const { return m_folder / "haloric"; }

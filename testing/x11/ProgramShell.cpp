@@ -19,7 +19,7 @@ std::optional<ScreenRect> ProgramShell::waitForMenu(std::size_t count)
 {
     ScreenRect menu;
     ScreenImage last;
-    const auto isThere = [&] {
+    const auto isPainted = [&] {
         const auto open = menus();
         if (open.size() != count)
             return false;
@@ -29,7 +29,7 @@ std::optional<ScreenRect> ProgramShell::waitForMenu(std::size_t count)
         last = std::move(now);
         return isStill && last.isPainted();
     };
-    if (m_session.observer().waitUntil(isThere))
+    if (m_session.observer().waitUntil(isPainted))
         return menu;
     m_session.keepFailure("no-menu");
     return std::nullopt;
@@ -74,6 +74,12 @@ bool ProgramShell::choosePreset(int index)
 
 bool ProgramShell::openSettings() { return choose(MenuEntry::settings) && waitUntilActive(); }
 
+bool ProgramShell::closeSettings()
+{
+    m_session.input().chord({Key::kControl, 'w'});
+    return m_session.observer().waitUntil([this] { return window() == XCB_WINDOW_NONE; });
+}
+
 xcb_window_t ProgramShell::window(const std::string& title)
 {
     for (const xcb_window_t window : m_session.observer().clientList()) {
@@ -87,7 +93,7 @@ xcb_window_t ProgramShell::window(const std::string& title)
 bool ProgramShell::waitUntilActive(const std::string& title)
 {
     DesktopObserver& observer = m_session.observer();
-    // The keyboard as well: the window manager says which window is active before the server has moved the focus.
+    // The window manager publishes the active window before the X server has moved the keyboard focus.
     const auto isActive = [&] {
         const xcb_window_t wanted = window(title);
         return wanted != XCB_WINDOW_NONE && observer.activeWindow() == wanted &&

@@ -1,5 +1,5 @@
-// The program's user interface as a user reaches it: the icon in the tray, the menu, its windows. The menu's items are
-// known by their order, the windows by their titles; nothing is asked of the program itself.
+// The program's user interface as a user reaches it: the icon in the tray, the menu, its windows. Menu items are found
+// by their order, windows by their titles. Rectangles are root coordinates.
 #pragma once
 
 #include "testing/x11/HaloricProcess.h"
@@ -10,8 +10,8 @@
 
 namespace haloric {
 
-// The items of the menu that can be chosen, as the arrow downward passes them. Those after the settings are so in an
-// installed program that has a feed of updates.
+// The menu's enabled items; the value is the number of presses of the down arrow. Those after `settings` hold for an
+// installed program with an update feed.
 enum class MenuEntry {
     border = 1,
     glow,
@@ -29,7 +29,7 @@ inline constexpr const char* kSettingsTitle = "Haloric Settings";
 
 class ProgramShell {
 public:
-    // All outlive it.
+    // All three outlive the object.
     ProgramShell(X11Session& session, TrayPanel& panel, HaloricProcess& haloric)
         : m_session(session),
           m_panel(panel),
@@ -37,25 +37,28 @@ public:
     {
     }
 
-    // Clicks the icon and waits until the menu is on the screen and painted; its place, or none.
+    // Clicks the icon and waits until the menu is painted. Returns its frame; no value after a timeout.
     std::optional<ScreenRect> openMenu();
 
-    // Waits until so many menus are open and the last one is painted: its place, or none.
+    // Waits until `count` menus are open and the topmost is painted. Returns its frame; no value after a timeout.
     std::optional<ScreenRect> waitForMenu(std::size_t count = 1);
 
-    // Presses a key that moves the choice in an open menu, and waits until that is seen.
+    // Presses a key that moves the selection of an open menu, and waits each time until the picture changes.
     [[nodiscard]] bool moveInMenu(const ScreenRect& menu, std::uint32_t key, int times = 1);
 
-    // Opens the menu and chooses an item by the keyboard.
+    // Opens the menu and activates an item by the keyboard.
     [[nodiscard]] bool choose(MenuEntry entry);
 
-    // The same for an item of the submenu of colours; the first is 0.
+    // Opens the submenu of colours and activates an item; the first is 0.
     [[nodiscard]] bool choosePreset(int index);
 
-    // Opens the settings window by the menu, and waits until it is the active one.
+    // Opens the settings window by the menu, and waits until it is active.
     [[nodiscard]] bool openSettings();
 
-    // The listed window of the program with that title; none when there is no such window.
+    // Closes it by the keyboard, and waits until the window manager does not list it.
+    [[nodiscard]] bool closeSettings();
+
+    // The listed window of the program with that title; XCB_WINDOW_NONE if there is none.
     xcb_window_t window(const std::string& title = kSettingsTitle);
     [[nodiscard]] bool waitUntilActive(const std::string& title = kSettingsTitle);
 
@@ -63,7 +66,7 @@ public:
     ScreenRect content(const std::string& title = kSettingsTitle); // the inside; empty without such a window
 
 private:
-    std::vector<ScreenRect> menus(); // the places of all open menus, bottom to top
+    std::vector<ScreenRect> menus(); // the frames of all open menus, bottom to top
     void press(std::uint32_t key) { m_session.input().chord({key}); }
 
     X11Session& m_session;

@@ -1,4 +1,4 @@
-// For programs other than tests that insist on what must be so on their desktops.
+// Preconditions of the demonstration and the benchmarks, which have no test framework.
 #pragma once
 
 #include <stdexcept>
@@ -6,7 +6,7 @@
 
 namespace haloric {
 
-// Throws std::runtime_error with that text unless `holds`.
+// Throws std::runtime_error with the text `what` unless `holds`.
 inline void require(bool holds, const std::string& what)
 {
     if (!holds)

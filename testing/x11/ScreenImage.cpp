@@ -17,6 +17,11 @@ int channel(Pixel pixel, int shift) { return static_cast<int>((pixel >> shift) &
 
 } // namespace
 
+ScreenRect grown(const ScreenRect& rect, int by)
+{
+    return {rect.x - by, rect.y - by, rect.width + 2 * by, rect.height + 2 * by};
+}
+
 int colorDistance(Pixel a, Pixel b)
 {
     int largest = 0;
@@ -47,7 +52,7 @@ bool ScreenImage::savePng(const std::filesystem::path& path) const
 {
     std::error_code ignored;
     std::filesystem::create_directories(path.parent_path(), ignored);
-    std::vector<Pixel> pixels = m_pixels; // a row of this format is tightly packed, and cairo wants to write to it
+    std::vector<Pixel> pixels = m_pixels; // tightly packed, as this format has its rows; cairo needs write access
     cairo_surface_t* surface = cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels.data()),
                                                                    CAIRO_FORMAT_RGB24, m_area.width, m_area.height,
                                                                    m_area.width * static_cast<int>(sizeof(Pixel)));

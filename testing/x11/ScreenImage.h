@@ -1,4 +1,4 @@
-// A picture of a part of the screen, in root coordinates, for tests that look at pixels.
+// A picture of a part of the screen. All coordinates are root coordinates: pixels, y downward.
 #pragma once
 
 #include <cstdint>
@@ -19,13 +19,16 @@ struct ScreenRect {
     friend bool operator==(const ScreenRect&, const ScreenRect&) = default;
 };
 
-// A colour as the screen shows it: 0xRRGGBB.
+// The rectangle with each edge moved outward by `by` pixels; a negative value moves them inward.
+ScreenRect grown(const ScreenRect& rect, int by);
+
+// A colour: 0xRRGGBB.
 using Pixel = std::uint32_t;
 
-// The largest difference of any channel.
+// The largest difference of a channel.
 int colorDistance(Pixel a, Pixel b);
 
-// The colour that `top` makes on `bottom` when it covers it with `opacity` (0...1).
+// The colour of `top` over `bottom` with `opacity` (0...1).
 Pixel blended(Pixel top, Pixel bottom, double opacity);
 
 class ScreenImage {
@@ -37,12 +40,13 @@ public:
     const std::vector<Pixel>& pixels() const { return m_pixels; } // row by row, tightly packed
     bool isEmpty() const { return m_pixels.empty(); }
 
-    // The pixel at a root coordinate inside the area; outside it, a value that no screen shows.
+    // The pixel at a root coordinate; outside the area, a value above 0xFFFFFF.
     Pixel at(int x, int y) const;
 
+    // Creates missing folders. False when the file cannot be written.
     bool savePng(const std::filesystem::path& path) const;
 
-    // Whether there is text on it: it has more colours than a plain area has.
+    // Whether it shows text: it has more colours than a plain area.
     bool isPainted() const;
 
     friend bool operator==(const ScreenImage&, const ScreenImage&) = default;
@@ -52,7 +56,7 @@ private:
     std::vector<Pixel> m_pixels;
 };
 
-// What holds every pixel in which two pictures of the same area differ; empty size when they are the same.
+// The bounding rectangle of all pixels in which two pictures of the same area differ; empty size if they are equal.
 ScreenRect boundsOfDifference(const ScreenImage& a, const ScreenImage& b);
 
 } // namespace haloric

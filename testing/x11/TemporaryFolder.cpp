@@ -12,7 +12,7 @@ TemporaryFolder::TemporaryFolder()
 {
     std::string name = (std::filesystem::temp_directory_path() / "haloric-test-XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr)
-        throw std::runtime_error("cannot make a temporary folder");
+        throw std::runtime_error("cannot create a temporary folder");
     m_path = name;
 }
 

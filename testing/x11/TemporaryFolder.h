@@ -1,4 +1,4 @@
-// A private folder below the system's temporary one, removed with everything in it when its owner goes.
+// A private folder below the temporary folder of the operating system. The destructor removes it with its contents.
 #pragma once
 
 #include <filesystem>
@@ -7,14 +7,14 @@ namespace haloric {
 
 class TemporaryFolder {
 public:
-    TemporaryFolder();
+    TemporaryFolder(); // throws std::runtime_error when that fails
     ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     const std::filesystem::path& path() const { return m_path; }
 
-    // Makes a folder inside, readable by this user alone.
+    // Creates a folder inside, readable by this user only, and returns its path.
     std::filesystem::path makeFolder(const std::filesystem::path& name) const;
 
 private:

@@ -23,8 +23,9 @@ constexpr std::size_t kSizeHintsLength = 18;
 
 TestClient::TestClient(DesktopObserver& observer, const std::string& display, const Options& options)
     : m_observer(observer),
-      m_standIn(options.application == Application::ownOne ? std::make_unique<ForeignProcess>(display) : nullptr),
-      m_connection(m_standIn ? TestConnection(m_standIn->takeSocket()) : TestConnection(display)),
+      m_foreignProcess(options.application == Application::ownOne ? std::make_unique<ForeignProcess>(display)
+                                                                  : nullptr),
+      m_connection(m_foreignProcess ? TestConnection(m_foreignProcess->takeSocket()) : TestConnection(display)),
       m_isManaged(options.management == Management::managed)
 {
     m_connection.onEvent = [this](const xcb_generic_event_t& event) { handle(event); };
@@ -67,9 +68,10 @@ void TestClient::setProperties(const Options& options)
     set("WM_NORMAL_HINTS", "WM_SIZE_HINTS", hints);
 
     if (options.processId) {
-        const bool followsApplication = m_standIn && *options.processId == static_cast<std::uint32_t>(::getpid());
+        const bool followsApplication =
+            m_foreignProcess && *options.processId == static_cast<std::uint32_t>(::getpid());
         set("_NET_WM_PID", "CARDINAL",
-            {followsApplication ? static_cast<std::uint32_t>(m_standIn->pid()) : *options.processId});
+            {followsApplication ? static_cast<std::uint32_t>(m_foreignProcess->pid()) : *options.processId});
     }
     if (!options.type.empty())
         set("_NET_WM_WINDOW_TYPE", "ATOM", {m_connection.atom(options.type)});
@@ -118,14 +120,14 @@ void TestClient::handle(const xcb_generic_event_t& event)
 
 void TestClient::noteFocus(const xcb_generic_event_t& event, bool isGained)
 {
-    // Grabs and the pointer's own following of the focus do not change who has it.
+    // Grabs and notifications for the window under the pointer do not change the focus.
     const auto& change = reinterpret_cast<const xcb_focus_in_event_t&>(event);
     const bool isGrab = change.mode == XCB_NOTIFY_MODE_GRAB || change.mode == XCB_NOTIFY_MODE_UNGRAB;
     if (!isGrab && change.detail < XCB_NOTIFY_DETAIL_POINTER)
         m_hasFocus = isGained;
 }
 
-bool TestClient::waitUntil(const std::function<bool()>& predicate, std::chrono::milliseconds patience)
+bool TestClient::waitUntil(const std::function<bool()>& predicate, std::chrono::milliseconds timeout)
 {
     return m_observer.waitUntil(
         [&] {
@@ -133,7 +135,7 @@ bool TestClient::waitUntil(const std::function<bool()>& predicate, std::chrono::
             xcb_flush(m_connection.raw());
             return predicate();
         },
-        patience);
+        timeout);
 }
 
 bool TestClient::show()
@@ -145,11 +147,11 @@ bool TestClient::show()
 
 bool TestClient::focus()
 {
-    // A window manager that has just started, or is still showing the window, may drop the request.
+    // A window manager that has just started, or is still mapping the window, may drop the request.
     for (int request = 0; request < kFocusRequests; ++request) {
         m_connection.sendToRoot(m_window, "_NET_ACTIVE_WINDOW", {kSourceIsPager, XCB_CURRENT_TIME, 0});
         if (waitUntil([this] { return m_isMapped && m_hasFocus && m_observer.activeWindow() == m_window; },
-                      kPatience / kFocusRequests))
+                      kTimeout / kFocusRequests))
             return true;
     }
     return false;

@@ -22,7 +22,7 @@ TestConnection::TestConnection(const std::string& display)
 
 TestConnection::TestConnection(int connectedSocket) : m_connection(xcb_connect_to_fd(connectedSocket, nullptr))
 {
-    setUp(0, "the server of a given socket");
+    setUp(0, "the X server of a given socket");
 }
 
 void TestConnection::setUp(int screenNumber, const std::string& name)
@@ -49,9 +49,9 @@ xcb_atom_t TestConnection::atom(const std::string& name)
     return m_atoms[name] = reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
-bool TestConnection::waitUntil(const std::function<bool()>& predicate, std::chrono::milliseconds patience)
+bool TestConnection::waitUntil(const std::function<bool()>& predicate, std::chrono::milliseconds timeout)
 {
-    const Deadline deadline(patience);
+    const Deadline deadline(timeout);
     while (true) {
         processEvents();
         if (predicate())
@@ -140,7 +140,7 @@ ScreenImage TestConnection::capture() { return capture({0, 0, 1 << 15, 1 << 15})
 
 ScreenImage TestConnection::capture(const ScreenRect& area)
 {
-    // The screen's size as it is now: RandR may have changed it since the connection was set up.
+    // RandR may have changed the screen's size since the connection was set up.
     const Reply<xcb_get_geometry_reply_t> size(
         xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, root()), nullptr));
     if (!size)

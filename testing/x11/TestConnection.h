@@ -1,6 +1,5 @@
-// A connection to the X server as a test uses it: short calls with round trips, and one way to wait.
-//
-// Requests on windows that have gone give empty answers. One thread.
+// A connection to the X server: short calls that make a round trip each, and one way to wait. Requests on destroyed
+// windows return empty values. One thread.
 #pragma once
 
 #include "testing/x11/Deadline.h"
@@ -27,10 +26,10 @@ public:
     template <class T>
     using Reply = std::unique_ptr<T, Free>;
 
-    // Throws std::runtime_error when the display does not answer.
+    // Connects to `display`, for instance ":3". Throws std::runtime_error when that fails.
     explicit TestConnection(const std::string& display);
 
-    // Takes over a socket that is connected to an X server, and owns it from now on.
+    // Takes ownership of a socket that is connected to an X server.
     explicit TestConnection(int connectedSocket);
     ~TestConnection();
     TestConnection(const TestConnection&) = delete;
@@ -41,21 +40,20 @@ public:
     xcb_window_t root() const { return m_screen->root; }
     xcb_atom_t atom(const std::string& name);
 
-    // Called with every event, from within the waits.
+    // Called with every event, from within waitUntil() and processEvents().
     std::function<void(const xcb_generic_event_t&)> onEvent;
 
-    // Waits until `predicate` holds: asks at once, after every event, and at least every 10 ms, as pixels and
-    // properties of others change without an event to this connection. False when the patience ends.
-    [[nodiscard]] bool waitUntil(const std::function<bool()>& predicate,
-                                 std::chrono::milliseconds patience = kPatience);
+    // Waits until `predicate` holds: evaluates it at once, after every event, and at least every 10 ms, as pixels and
+    // properties of other clients change without an event here. False after `timeout`.
+    [[nodiscard]] bool waitUntil(const std::function<bool()>& predicate, std::chrono::milliseconds timeout = kTimeout);
 
-    // Takes in the events that have arrived, without waiting.
+    // Handles the events that have arrived, without waiting.
     void processEvents();
 
-    // Returns after the server has processed everything sent so far.
+    // Returns after the X server has processed every request sent so far.
     void synchronize();
 
-    // Properties. Values of another format or type than asked for are read as nothing.
+    // Properties. A property of another format reads as empty.
     std::vector<std::uint32_t> values(xcb_window_t window, const std::string& property);
     std::optional<std::uint32_t> value(xcb_window_t window, const std::string& property);
     std::string text(xcb_window_t window, const std::string& property);
@@ -63,14 +61,14 @@ public:
                    const std::vector<std::uint32_t>& values);
     void setText(xcb_window_t window, const std::string& property, const std::string& text);
 
-    // Sends a client message to the root window, as the window manager expects it.
+    // Sends a client message of up to five values to the root window, for the window manager.
     void sendToRoot(xcb_window_t window, const std::string& type, const std::vector<std::uint32_t>& data);
 
-    // A picture of what the screen shows; the whole screen when no area is given. Areas are cut at the screen's edges.
+    // The screen's pixels; without an area, of the whole screen. Areas are clipped to the screen.
     ScreenImage capture();
     ScreenImage capture(const ScreenRect& area);
 
-    // A pixmap of the root's depth that shows `picture`; it lives as long as the connection.
+    // A pixmap of the root's depth with the pixels of `picture`; it exists as long as the connection.
     xcb_pixmap_t makePixmap(const ScreenImage& picture);
 
 private:

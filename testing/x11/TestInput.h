@@ -1,4 +1,4 @@
-// Input as from the devices themselves, by the XTEST extension. Each call returns after the server has taken it in.
+// Input events as from devices, by the XTEST extension. Each call returns after the X server has processed the event.
 #pragma once
 
 #include "testing/x11/TestConnection.h"
@@ -11,16 +11,16 @@ class TestInput {
 public:
     explicit TestInput(TestConnection& connection) : m_connection(connection) {}
 
-    void moveTo(int x, int y);
+    void moveTo(int x, int y); // root coordinates
     void press(std::uint8_t button = XCB_BUTTON_INDEX_1);
     void release(std::uint8_t button = XCB_BUTTON_INDEX_1);
     void clickAt(int x, int y);
 
-    // Key symbols as in keysymdef.h; one that the keyboard lacks is left out.
+    // Key symbols as in Key.h. A symbol that the keyboard lacks is ignored.
     void pressKey(std::uint32_t keySymbol);
     void releaseKey(std::uint32_t keySymbol);
 
-    // Presses the keys in their order and releases them in the opposite one.
+    // Presses the keys in order and releases them in reverse order.
     void chord(const std::vector<std::uint32_t>& keySymbols);
 
 private:

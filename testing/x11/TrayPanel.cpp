@@ -4,7 +4,9 @@
 
 namespace haloric {
 
-TrayPanel::TrayPanel(X11Session& session, std::vector<std::string> look) : m_session(session), m_look(std::move(look))
+TrayPanel::TrayPanel(X11Session& session, std::vector<std::string> options)
+    : m_session(session),
+      m_options(std::move(options))
 {
     start();
 }
@@ -13,7 +15,7 @@ void TrayPanel::start()
 {
     std::vector<std::string> command{"trayer",   "--edge", "top",         "--align", "left",
                                      "--height", "24",     "--widthtype", "request"};
-    command.insert(command.end(), m_look.begin(), m_look.end());
+    command.insert(command.end(), m_options.begin(), m_options.end());
     m_process = std::make_unique<ChildProcess>(
         ChildProcess::Options{command, m_session.environment(), m_session.server().folder() / "panel.log", -1});
 }
@@ -28,20 +30,19 @@ bool TrayPanel::restart()
     return true;
 }
 
-// The icon is a window of the program inside of the panel, which comes up in the middle of the screen and goes to its
-// edge later.
+// The panel appears in the middle of the screen and moves to its edge afterwards.
 ScreenRect TrayPanel::findIcon()
 {
     DesktopObserver& observer = m_session.observer();
     ScreenRect icon;
-    const auto isThere = [&] {
+    const auto isInPlace = [&] {
         const xcb_window_t window = iconBelow(observer.root());
         if (window == XCB_WINDOW_NONE || observer.rectOnRoot(observer.topLevelOf(window)).y != 0)
             return false;
         icon = observer.rectOnRoot(window);
         return isReachedAt(window, icon.x + icon.width / 2, icon.y + icon.height / 2);
     };
-    if (!observer.waitUntil(isThere)) {
+    if (!observer.waitUntil(isInPlace)) {
         m_session.keepFailure("no-icon");
         return {};
     }
@@ -57,7 +58,8 @@ bool TrayPanel::clickIcon(std::uint8_t button)
     return icon.width > 0;
 }
 
-// The program's other windows are inside of frames, and listed by the window manager.
+// The icon is a window of the program below the panel's window. The program's other windows inside a frame are listed
+// by the window manager.
 xcb_window_t TrayPanel::iconBelow(xcb_window_t window)
 {
     const auto clients = m_session.observer().clientList();

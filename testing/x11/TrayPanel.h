@@ -1,5 +1,5 @@
-// A panel with a tray of the older kind at the upper edge of a test's desktop, on the left unless told otherwise, and
-// the program's icon in it.
+// A panel with an XEmbed tray at the upper edge of a test's desktop, left by default, and the program's icon in it. The
+// destructor ends the panel.
 #pragma once
 
 #include "testing/x11/X11Session.h"
@@ -12,16 +12,17 @@ namespace haloric {
 
 class TrayPanel {
 public:
-    // Starts the panel; `look` are options of it beyond the usual ones, or in their place. The session outlives it.
-    explicit TrayPanel(X11Session& session, std::vector<std::string> look = {});
+    // Starts the panel; `options` follow the default ones on its command line and override them. The session outlives
+    // it.
+    explicit TrayPanel(X11Session& session, std::vector<std::string> options = {});
 
-    // Ends the panel, waits until the icon is nowhere, and starts it anew.
+    // Ends the panel, waits until the icon is gone, and starts the panel again.
     [[nodiscard]] bool restart();
 
-    // Waits until the icon is where a click in its middle reaches it; its place on the root. Empty when there is none.
+    // Waits until a click at the icon's centre reaches it. Returns its rectangle on the root; empty after a timeout.
     ScreenRect findIcon();
 
-    // The same, and clicks it.
+    // Finds the icon and clicks it.
     [[nodiscard]] bool clickIcon(std::uint8_t button = XCB_BUTTON_INDEX_1);
 
 private:
@@ -31,7 +32,7 @@ private:
     bool isReachedAt(xcb_window_t wanted, int x, int y);
 
     X11Session& m_session;
-    std::vector<std::string> m_look;
+    std::vector<std::string> m_options;
     std::unique_ptr<ChildProcess> m_process;
 };
 

@@ -1,9 +1,10 @@
 #include "testing/x11/X11Server.h"
 
+#include "testing/x11/FileContents.h"
+
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 
 #include <fcntl.h>
@@ -13,7 +14,7 @@
 namespace haloric {
 namespace {
 
-// Reads the number that the server writes, with a newline, once it listens. Empty when it ends or takes too long.
+// Reads the number and newline that the X server writes once it listens. Empty if the X server ends or after a timeout.
 std::string readDisplayNumber(int descriptor)
 {
     std::string text;
@@ -39,7 +40,7 @@ X11Server::X11Server(const X11ServerOptions& options)
         m_folder.makeFolder(name);
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0)
-        throw std::runtime_error("cannot make a pipe");
+        throw std::runtime_error("cannot create a pipe");
     ChildProcess::Options process;
     process.command = command(options, ends[1]);
     process.environment = environment();
@@ -50,16 +51,16 @@ X11Server::X11Server(const X11ServerOptions& options)
     const std::string number = readDisplayNumber(ends[0]);
     ::close(ends[0]);
     if (number.empty())
-        throw std::runtime_error("the X server does not start:\n" + log());
+        throw std::runtime_error("the X server does not start:\n" + contentsOf(folder() / "server.log"));
     m_display = ":" + number;
 }
 
 std::vector<std::string> X11Server::command(const X11ServerOptions& options, int displayDescriptor) const
 {
-    // Without -noreset the server starts over when its last client leaves.
+    // Without -noreset the X server resets when its last client disconnects.
     std::vector<std::string> words{"Xvfb"};
     if (options.kind == X11ServerKind::dummy) {
-        // Not the wrapper in PATH, which lets only console users in.
+        // The wrapper in PATH admits only console users.
         words = {"/usr/lib/xorg/Xorg", "-config", writeDummyConfiguration(options).string()};
         words.insert(words.end(), {"-logfile", (folder() / "xorg.log").string(), "-novtswitch", "-sharevts"});
     } else {
@@ -118,7 +119,7 @@ Environment X11Server::environment() const
         {"XDG_CACHE_HOME", inside("cache")},
         {"XDG_DATA_HOME", inside("data")},
         {"XDG_RUNTIME_DIR", inside("runtime")},
-        // An address that leads nowhere: libraries then do not start a bus of their own.
+        // An address without a bus, so that libraries do not start one.
         {"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + inside("runtime") + "/no-bus"},
         {"NO_AT_BRIDGE", "1"},
     };
@@ -142,13 +143,6 @@ void X11Server::kill()
 {
     m_process->signal(SIGKILL);
     m_process->waitForExit();
-}
-
-std::string X11Server::log() const
-{
-    std::ostringstream text;
-    text << std::ifstream(folder() / "server.log").rdbuf();
-    return text.str();
 }
 
 } // namespace haloric

@@ -1,4 +1,4 @@
-// An X server of the test's own, on a display number that the server itself finds free.
+// A private X server on a free display number that the X server chooses. The destructor ends it.
 #pragma once
 
 #include "testing/x11/ChildProcess.h"
@@ -12,22 +12,22 @@ namespace haloric {
 
 enum class X11ServerKind {
     xvfb,  // one screen in memory
-    dummy, // Xorg with the dummy video driver: outputs DUMMY0, DUMMY1 … that come and go by xrandr
+    dummy, // Xorg with the dummy video driver: outputs DUMMY0, DUMMY1 …, switched by xrandr
 };
 
 struct X11ServerOptions {
     X11ServerKind kind = X11ServerKind::xvfb;
     int width = 1920;
     int height = 1080;
-    std::vector<std::string> arguments = {}; // further ones, such as {"-extension", "Composite"}
+    std::vector<std::string> arguments = {}; // additional, such as {"-extension", "Composite"}
 };
 
 class X11Server {
 public:
-    // Returns when the server accepts clients. Throws std::runtime_error with the server's own words otherwise.
+    // Returns when the server accepts clients. Throws std::runtime_error with the server's log otherwise.
     explicit X11Server(const X11ServerOptions& options = {});
 
-    // As for DISPLAY, for instance ":3".
+    // The value of DISPLAY, for instance ":3".
     const std::string& display() const { return m_display; }
     pid_t pid() const { return m_process->pid(); }
 
@@ -35,16 +35,15 @@ public:
     Environment environment() const;
     const std::filesystem::path& folder() const { return m_folder.path(); }
 
-    // Runs `xrandr` with these arguments to its end; true on success.
+    // Runs `xrandr` with these arguments and waits for its end. True on success.
     [[nodiscard]] bool xrandr(const std::vector<std::string>& arguments);
 
-    // Ends the server by a signal, as when it crashes. Nothing may be asked of it afterwards.
+    // Ends the server by SIGKILL, as a crash does. Use only the destructor afterwards.
     void kill();
 
 private:
     std::vector<std::string> command(const X11ServerOptions& options, int displayDescriptor) const;
     std::filesystem::path writeDummyConfiguration(const X11ServerOptions& options) const;
-    std::string log() const;
 
     TemporaryFolder m_folder;
     std::unique_ptr<ChildProcess> m_process;

@@ -1,14 +1,15 @@
 #include "testing/x11/X11Session.h"
 
+#include "testing/x11/FileContents.h"
+
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 
 namespace haloric {
 namespace {
 
 // Window managers of the larger desktops take seconds on a busy machine.
-constexpr std::chrono::seconds kStartPatience{40};
+constexpr std::chrono::seconds kStartTimeout{40};
 
 std::vector<std::string> commandOf(WindowManager kind)
 {
@@ -34,13 +35,6 @@ bool needsBus(WindowManager kind)
     return kind == WindowManager::xfwm4 || kind == WindowManager::xfwm4Compositing || kind == WindowManager::mutter;
 }
 
-std::string contentsOf(const std::filesystem::path& path)
-{
-    std::ostringstream text;
-    text << std::ifstream(path).rdbuf();
-    return text.str();
-}
-
 } // namespace
 
 X11Session::X11Session(WindowManager windowManager, Compositor compositor, const X11ServerOptions& options)
@@ -56,9 +50,9 @@ X11Session::X11Session(WindowManager windowManager, Compositor compositor, const
     startWindowManager();
     if (compositor == Compositor::picom)
         startCompositor();
-    // A compositor takes the screen over before it has painted it for the first time.
+    // A compositor redirects the screen before it first paints it.
     const auto isPainted = [this] { return m_observer->capture({0, 0, 1, 1}).at(0, 0) == kDesktopColor; };
-    if (!m_observer->waitUntil(isPainted, kStartPatience))
+    if (!m_observer->waitUntil(isPainted, kStartTimeout))
         throw std::runtime_error("the desktop is not painted");
 }
 
@@ -99,7 +93,7 @@ void X11Session::waitForPart(ChildProcess& process, const char* logName, const s
 {
     bool ready = false;
     const auto isDecided = [&] { return (ready = isReady()) || !process.isRunning(); };
-    if (!m_observer->waitUntil(isDecided, kStartPatience) || !ready)
+    if (!m_observer->waitUntil(isDecided, kStartTimeout) || !ready)
         throw std::runtime_error("a part of the desktop does not start:\n" + contentsOf(m_server->folder() / logName));
 }
 
@@ -119,7 +113,7 @@ void X11Session::stopWindowManager()
 {
     m_windowManager.reset();
     if (!m_observer->waitUntil([this] { return !m_observer->hasWindowManager(); }))
-        throw std::runtime_error("the window manager does not go away");
+        throw std::runtime_error("the window manager does not end");
 }
 
 void X11Session::startCompositor()
@@ -134,22 +128,41 @@ void X11Session::stopCompositor()
 {
     m_compositor.reset();
     if (!m_observer->waitUntil([this] { return !m_observer->hasCompositor(); }))
-        throw std::runtime_error("the compositor does not go away");
+        throw std::runtime_error("the compositor does not end");
 }
 
 bool X11Session::waitForPixels(const std::string& name, const ScreenRect& area,
                                const std::function<bool(const ScreenImage&)>& predicate,
-                               std::chrono::milliseconds patience)
+                               std::chrono::milliseconds timeout)
 {
     ScreenImage last;
     const auto isSatisfied = [&] {
         last = m_observer->capture(area);
         return predicate(last);
     };
-    if (m_observer->waitUntil(isSatisfied, patience))
+    if (m_observer->waitUntil(isSatisfied, timeout))
         return true;
     keepFailure(name);
     return false;
+}
+
+bool X11Session::dragByTitleBar(TestClient& client, int right, int down)
+{
+    constexpr int kSteps = 30;
+    const ScreenRect frame = client.visibleFrame();
+    const ScreenRect content = client.content();
+    const int x = frame.x + frame.width / 2;
+    const int y = (frame.y + content.y) / 2;
+    m_input->moveTo(x, y);
+    m_input->press();
+    for (int step = 1; step <= kSteps; ++step)
+        m_input->moveTo(x + right * step / kSteps, y + down * step / kSteps);
+    // Window managers ignore motion from before the drag has begun, so the pointer moves on until the window follows.
+    return m_observer->waitUntil([&] {
+        m_input->moveTo(x + right - 1, y + down);
+        m_input->moveTo(x + right, y + down);
+        return client.content().x == content.x + right;
+    });
 }
 
 void X11Session::keepFailure(const std::string& name)

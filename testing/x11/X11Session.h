@@ -1,5 +1,5 @@
-// A whole desktop for one test: a server, a window manager, a compositor or none, and an observer. Each part is
-// ready when the constructor returns, and can be taken away and brought back.
+// A desktop for one test: an X server, a window manager, optionally a compositor, and an observer. Each part is ready
+// when the constructor returns; window manager and compositor can be stopped and started again. One thread.
 #pragma once
 
 #include "testing/x11/DesktopObserver.h"
@@ -39,19 +39,22 @@ public:
 
     std::unique_ptr<TestClient> makeClient(const TestClient::Options& options = {});
 
-    // Each returns when others can see that the part has come or gone; throws std::runtime_error when that fails.
+    // Each returns when the change is visible to other clients. Throws std::runtime_error when that fails.
     void startWindowManager();
     void stopWindowManager();
     void startCompositor();
     void stopCompositor();
 
-    // Waits for a picture of `area` that satisfies `predicate`; the last picture is saved to `name`.png in the folder
-    // of failures when none does.
+    // Waits until the picture of `area` satisfies `predicate`. On failure, saves the screen as keepFailure() does.
     [[nodiscard]] bool waitForPixels(const std::string& name, const ScreenRect& area,
                                      const std::function<bool(const ScreenImage&)>& predicate,
-                                     std::chrono::milliseconds patience = kPatience);
+                                     std::chrono::milliseconds timeout = kTimeout);
 
-    // Keeps the whole screen as `name`.png in the folder of failures.
+    // Drags the window by the middle of its title bar, by `right` and `down` pixels. Returns whether it has moved there
+    // across; the button stays pressed.
+    [[nodiscard]] bool dragByTitleBar(TestClient& client, int right, int down);
+
+    // Saves the whole screen as `name`.png in the folder of failure pictures.
     void keepFailure(const std::string& name);
 
 private:

@@ -39,10 +39,10 @@ public:
     {
     }
 
-    // Turns the loop until `predicate` holds; false when the patience ends.
-    [[nodiscard]] bool waitUntil(const std::function<bool()>& predicate, std::chrono::milliseconds patience = kPatience)
+    // Turns the loop until `predicate` holds; false after `timeout`.
+    [[nodiscard]] bool waitUntil(const std::function<bool()>& predicate, std::chrono::milliseconds timeout = kTimeout)
     {
-        const Deadline deadline(patience);
+        const Deadline deadline(timeout);
         while (!predicate()) {
             if (deadline.isOver())
                 return false;
@@ -57,7 +57,7 @@ public:
     [[nodiscard]] bool appear(TestClient& client)
     {
         const auto isFocused = [&] { return focusedWindow() == client.window(); };
-        return client.show() && (waitUntil(isFocused, kPatience / 4) || (client.focus() && waitUntil(isFocused)));
+        return client.show() && (waitUntil(isFocused, kTimeout / 4) || (client.focus() && waitUntil(isFocused)));
     }
 
     // Takes in everything that the server has sent for what happened before this call.

@@ -112,7 +112,7 @@ struct NotifierHost::Bus {
 
     bool waitUntil(const std::function<bool()>& predicate) const
     {
-        const Deadline deadline(kPatience);
+        const Deadline deadline(kTimeout);
         while (!predicate()) {
             if (deadline.isOver())
                 return false;

@@ -1,4 +1,4 @@
-// Every pairing of window manager and compositor that the tests use: windows come, get the focus, move and go.
+// Each pairing of window manager and compositor used by the tests: windows are mapped, focused, moved and closed.
 #include "testing/x11/X11Session.h"
 
 #include <ostream>
@@ -63,7 +63,7 @@ TEST_P(DesktopSmoke, a_click_reaches_the_window_under_the_pointer)
     }));
 }
 
-TEST_P(DesktopSmoke, the_window_manager_can_go_and_come_back)
+TEST_P(DesktopSmoke, the_window_manager_can_be_stopped_and_started_again)
 {
     const auto client = session.makeClient();
     ASSERT_TRUE(client->showFocused());

@@ -10,7 +10,7 @@ TEST(ServerSmoke, two_servers_take_different_displays)
     EXPECT_NE(first.display(), second.display());
 }
 
-TEST(ServerSmoke, a_child_process_tells_its_lines_and_its_exit_code)
+TEST(ServerSmoke, a_child_process_reports_its_lines_and_its_exit_code)
 {
     const X11Server server;
     ChildProcess child({{"sh", "-c", "echo ready; echo trouble >&2; exit 3"}, server.environment(), {}, -1});
@@ -19,7 +19,7 @@ TEST(ServerSmoke, a_child_process_tells_its_lines_and_its_exit_code)
     EXPECT_EQ(child.standardError(), "trouble\n");
 }
 
-TEST(ServerSmoke, a_child_process_that_does_not_end_is_ended)
+TEST(ServerSmoke, a_child_process_that_ignores_SIGTERM_is_killed)
 {
     const X11Server server;
     ChildProcess child(
@@ -28,7 +28,7 @@ TEST(ServerSmoke, a_child_process_that_does_not_end_is_ended)
     EXPECT_EQ(child.terminate(std::chrono::milliseconds(50)), 128 + 9);
 }
 
-TEST(ServerSmoke, screens_come_and_go_on_the_dummy_driver)
+TEST(ServerSmoke, screens_are_added_and_removed_on_the_dummy_driver)
 {
     X11Session session(WindowManager::openbox, Compositor::none, {.kind = X11ServerKind::dummy});
     const auto width = [&session] { return session.observer().capture().area().width; };

@@ -148,7 +148,7 @@ TEST_F(X11HotkeysTest, a_held_key_counts_once)
     int repeats = 0;
     const auto subscription = connection->onEvent(XCB_KEY_PRESS, [&](const xcb_generic_event_t&) { ++repeats; });
     input.pressKey('f');
-    const Deadline deadline(kPatience);
+    const Deadline deadline(kTimeout);
     while (repeats < 4 && !deadline.isOver())
         loop.turn(Seconds(0.01));
     EXPECT_GE(repeats, 4);

@@ -47,7 +47,7 @@ protected:
     std::string nextOpened() const
     {
         pollfd readable{m_pipe, POLLIN, 0};
-        if (poll(&readable, 1, static_cast<int>(kPatience.count())) != 1)
+        if (poll(&readable, 1, static_cast<int>(kTimeout.count())) != 1)
             return "nothing";
         std::string text(200, '\0');
         text.resize(static_cast<std::size_t>(std::max<ssize_t>(read(m_pipe, text.data(), text.size()), 0)));

@@ -1,4 +1,4 @@
-// Programs that do not behave: whatever a client does to its windows, the program goes on and finds the next one.
+// Faulty clients: after each fault the program keeps running and highlights the next window.
 #include "x11/program/scenes/Scene.h"
 
 #include <csignal>
@@ -11,8 +11,8 @@ namespace {
 
 class ClientScene : public Scene {
 protected:
-    // The proof of health: another window gets the focus and its border.
-    void expectStillFollowing()
+    // Opens another window and expects its border.
+    void expectNextIsHighlighted()
     {
         ASSERT_TRUE(haloric->process().isRunning()) << log();
         const auto next = openFocused({.title = "next", .content = {900, 500, 500, 300}});
@@ -29,12 +29,12 @@ TEST_P(ClientScene, a_window_without_a_process_id_has_its_border)
     EXPECT_TRUE(waitForBorder(*second)) << log();
 }
 
-TEST_P(ClientScene, a_process_id_that_cannot_be_is_borne)
+TEST_P(ClientScene, an_impossible_process_id_is_tolerated)
 {
     for (const std::uint32_t id : {0U, std::numeric_limits<std::uint32_t>::max()}) {
         const auto client = openFocused({.processId = id});
         startAround(*client);
-        expectStillFollowing();
+        expectNextIsHighlighted();
         haloric.reset();
     }
 }
@@ -50,10 +50,10 @@ TEST_P(ClientScene, broken_properties_are_read_as_absent)
     connection.synchronize();
     ASSERT_TRUE(client->moveTo(client->content().x + 40, client->content().y + 30));
     EXPECT_TRUE(waitForBorder(*client)) << log();
-    expectStillFollowing();
+    expectNextIsHighlighted();
 }
 
-TEST_P(ClientScene, senseless_shadow_widths_are_borne)
+TEST_P(ClientScene, invalid_shadow_widths_are_tolerated)
 {
     const auto client = openFocused();
     startAround(*client);
@@ -63,10 +63,10 @@ TEST_P(ClientScene, senseless_shadow_widths_are_borne)
         client->connection().setValues(client->window(), "_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL, widths);
         client->connection().synchronize();
     }
-    expectStillFollowing();
+    expectNextIsHighlighted();
 }
 
-TEST_P(ClientScene, huge_and_negative_rectangles_are_borne)
+TEST_P(ClientScene, huge_and_negative_rectangles_are_tolerated)
 {
     const auto client = openFocused();
     startAround(*client);
@@ -75,10 +75,10 @@ TEST_P(ClientScene, huge_and_negative_rectangles_are_borne)
         client->requestContent(content);
         session.observer().synchronize();
     }
-    expectStillFollowing();
+    expectNextIsHighlighted();
 }
 
-TEST_P(ClientScene, a_window_larger_than_the_screen_has_the_edges_that_can_be_seen)
+TEST_P(ClientScene, a_window_larger_than_the_screen_has_its_visible_edges)
 {
     const auto client = openFocused({.decoration = TestClient::Decoration::none});
     startAround(*client);
@@ -90,38 +90,38 @@ TEST_P(ClientScene, a_window_larger_than_the_screen_has_the_edges_that_can_be_se
     })) << log();
 }
 
-TEST_P(ClientScene, windows_that_vanish_at_once_are_borne)
+TEST_P(ClientScene, windows_that_are_destroyed_at_once_are_tolerated)
 {
     const auto client = openFocused();
     startAround(*client);
     constexpr int kWindows = 150;
-    TestConnection hasty(session.display());
+    TestConnection other(session.display());
     for (int index = 0; index < kWindows; ++index) {
-        const xcb_window_t window = xcb_generate_id(hasty.raw());
-        xcb_create_window(hasty.raw(), XCB_COPY_FROM_PARENT, window, hasty.root(), 100, 100, 300, 200, 0,
+        const xcb_window_t window = xcb_generate_id(other.raw());
+        xcb_create_window(other.raw(), XCB_COPY_FROM_PARENT, window, other.root(), 100, 100, 300, 200, 0,
                           XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-        xcb_map_window(hasty.raw(), window);
+        xcb_map_window(other.raw(), window);
         if (index % 3 == 0)
-            hasty.synchronize(); // gives the others time to begin with it
+            other.synchronize(); // lets the program and the window manager start to handle it
         if (index % 5 == 0)
-            hasty.sendToRoot(window, "_NET_ACTIVE_WINDOW", {2, XCB_CURRENT_TIME, 0});
-        xcb_destroy_window(hasty.raw(), window);
+            other.sendToRoot(window, "_NET_ACTIVE_WINDOW", {2, XCB_CURRENT_TIME, 0});
+        xcb_destroy_window(other.raw(), window);
     }
-    hasty.synchronize();
-    expectStillFollowing();
+    other.synchronize();
+    expectNextIsHighlighted();
 }
 
-TEST_P(ClientScene, a_client_that_is_cut_off_takes_its_highlight_with_it)
+TEST_P(ClientScene, the_highlight_of_a_disconnected_client_is_removed)
 {
     const ScreenImage empty = settled({0, 0, 1920, 1080});
     auto client = openFocused();
     startAround(*client);
     client.reset(); // closes its connection without destroying the window first
     EXPECT_TRUE(waitForPicture(empty)) << log();
-    expectStillFollowing();
+    expectNextIsHighlighted();
 }
 
-TEST_P(ClientScene, a_client_that_is_stopped_holds_nothing_up)
+TEST_P(ClientScene, a_stopped_client_blocks_nothing)
 {
     const auto client = openFocused({.content = {200, 200, 500, 300}});
     startAround(*client);
@@ -131,12 +131,12 @@ TEST_P(ClientScene, a_client_that_is_stopped_holds_nothing_up)
     ASSERT_EQ(::kill(process, SIGSTOP), 0);
     ASSERT_EQ(::waitpid(process, &status, WUNTRACED), process);
     ASSERT_TRUE(WIFSTOPPED(status));
-    expectStillFollowing();
+    expectNextIsHighlighted();
     ASSERT_TRUE(client->focus());
     EXPECT_TRUE(waitForBorder(*client)) << log();
 }
 
-TEST_P(ClientScene, the_active_window_may_be_none_or_nonsense)
+TEST_P(ClientScene, the_active_window_may_be_none_or_invalid)
 {
     const auto client = openFocused();
     startAround(*client);
@@ -144,7 +144,7 @@ TEST_P(ClientScene, the_active_window_may_be_none_or_nonsense)
         session.observer().setValues(session.observer().root(), "_NET_ACTIVE_WINDOW", XCB_ATOM_WINDOW, {window});
         session.observer().synchronize();
     }
-    expectStillFollowing();
+    expectNextIsHighlighted();
 }
 
 } // namespace

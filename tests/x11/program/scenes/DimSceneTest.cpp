@@ -1,4 +1,4 @@
-// Darkening of everything but the focused window, or of chosen applications.
+// Dimming of everything outside the focused window, or of selected applications.
 #include "x11/program/scenes/Scene.h"
 
 namespace haloric {
@@ -13,18 +13,12 @@ constexpr const char* kDimOther =
 
 class DimScene : public Scene {
 protected:
-    // Waits until the pixel shows `bare` darkened, or as it is.
+    // Waits until the pixel has the colour `bare` dimmed.
     bool waitForDimmed(int x, int y, Pixel bare) { return waitForPixel(x, y, blended(0x000000, bare, kOpacity)); }
-    bool waitForPixel(int x, int y, Pixel color)
-    {
-        return session.waitForPixels(nameOfTest() + "-dim", {x, y, 1, 1}, [&](const ScreenImage& now) {
-            return colorDistance(now.at(x, y), color) <= kTolerance;
-        });
-    }
 };
 INSTANTIATE_TEST_SUITE_P(Desktops, DimScene, testing::Values(kOpenboxPicom, kXfwm4), nameOf);
 
-TEST_P(DimScene, everything_outside_the_focused_window_is_darkened_and_the_window_is_not)
+TEST_P(DimScene, everything_outside_the_focused_window_is_dimmed_and_the_window_is_not)
 {
     const auto other = openFocused({.title = "other", .content = {1100, 300, 500, 400}, .color = 0xF0E0D0});
     const auto client = openFocused();
@@ -49,7 +43,7 @@ TEST_P(DimScene, the_hole_follows_the_focus)
     EXPECT_TRUE(waitForDimmed(600, 450, 0xC0F0C0)) << log();
 }
 
-TEST_P(DimScene, a_focused_window_that_is_kept_above_others_is_spared_and_everything_else_stays_dark)
+TEST_P(DimScene, a_focused_window_that_is_kept_above_others_is_not_dimmed_and_everything_else_is)
 {
     const auto other = openFocused({.title = "other", .content = {1100, 300, 500, 400}, .color = 0xF0E0D0});
     const auto client = openFocused({.content = {300, 250, 600, 400}, .color = 0xC0F0C0});
@@ -60,7 +54,7 @@ TEST_P(DimScene, a_focused_window_that_is_kept_above_others_is_spared_and_everyt
     EXPECT_TRUE(waitForPixel(600, 450, 0xC0F0C0)) << log();
 }
 
-TEST_P(DimScene, only_windows_of_chosen_applications_are_darkened)
+TEST_P(DimScene, only_windows_of_selected_applications_are_dimmed)
 {
     const auto dimmed =
         openFocused({.title = "dimmed", .className = "Dimmed", .content = {1100, 300, 500, 400}, .color = 0xF0E0D0});
@@ -72,7 +66,7 @@ TEST_P(DimScene, only_windows_of_chosen_applications_are_darkened)
     EXPECT_TRUE(waitForPixel(100, 900, X11Session::kDesktopColor)) << log();
 }
 
-TEST_P(DimScene, a_window_of_a_chosen_application_is_spared_while_it_has_the_focus)
+TEST_P(DimScene, a_window_of_a_selected_application_is_not_dimmed_while_it_has_the_focus)
 {
     const auto client = openFocused({.title = "plain"});
     const auto dimmed =
@@ -84,7 +78,7 @@ TEST_P(DimScene, a_window_of_a_chosen_application_is_spared_while_it_has_the_foc
     EXPECT_TRUE(waitForPixel(1300, 500, 0xF0E0D0)) << log();
 }
 
-TEST_P(DimScene, a_window_that_moves_without_the_focus_is_followed)
+TEST_P(DimScene, the_dimming_follows_a_window_that_moves_without_the_focus)
 {
     const auto dimmed =
         openFocused({.title = "dimmed", .className = "Dimmed", .content = {1100, 300, 500, 300}, .color = 0xF0E0D0});
@@ -96,7 +90,7 @@ TEST_P(DimScene, a_window_that_moves_without_the_focus_is_followed)
     EXPECT_TRUE(waitForPixel(1300, 400, X11Session::kDesktopColor)) << log();
 }
 
-TEST_P(DimScene, nothing_stays_dark_without_a_focused_window)
+TEST_P(DimScene, nothing_is_dimmed_without_a_focused_window)
 {
     const ScreenImage empty = settled({0, 0, 1920, 1080});
     const auto client = openFocused();

@@ -1,4 +1,4 @@
-// What stands around the focused window, and that nothing of it stays behind.
+// The highlight of the focused window, and its complete removal.
 #include "x11/program/scenes/Scene.h"
 
 namespace haloric {
@@ -10,7 +10,7 @@ INSTANTIATE_TEST_SUITE_P(Desktops, HighlightScene, testing::Values(kOpenboxPicom
 class GlowScene : public Scene {};
 INSTANTIATE_TEST_SUITE_P(Desktops, GlowScene, testing::Values(kOpenboxPicom, kXfwm4), nameOf);
 
-TEST_P(HighlightScene, the_border_lies_on_each_edge_and_the_inside_is_untouched)
+TEST_P(HighlightScene, the_border_lies_on_each_edge_and_the_inside_is_unchanged)
 {
     const auto client = openFocused();
     const ScreenRect frame = client->visibleFrame();
@@ -24,7 +24,7 @@ TEST_P(HighlightScene, the_border_lies_on_each_edge_and_the_inside_is_untouched)
     EXPECT_EQ(differences(before, after, insideOfBorder), 0);
 }
 
-TEST_P(HighlightScene, the_corners_outside_the_rounded_border_are_untouched)
+TEST_P(HighlightScene, the_corners_outside_the_rounded_border_are_unchanged)
 {
     const auto client = openFocused();
     const ScreenRect frame = client->visibleFrame();
@@ -61,7 +61,7 @@ TEST_P(GlowScene, the_glow_falls_off_outside_and_ends)
     expectFallingOff("bottom", [&](int away) { return strength(middleX, frame.bottom() - 1 + away); });
 }
 
-TEST_P(HighlightScene, it_follows_the_focus_to_another_window_and_leaves_the_first_as_it_was)
+TEST_P(HighlightScene, it_follows_the_focus_to_another_window_and_the_first_is_unchanged)
 {
     const auto first = openFocused({.title = "first", .content = {200, 300, 500, 350}, .color = 0xD0D0A0});
     const auto second = openFocused({.title = "second", .content = {1000, 300, 600, 400}, .color = 0xA0D0D0});
@@ -98,13 +98,13 @@ TEST_P(HighlightScene, it_follows_a_drag_by_the_title_bar_while_the_button_is_do
 {
     const auto client = openFocused();
     startAround(*client);
-    ASSERT_TRUE(dragByTitleBar(*client, 150, 90));
+    ASSERT_TRUE(session.dragByTitleBar(*client, 150, 90));
     EXPECT_TRUE(waitForBorder(*client)) << log();
     session.input().release();
     EXPECT_TRUE(waitForBorder(*client)) << log();
 }
 
-TEST_P(HighlightScene, nothing_is_left_behind_after_the_window_closes)
+TEST_P(HighlightScene, nothing_remains_after_the_window_closes)
 {
     const ScreenImage empty = settled({0, 0, 1920, 1080});
     const auto client = openFocused();
@@ -114,7 +114,7 @@ TEST_P(HighlightScene, nothing_is_left_behind_after_the_window_closes)
     EXPECT_TRUE(haloric->waitForNothing());
 }
 
-TEST_P(HighlightScene, nothing_is_left_behind_after_the_window_is_minimised_and_it_comes_back_with_it)
+TEST_P(HighlightScene, nothing_remains_while_the_window_is_minimised_and_it_returns_with_the_window)
 {
     const ScreenImage empty = settled({0, 0, 1920, 1080});
     const auto client = openFocused();
@@ -126,7 +126,7 @@ TEST_P(HighlightScene, nothing_is_left_behind_after_the_window_is_minimised_and_
     EXPECT_TRUE(waitForBorder(*client)) << log();
 }
 
-TEST_P(HighlightScene, nothing_is_left_behind_after_the_program_ends)
+TEST_P(HighlightScene, nothing_remains_after_the_program_ends)
 {
     const auto client = openFocused();
     const ScreenImage before = settled({0, 0, 1920, 1080});
@@ -135,7 +135,7 @@ TEST_P(HighlightScene, nothing_is_left_behind_after_the_program_ends)
     EXPECT_TRUE(waitForPicture(before));
 }
 
-TEST_P(HighlightScene, a_window_that_fills_the_screen_keeps_its_border_unless_told_otherwise)
+TEST_P(HighlightScene, a_full_screen_window_keeps_its_border_by_default_and_loses_it_by_the_setting)
 {
     const auto client = openFocused();
     startAround(*client);
@@ -157,7 +157,7 @@ TEST_P(HighlightScene, a_window_that_is_kept_above_others_has_its_border_while_i
     const auto client = openFocused({.content = {200, 300, 500, 350}});
     startAround(*client);
     ASSERT_TRUE(client->setState("_NET_WM_STATE_ABOVE", true));
-    ASSERT_TRUE(client->moveTo(250, 350)); // has the focused window looked at again
+    ASSERT_TRUE(client->moveTo(250, 350)); // a move makes the program read the focused window again
     EXPECT_TRUE(waitForBorder(*client)) << log();
     ASSERT_TRUE(other->focus());
     EXPECT_TRUE(waitForBorder(*other)) << log();
@@ -165,7 +165,7 @@ TEST_P(HighlightScene, a_window_that_is_kept_above_others_has_its_border_while_i
     EXPECT_TRUE(waitForBorder(*client)) << log();
 }
 
-TEST_P(HighlightScene, a_pulse_runs_out_when_the_focus_moves)
+TEST_P(HighlightScene, a_pulse_runs_outward_when_the_focus_moves)
 {
     constexpr int kPulseReach = 15; // the ring passes here; the border lies inside the window
     const auto first = openFocused({.title = "first", .content = {200, 300, 500, 350}});

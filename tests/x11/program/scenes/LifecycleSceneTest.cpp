@@ -1,8 +1,8 @@
-// Starting, ending, and the parts of the desktop that go and come back meanwhile.
+// Start, end, and parts of the desktop that stop and start again meanwhile.
+#include "testing/x11/FileContents.h"
 #include "x11/program/scenes/Scene.h"
 
 #include <csignal>
-#include <fstream>
 
 #include <netinet/in.h>
 #include <poll.h>
@@ -12,40 +12,33 @@
 namespace haloric {
 namespace {
 
-ChildProcess::Options plainStart(const std::vector<std::string>& arguments, const Environment& environment)
-{
-    ChildProcess::Options options{{HaloricProcess::program().string()}, environment, {}, -1};
-    options.command.insert(options.command.end(), arguments.begin(), arguments.end());
-    return options;
-}
-
 class LifecycleScene : public Scene {};
 INSTANTIATE_TEST_SUITE_P(Desktops, LifecycleScene, testing::Values(kOpenboxPicom, kXfwm4, kOpenbox), nameOf);
 
 class CompositorScene : public Scene {};
 INSTANTIATE_TEST_SUITE_P(Desktops, CompositorScene, testing::Values(kOpenboxPicom), nameOf);
 
-TEST(ProgramScene, without_a_display_it_says_so_and_exits_with_1)
+TEST(ProgramScene, without_a_display_it_reports_an_error_and_exits_with_1)
 {
-    const X11Server server; // for its environment alone
+    const X11Server server; // only for its environment
     Environment environment = server.environment();
     environment.erase("DISPLAY");
-    ChildProcess program(plainStart({}, environment));
+    ChildProcess program(HaloricProcess::start({}, environment));
     EXPECT_EQ(program.waitForExit(), 1);
     EXPECT_NE(program.standardError().find("DISPLAY"), std::string::npos) << program.standardError();
 }
 
-TEST(ProgramScene, a_display_that_does_not_answer_is_no_display)
+TEST(ProgramScene, a_display_without_a_server_is_an_error)
 {
     const X11Server server;
     Environment environment = server.environment();
     environment["DISPLAY"] = ":987654";
-    ChildProcess program(plainStart({}, environment));
+    ChildProcess program(HaloricProcess::start({}, environment));
     EXPECT_EQ(program.waitForExit(), 1);
     EXPECT_FALSE(program.standardError().empty());
 }
 
-// A display whose server takes connections and never says anything.
+// A display whose server accepts connections and never replies.
 class SilentDisplay {
 public:
     SilentDisplay()
@@ -67,14 +60,14 @@ public:
     SilentDisplay(const SilentDisplay&) = delete;
     SilentDisplay& operator=(const SilentDisplay&) = delete;
 
-    const std::string& name() const { return m_name; } // as for DISPLAY
+    const std::string& name() const { return m_name; } // the value of DISPLAY
 
-    // Waits until a client has introduced itself, and so waits for the answer.
+    // Waits until a client has sent its connection setup, and so waits for the reply.
     [[nodiscard]] bool waitForClient()
     {
         const auto isReadable = [](int descriptor) {
             pollfd readable{descriptor, POLLIN, 0};
-            return poll(&readable, 1, static_cast<int>(kPatience.count())) == 1;
+            return poll(&readable, 1, static_cast<int>(kTimeout.count())) == 1;
         };
         if (!isReadable(m_socket))
             return false;
@@ -83,22 +76,22 @@ public:
     }
 
 private:
-    static constexpr int kFirstPort = 6000; // that of display 0
+    static constexpr int kFirstPort = 6000; // of display 0
 
     std::string m_name;
     int m_socket = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     int m_client = -1;
 };
 
-TEST(ProgramScene, it_can_be_ended_while_the_server_keeps_it_waiting)
+TEST(ProgramScene, it_can_be_ended_while_the_server_does_not_reply)
 {
-    const X11Server server; // for its environment alone
+    const X11Server server; // only for its environment
     for (const int signal : {SIGTERM, SIGINT}) {
         for (const std::vector<std::string>& arguments : {std::vector<std::string>{}, {"--diagnostics"}}) {
             SilentDisplay display;
             Environment environment = server.environment();
             environment["DISPLAY"] = display.name();
-            ChildProcess program(plainStart(arguments, environment));
+            ChildProcess program(HaloricProcess::start(arguments, environment));
             ASSERT_TRUE(display.waitForClient()) << program.standardError();
             program.signal(signal);
             EXPECT_EQ(program.waitForExit(), 128 + signal);
@@ -112,16 +105,16 @@ TEST(ProgramScene, help_and_version_need_no_display)
     Environment environment = server.environment();
     environment.erase("DISPLAY");
     for (const char* option : {"--help", "--version"}) {
-        ChildProcess program(plainStart({option}, environment));
+        ChildProcess program(HaloricProcess::start({option}, environment));
         EXPECT_EQ(program.waitForExit(), 0) << option;
         EXPECT_FALSE(program.standardOutput().empty()) << option;
     }
 }
 
-TEST(ProgramScene, a_wrong_option_is_refused)
+TEST(ProgramScene, an_unknown_option_is_rejected)
 {
     const X11Server server;
-    ChildProcess program(plainStart({"--no-such-option"}, server.environment()));
+    ChildProcess program(HaloricProcess::start({"--no-such-option"}, server.environment()));
     EXPECT_EQ(program.waitForExit(), 2);
     EXPECT_NE(program.standardError().find("--no-such-option"), std::string::npos);
 }
@@ -129,7 +122,7 @@ TEST(ProgramScene, a_wrong_option_is_refused)
 TEST(ProgramScene, diagnostics_name_the_window_manager)
 {
     X11Session session(WindowManager::openbox, Compositor::picom);
-    ChildProcess program(plainStart({"--diagnostics"}, session.environment()));
+    ChildProcess program(HaloricProcess::start({"--diagnostics"}, session.environment()));
     EXPECT_EQ(program.waitForExit(), 0) << program.standardError();
     EXPECT_NE(program.standardOutput().find("Openbox"), std::string::npos) << program.standardOutput();
 }
@@ -145,7 +138,7 @@ TEST_P(LifecycleScene, it_ends_cleanly_on_either_signal)
     }
 }
 
-TEST_P(LifecycleScene, it_ends_with_1_when_the_server_goes_away)
+TEST_P(LifecycleScene, it_exits_with_1_when_the_x_server_ends)
 {
     const auto client = openFocused();
     startAround(*client);
@@ -164,7 +157,7 @@ TEST_P(LifecycleScene, the_highlight_returns_with_the_window_manager)
     EXPECT_TRUE(waitForBorder(*client)) << log();
 }
 
-TEST(ProgramScene, it_waits_for_a_window_manager_that_comes_later)
+TEST(ProgramScene, it_waits_for_a_window_manager_that_starts_later)
 {
     X11Session session(WindowManager::openbox);
     session.stopWindowManager();
@@ -175,20 +168,20 @@ TEST(ProgramScene, it_waits_for_a_window_manager_that_comes_later)
     EXPECT_TRUE(haloric.waitForHighlight(client->visibleFrame()).has_value()) << haloric.process().standardError();
 }
 
-TEST(ProgramScene, it_says_that_a_window_manager_is_missing_until_one_comes)
+TEST(ProgramScene, it_shows_that_a_window_manager_is_missing_until_one_starts)
 {
     X11Session session(WindowManager::openbox);
     session.stopWindowManager();
     HaloricProcess haloric(session, kStill);
-    const auto isSaid = [&] {
+    const auto isShown = [&] {
         const auto children = session.observer().rootChildren();
         return std::any_of(children.begin(), children.end(), [&](const RootChild& child) {
             return child.isMapped && session.observer().text(child.window, "WM_NAME") == "Haloric";
         });
     };
-    ASSERT_TRUE(session.observer().waitUntil(isSaid)) << haloric.process().standardError();
+    ASSERT_TRUE(session.observer().waitUntil(isShown)) << haloric.process().standardError();
     session.startWindowManager();
-    ASSERT_TRUE(session.observer().waitUntil([&] { return !isSaid(); }));
+    ASSERT_TRUE(session.observer().waitUntil([&] { return !isShown(); }));
     const auto client = session.makeClient();
     ASSERT_TRUE(client->showFocused());
     EXPECT_TRUE(haloric.waitForHighlight(client->visibleFrame()).has_value()) << haloric.process().standardError();
@@ -217,14 +210,12 @@ TEST_P(CompositorScene, without_the_compositor_an_opaque_ring_remains_and_the_gl
     })) << log();
 }
 
-TEST_P(LifecycleScene, an_unreadable_record_gives_the_defaults_and_stays_as_it_is)
+TEST_P(LifecycleScene, an_invalid_record_gives_the_defaults_and_is_not_overwritten)
 {
     const auto client = openFocused();
     const std::string broken = R"({"borderEnabled": 1, "pulseEnabled": false})";
     startAround(*client, broken);
-    std::ifstream file(HaloricProcess::settingsFile(session.environment()));
-    const std::string kept((std::istreambuf_iterator<char>(file)), {});
-    EXPECT_EQ(kept, broken);
+    EXPECT_EQ(contentsOf(HaloricProcess::settingsFile(session.environment())), broken);
 }
 
 } // namespace

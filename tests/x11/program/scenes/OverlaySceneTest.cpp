@@ -1,4 +1,4 @@
-// How the program's own windows behave among the others.
+// The program's overlays among the windows of the desktop: input, focus and stacking order.
 #include "x11/program/scenes/Scene.h"
 
 #include <algorithm>
@@ -24,7 +24,7 @@ protected:
                                      [&](const ScreenImage& now) { return now.at(x, y) == color; });
     }
 
-    // Waits until each of the program's windows stands below `client`.
+    // Waits until all of the program's windows are below `client`.
     bool waitUntilBelow(TestClient& client)
     {
         return session.observer().waitUntil([&] {
@@ -57,7 +57,7 @@ TEST_P(OverlayScene, a_click_on_the_glow_or_the_dimming_reaches_the_window_below
     EXPECT_TRUE(waitForClick(*below)) << log();
 }
 
-TEST_P(OverlayScene, its_windows_are_in_no_list_and_never_get_the_focus)
+TEST_P(OverlayScene, its_windows_are_not_listed_and_never_get_the_focus)
 {
     const auto client = openFocused();
     startAround(*client, kDimmed);
@@ -73,7 +73,7 @@ TEST_P(OverlayScene, its_windows_are_in_no_list_and_never_get_the_focus)
         EXPECT_NE(session.observer().focusedWindow(), overlay.window);
 }
 
-TEST_P(OverlayScene, it_stands_above_the_focused_window_also_after_that_is_raised)
+TEST_P(OverlayScene, it_is_above_the_focused_window_also_after_that_is_raised)
 {
     const auto first = openFocused({.title = "first", .content = {300, 250, 600, 400}});
     const auto second = openFocused({.title = "second", .content = {500, 350, 600, 400}});
@@ -84,7 +84,7 @@ TEST_P(OverlayScene, it_stands_above_the_focused_window_also_after_that_is_raise
     EXPECT_TRUE(waitForBorder(*second)) << log();
 }
 
-TEST_P(OverlayScene, a_panel_stands_above_it)
+TEST_P(OverlayScene, a_panel_is_above_it)
 {
     const auto client = openFocused({.content = {300, 250, 600, 400}});
     startAround(*client, kDimmed);
@@ -92,12 +92,12 @@ TEST_P(OverlayScene, a_panel_stands_above_it)
         {.title = "panel", .content = {0, 400, 1920, 40}, .color = 0x303030, .type = "_NET_WM_WINDOW_TYPE_DOCK"});
     ASSERT_TRUE(panel->show());
     EXPECT_TRUE(waitUntilBelow(*panel)) << log();
-    panel->repaint(); // xfwm4's compositor does not paint anew for a change of stacking alone
+    panel->repaint(); // xfwm4's compositor does not repaint after a mere change of the stacking order
     EXPECT_TRUE(waitForColor(client->visibleFrame().x + 1, 420, 0x303030)) << log();
     EXPECT_TRUE(waitForColor(1700, 420, 0x303030)) << log();
 }
 
-TEST_P(OverlayScene, a_menu_stands_above_it)
+TEST_P(OverlayScene, a_menu_is_above_it)
 {
     const auto client = openFocused();
     startAround(*client, kDimmed);

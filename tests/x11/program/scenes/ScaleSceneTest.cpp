@@ -1,4 +1,4 @@
-// Desktops with a scale: the border is that much wider, and its edge is the window's, to the pixel.
+// Scaled desktops: the border's width is scaled, and its outer edge is exactly the window's edge.
 #include "x11/program/scenes/Scene.h"
 
 #include <algorithm>
@@ -8,7 +8,7 @@
 namespace haloric {
 namespace {
 
-// At 120 dpi, the window of the highlight begins half a pixel off the grid with this glow: 47.5 before the frame.
+// At 120 dpi (scale 1.25) with this glow, the highlight's window would begin 47.5 pixels before the frame.
 constexpr const char* kOffTheGrid = R"({"pulseEnabled": false, "glowRadius": 17})";
 
 class ScaleScene : public Scene {
@@ -21,8 +21,8 @@ protected:
         session.observer().synchronize();
     }
 
-    // Waits until the outermost rows of pixels at each edge of the window are `whole` ones of the border's colour, and
-    // the border ends after `all`.
+    // Waits until the outermost `whole` rows of pixels at each edge have the border's colour, and the row at depth
+    // `all` has it at none.
     bool waitForRows(TestClient& client, int whole, int all)
     {
         return session.waitForPixels(nameOfTest() + "-rows", {0, 0, 1920, 1080}, [&](const ScreenImage& now) {
@@ -38,7 +38,7 @@ protected:
 private:
     static constexpr int kEdges = 4;
 
-    // On how many edges the row at that depth is of the border's colour.
+    // The number of edges whose row at that depth has the border's colour.
     static int accents(const ScreenImage& image, const ScreenRect& frame, int depth)
     {
         const int middleX = frame.x + frame.width / 2;
@@ -62,22 +62,22 @@ TEST_P(ScaleScene, at_twice_the_scale_the_border_is_twice_as_wide)
     EXPECT_TRUE(waitForRows(*client, 6, 6)) << log();
 }
 
-TEST_P(ScaleScene, at_a_broken_scale_the_border_lies_on_the_edges)
+TEST_P(ScaleScene, at_a_fractional_scale_the_border_lies_on_the_edges)
 {
     setTextResolution(120);
     const auto client = openFocused();
     startAround(*client, kOffTheGrid);
-    EXPECT_TRUE(waitForRows(*client, 3, 4)) << log(); // 3.75 wide
+    EXPECT_TRUE(waitForRows(*client, 3, 4)) << log(); // 3.75 pixels wide
     ASSERT_TRUE(client->setContent({411, 277, 603, 401}));
     EXPECT_TRUE(waitForRows(*client, 3, 4)) << log();
 }
 
-TEST_P(ScaleScene, at_a_broken_scale_the_border_stays_on_the_edges_while_the_window_is_dragged)
+TEST_P(ScaleScene, at_a_fractional_scale_the_border_stays_on_the_edges_while_the_window_is_dragged)
 {
     setTextResolution(120);
     const auto client = openFocused();
     startAround(*client, kOffTheGrid);
-    ASSERT_TRUE(dragByTitleBar(*client, 151, 90));
+    ASSERT_TRUE(session.dragByTitleBar(*client, 151, 90));
     EXPECT_TRUE(waitForRows(*client, 3, 4)) << log();
     session.input().release();
     EXPECT_TRUE(waitForRows(*client, 3, 4)) << log();

@@ -15,11 +15,6 @@ std::string nameOfTest()
 
 void PrintTo(const Pairing& pairing, std::ostream* out) { *out << pairing.name; }
 
-ScreenRect grown(const ScreenRect& rect, int by)
-{
-    return {rect.x - by, rect.y - by, rect.width + 2 * by, rect.height + 2 * by};
-}
-
 bool hasBorder(const ScreenImage& image, const ScreenRect& frame, Pixel color)
 {
     const int middleX = frame.x + frame.width / 2;
@@ -58,14 +53,14 @@ std::unique_ptr<TestClient> Scene::openFocused(TestClient::Options options)
 void Scene::startAround(TestClient& client, const std::string& settings)
 {
     haloric = std::make_unique<HaloricProcess>(session, settings);
-    // The window as well as its picture: the screen may still show what an earlier program drew.
+    // Waits for the window as well: the screen may still show the border of an earlier process.
     ASSERT_TRUE(haloric->waitForHighlight(client.visibleFrame()).has_value()) << log();
     ASSERT_TRUE(waitForBorder(client)) << log();
 }
 
 bool Scene::waitForBorder(TestClient& client)
 {
-    // The frame may still be on its way to where the window manager wants it.
+    // The window manager may still move the frame, so each turn reads it again.
     const bool isThere = session.observer().waitUntil([&] {
         const ScreenRect frame = client.visibleFrame();
         return hasBorder(session.observer().capture(frame), frame);
@@ -75,22 +70,17 @@ bool Scene::waitForBorder(TestClient& client)
     return isThere;
 }
 
-bool Scene::dragByTitleBar(TestClient& client, int right, int down)
+bool Scene::waitForPixel(int x, int y, Pixel color)
 {
-    constexpr int kSteps = 30;
-    const ScreenRect frame = client.visibleFrame();
-    const ScreenRect content = client.content();
-    const int x = frame.x + frame.width / 2;
-    const int y = (frame.y + content.y) / 2;
-    session.input().moveTo(x, y);
-    session.input().press();
-    for (int step = 1; step <= kSteps; ++step)
-        session.input().moveTo(x + right * step / kSteps, y + down * step / kSteps);
-    // A hand is never quite still; motion from before the window manager had begun the drag does not count for it.
-    return session.observer().waitUntil([&] {
-        session.input().moveTo(x + right - 1, y + down);
-        session.input().moveTo(x + right, y + down);
-        return client.content().x == content.x + right;
+    return session.waitForPixels(nameOfTest() + "-pixel", {x, y, 1, 1}, [&](const ScreenImage& now) {
+        return colorDistance(now.at(x, y), color) <= kTolerance;
+    });
+}
+
+bool Scene::waitForOtherPixel(int x, int y, Pixel color)
+{
+    return session.waitForPixels(nameOfTest() + "-pixel", {x, y, 1, 1}, [&](const ScreenImage& now) {
+        return colorDistance(now.at(x, y), color) > kTolerance;
     });
 }
 

@@ -1,4 +1,4 @@
-// Screens that come and go under the running program.
+// Screens that are added and removed while the program runs.
 #include "x11/program/scenes/Scene.h"
 
 namespace haloric {
@@ -34,7 +34,7 @@ protected:
         });
     }
 
-    // The left edge alone: the window manager may leave the rest of the window beyond the screen.
+    // Only the left edge: the window manager may leave the rest of the window outside the screen.
     bool waitForLeftBorder()
     {
         return session.observer().waitUntil([&] {
@@ -45,7 +45,7 @@ protected:
     }
 };
 
-TEST_F(ScreenScene, a_screen_that_comes_is_dimmed_and_one_that_goes_takes_its_dimming_with_it)
+TEST_F(ScreenScene, an_added_screen_is_dimmed_and_the_dimming_of_a_removed_one_ends)
 {
     HaloricProcess haloric(session, kDimAll);
     const auto log = [&haloric] { return haloric.process().standardError(); };
@@ -61,7 +61,7 @@ TEST_F(ScreenScene, a_screen_that_comes_is_dimmed_and_one_that_goes_takes_its_di
     EXPECT_EQ(haloric.stop(), 0) << log();
 }
 
-TEST_F(ScreenScene, the_focused_window_is_followed_onto_another_screen_and_back_when_that_goes)
+TEST_F(ScreenScene, the_highlight_follows_the_window_to_another_screen_and_back_when_that_is_removed)
 {
     ASSERT_TRUE(plugIn());
     HaloricProcess haloric(session, kStill);

@@ -1,10 +1,10 @@
-// The program started while it runs already, and what it can be told from a command line.
+// Starts of the program while an instance runs, and the commands of its command line.
+#include "testing/x11/FileContents.h"
 #include "testing/x11/ProgramShell.h"
 #include "x11/program/scenes/Scene.h"
 
 #include <algorithm>
 #include <csignal>
-#include <fstream>
 
 namespace haloric {
 namespace {
@@ -20,28 +20,23 @@ struct SecondStartScene : testing::Test {
 
     static Outcome start(const std::vector<std::string>& arguments, const Environment& environment)
     {
-        ChildProcess::Options options{{HaloricProcess::program().string()}, environment, {}, -1};
-        options.command.insert(options.command.end(), arguments.begin(), arguments.end());
-        ChildProcess program(options);
+        ChildProcess program(HaloricProcess::start(arguments, environment));
         const auto exitCode = program.waitForExit();
         return {exitCode, program.standardOutput(), program.standardError()};
     }
     Outcome start(const std::vector<std::string>& arguments) { return start(arguments, session.environment()); }
 
-    std::string stored()
-    {
-        std::ifstream file(HaloricProcess::settingsFile(session.environment()));
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    // Around a focused window; returns once the program is at work.
+    std::string stored() { return contentsOf(HaloricProcess::settingsFile(session.environment())); }
+
+    // Opens a window, focuses it and waits for its highlight.
     std::unique_ptr<TestClient> client;
-    void awaitWork(HaloricProcess& haloric)
+    void awaitHighlight(HaloricProcess& haloric)
     {
         client = session.makeClient();
         ASSERT_TRUE(client->showFocused());
         ASSERT_TRUE(haloric.waitForHighlight(client->visibleFrame())) << haloric.process().standardError();
     }
-    // The same for a program that opens its settings: no other window may have the focus then.
+    // Waits for the settings window and its highlight; no other window may get the focus meanwhile.
     void awaitSettings(HaloricProcess& haloric)
     {
         DesktopObserver& observer = session.observer();
@@ -53,10 +48,10 @@ struct SecondStartScene : testing::Test {
     }
 };
 
-TEST_F(SecondStartScene, a_second_start_leaves_the_work_to_the_first)
+TEST_F(SecondStartScene, a_second_start_exits_and_the_first_keeps_running)
 {
     HaloricProcess first(session, kStill);
-    awaitWork(first);
+    awaitHighlight(first);
     for (const std::vector<std::string>& arguments : {std::vector<std::string>{}, {"--settings"}}) {
         const auto second = start(arguments);
         EXPECT_EQ(second.exitCode, 0) << second.errors;
@@ -79,39 +74,39 @@ TEST_F(SecondStartScene, of_several_starts_at_once_one_runs)
         if (!each->process().isRunning()) {
             EXPECT_EQ(each->process().waitForExit(), 0) << each->process().standardError();
         } else {
-            awaitSettings(*each); // that is what the others asked of it
+            awaitSettings(*each); // the other starts requested them
         }
     }
     EXPECT_EQ(running(), 1);
 }
 
-TEST_F(SecondStartScene, a_killed_program_is_no_obstacle)
+TEST_F(SecondStartScene, a_killed_program_does_not_block_the_next_start)
 {
     {
         HaloricProcess killed(session, kStill);
-        awaitWork(killed);
+        awaitHighlight(killed);
         killed.process().signal(SIGKILL);
         ASSERT_EQ(killed.process().waitForExit(), 128 + SIGKILL);
     }
     EXPECT_EQ(start({"--quit"}).exitCode, 3);
     HaloricProcess next(session, kStill);
-    awaitWork(next);
+    awaitHighlight(next);
 }
 
-TEST_F(SecondStartScene, it_quits_when_told_and_has_gone_when_that_returns)
+TEST_F(SecondStartScene, quit_ends_the_program_before_it_returns)
 {
     HaloricProcess first(session, kStill);
-    awaitWork(first);
+    awaitHighlight(first);
     const auto quit = start({"--quit"});
     EXPECT_EQ(quit.exitCode, 0) << quit.errors;
     EXPECT_EQ(first.process().waitForExit(), 0);
     EXPECT_TRUE(first.waitForNothing());
 }
 
-TEST_F(SecondStartScene, toggling_the_border_and_the_glow_takes_the_highlight_away_and_brings_it_back)
+TEST_F(SecondStartScene, toggle_removes_the_border_and_brings_it_back)
 {
     HaloricProcess first(session, R"({"pulseEnabled": false, "glowEnabled": false})");
-    awaitWork(first);
+    awaitHighlight(first);
     const auto off = start({"--toggle", "border"});
     EXPECT_EQ(off.exitCode, 0) << off.errors;
     EXPECT_EQ(off.output, "border is off\n");
@@ -122,7 +117,7 @@ TEST_F(SecondStartScene, toggling_the_border_and_the_glow_takes_the_highlight_aw
     EXPECT_TRUE(session.observer().waitUntil([&] { return hasBorder(session.observer().capture(frame), frame); }));
 }
 
-TEST_F(SecondStartScene, without_a_running_program_commands_say_so_and_exit_with_3)
+TEST_F(SecondStartScene, without_a_running_program_commands_report_an_error_and_exit_with_3)
 {
     for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--quit"}, {"--toggle", "glow"}}) {
         const auto command = start(arguments);
@@ -132,11 +127,11 @@ TEST_F(SecondStartScene, without_a_running_program_commands_say_so_and_exit_with
     EXPECT_EQ(start({"--toggle", "sound"}).exitCode, 2);
 }
 
-TEST_F(SecondStartScene, the_settings_in_force_are_printed_alike_with_and_without_a_running_program)
+TEST_F(SecondStartScene, print_settings_gives_the_same_output_with_and_without_a_running_program)
 {
     for (const std::string record : {R"({"borderWidth": 5.5, "dimApps": ["a"]})", R"({"borderWidth": "wide"})"}) {
         std::optional<HaloricProcess> first(std::in_place, session, record);
-        awaitWork(*first);
+        awaitHighlight(*first);
         const auto running = start({"--print-settings"});
         EXPECT_EQ(running.exitCode, 0) << running.errors;
         EXPECT_EQ(first->stop(), 0);
@@ -150,7 +145,7 @@ TEST_F(SecondStartScene, the_settings_in_force_are_printed_alike_with_and_withou
     }
 }
 
-TEST_F(SecondStartScene, the_settings_are_printed_without_a_display)
+TEST_F(SecondStartScene, print_settings_needs_no_display)
 {
     auto environment = session.environment();
     environment.erase("DISPLAY");
@@ -160,7 +155,7 @@ TEST_F(SecondStartScene, the_settings_are_printed_without_a_display)
     EXPECT_EQ(start({"--quit"}, environment).exitCode, 3);
 }
 
-TEST_F(SecondStartScene, settings_without_a_running_program_start_it)
+TEST_F(SecondStartScene, settings_starts_the_program_if_none_is_running)
 {
     HaloricProcess first(session, kStill, {"--settings"});
     awaitSettings(first);
@@ -168,13 +163,13 @@ TEST_F(SecondStartScene, settings_without_a_running_program_start_it)
     EXPECT_EQ(first.process().waitForExit(), 0);
 }
 
-TEST_F(SecondStartScene, a_display_has_an_instance_of_its_own)
+TEST_F(SecondStartScene, each_display_has_its_own_instance)
 {
     X11Session other(WindowManager::openbox);
     auto environment = other.environment();
     environment["XDG_RUNTIME_DIR"] = session.environment().at("XDG_RUNTIME_DIR"); // as for one user's two displays
     HaloricProcess first(session, kStill);
-    awaitWork(first);
+    awaitHighlight(first);
     EXPECT_EQ(start({"--quit"}, environment).exitCode, 3);
     EXPECT_TRUE(first.process().isRunning());
 }

@@ -1,4 +1,4 @@
-// The hotkey that opens the settings from anywhere, on the keyboard of the whole desktop.
+// The global hotkey that opens the settings.
 #include "testing/x11/Key.h"
 #include "x11/program/shell/SettingsForm.h"
 
@@ -13,13 +13,7 @@ class HotkeyShell : public SettingsForm {
 protected:
     void pressHotkey() { session.input().chord({Key::kControl, Key::kAlt, Key::kSuper, 'f'}); }
 
-    void closeSettings()
-    {
-        session.input().chord({Key::kControl, 'w'});
-        ASSERT_TRUE(session.observer().waitUntil([this] { return shell->window() == XCB_WINDOW_NONE; }));
-    }
-
-    // Takes the combination for another program, if nobody has it.
+    // Grabs the combination for another program. False if it is grabbed already.
     bool grab()
     {
         xcb_connection_t* raw = other.raw();
@@ -34,7 +28,7 @@ protected:
         other.synchronize();
     }
 
-    // Asks for the combination only once the program has it: it would not try again.
+    // Checks the grab only after the program is idle: a grab by the check would make the program's own fail for good.
     void waitUntilOn()
     {
         ASSERT_TRUE(waitForStored([](const Settings& now) { return now.hotkeyEnabled; }));
@@ -42,37 +36,37 @@ protected:
         EXPECT_FALSE(isFree());
     }
 
-    // Whether the combination can be had by another program.
+    // Whether another program can grab the combination.
     bool isFree()
     {
-        const bool isMine = grab();
-        if (isMine)
+        const bool isGrabbed = grab();
+        if (isGrabbed)
             release();
-        return isMine;
+        return isGrabbed;
     }
 
     TestConnection other{session.display()};
 };
 INSTANTIATE_TEST_SUITE_P(Desktops, HotkeyShell, testing::Values(kOpenboxPicom), nameOf);
 
-TEST_P(HotkeyShell, it_opens_the_settings_whatever_locks_are_on)
+TEST_P(HotkeyShell, it_opens_the_settings_with_any_lock_on)
 {
     startInTray(kOn);
-    for (const std::uint32_t lock : {0U, Key::kNumLock, Key::kCapsLock}) { // each stays on
+    for (const std::uint32_t lock : {0U, Key::kNumLock, Key::kCapsLock}) { // each lock stays on
         if (lock != 0)
             press(lock);
         pressHotkey();
         ASSERT_TRUE(shell->waitUntilActive()) << lock;
-        closeSettings();
+        ASSERT_TRUE(shell->closeSettings());
         ASSERT_TRUE(client->focus());
     }
 }
 
-TEST_P(HotkeyShell, it_is_taken_and_given_back_as_the_settings_window_says)
+TEST_P(HotkeyShell, the_settings_window_grabs_and_releases_it)
 {
     ASSERT_TRUE(isFree());
     open();
-    EXPECT_TRUE(isFree()) << "it is off at first";
+    EXPECT_TRUE(isFree()) << "it is off by default";
     goTo("hotkeyEnabled");
     press(Key::kSpace);
     waitUntilOn();
@@ -87,12 +81,12 @@ TEST_P(HotkeyShell, switched_on_in_the_window_it_opens_that_window_again)
     goTo("hotkeyEnabled");
     press(Key::kSpace);
     waitUntilOn();
-    closeSettings();
+    ASSERT_TRUE(shell->closeSettings());
     pressHotkey();
     EXPECT_TRUE(shell->waitUntilActive());
 }
 
-TEST_P(HotkeyShell, taken_by_another_program_it_silently_does_nothing)
+TEST_P(HotkeyShell, grabbed_by_another_program_it_does_nothing_and_reports_nothing)
 {
     int presses = 0;
     other.onEvent = [&](const xcb_generic_event_t& event) { presses += event.response_type == XCB_KEY_PRESS ? 1 : 0; };

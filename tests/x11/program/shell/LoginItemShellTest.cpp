@@ -1,10 +1,10 @@
-// Starting at login, as the settings window switches it.
+// The login item, switched in the settings window.
 #include "settings/SettingsCodec.h"
+#include "testing/x11/FileContents.h"
 #include "testing/x11/Key.h"
 #include "x11/program/shell/SettingsForm.h"
 
 #include <fstream>
-#include <iterator>
 
 namespace haloric {
 namespace {
@@ -16,15 +16,11 @@ protected:
         return std::filesystem::path(session.environment().at("XDG_CONFIG_HOME")) / "autostart" /
                "com.kestrow.haloric.desktop";
     }
-    bool isThere() { return std::filesystem::exists(entry()); }
+    bool exists() { return std::filesystem::exists(entry()); }
 
-    std::string text()
-    {
-        std::ifstream file(entry());
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    std::string text() { return contentsOf(entry()); }
 
-    // What a desktop leaves of an entry that its user has switched off.
+    // Writes an entry with the line by which a desktop switches it off or on.
     void writeEntry(const std::string& mark)
     {
         std::filesystem::create_directories(entry().parent_path());
@@ -38,43 +34,43 @@ protected:
 };
 INSTANTIATE_TEST_SUITE_P(Desktops, LoginItemShell, testing::Values(kOpenboxPicom), nameOf);
 
-TEST_P(LoginItemShell, the_switch_makes_the_entry_and_takes_it_away)
+TEST_P(LoginItemShell, the_toggle_writes_the_entry_and_removes_it)
 {
     install();
     open();
-    ASSERT_FALSE(isThere());
+    ASSERT_FALSE(exists());
     goTo("launchAtLogin");
     press(Key::kSpace);
-    EXPECT_TRUE(waitFor([this] { return isThere(); }));
+    EXPECT_TRUE(waitFor([this] { return exists(); }));
     EXPECT_THAT(text(), testing::HasSubstr("\nExec=\"" + bundle->program().string() + "\"\n"));
     press(Key::kSpace);
-    EXPECT_TRUE(waitFor([this] { return !isThere(); }));
-    EXPECT_EQ(stored(), SettingsCodec::decode(kStill)); // it is no setting of the record
+    EXPECT_TRUE(waitFor([this] { return !exists(); }));
+    EXPECT_EQ(stored(), SettingsCodec::decode(kStill)); // the record does not contain it
 }
 
-TEST_P(LoginItemShell, what_the_desktop_has_switched_off_shows_as_off_and_can_be_switched_on_again)
+TEST_P(LoginItemShell, an_entry_that_the_desktop_switched_off_shows_as_off_and_can_be_switched_on)
 {
     install();
     for (const std::string mark : {"Hidden=true", "X-GNOME-Autostart-enabled=false"}) {
         writeEntry(mark);
         open();
         goTo("launchAtLogin");
-        press(Key::kSpace); // were it shown as on, this would take the entry away
-        EXPECT_TRUE(waitFor([&] { return isThere() && text().find(mark) == std::string::npos; })) << mark;
+        press(Key::kSpace); // shown as on, it would remove the entry
+        EXPECT_TRUE(waitFor([&] { return exists() && text().find(mark) == std::string::npos; })) << mark;
         press(Key::kSpace);
-        EXPECT_TRUE(waitFor([this] { return !isThere(); })) << mark;
+        EXPECT_TRUE(waitFor([this] { return !exists(); })) << mark;
         EXPECT_EQ(haloric->stop(), 0);
     }
 }
 
-TEST_P(LoginItemShell, an_entry_that_is_in_force_shows_as_on)
+TEST_P(LoginItemShell, an_entry_that_is_switched_on_shows_as_on)
 {
     install();
     writeEntry("X-GNOME-Autostart-enabled=true");
     open();
     goTo("launchAtLogin");
     press(Key::kSpace);
-    EXPECT_TRUE(waitFor([this] { return !isThere(); }));
+    EXPECT_TRUE(waitFor([this] { return !exists(); }));
 }
 
 } // namespace

@@ -10,7 +10,7 @@ protected:
     void SetUp() override
     {
         startInTray();
-        // What the screen shows then is newer than the title bar that the window manager has painted.
+        // The window manager has painted the title bar by then.
         ASSERT_TRUE(waitForBorder(*client)) << log();
     }
 
@@ -19,7 +19,7 @@ protected:
 };
 INSTANTIATE_TEST_SUITE_P(Desktops, MenuShell, testing::Values(kOpenboxPicom), nameOf);
 
-TEST_P(MenuShell, border_and_glow_go_and_come_back)
+TEST_P(MenuShell, border_and_glow_are_turned_off_and_on)
 {
     const int borderY = frame().bottom() - 2;
     const int glowY = frame().bottom() + 2;
@@ -67,7 +67,7 @@ TEST_P(MenuShell, the_highlighted_window_keeps_the_focus_while_the_menu_is_open)
     EXPECT_EQ(session.observer().activeWindow(), client->window());
 }
 
-TEST_P(MenuShell, the_last_item_ends_the_program_and_nothing_of_it_stays)
+TEST_P(MenuShell, the_last_item_ends_the_program_and_nothing_remains)
 {
     const auto menu = shell->openMenu();
     ASSERT_TRUE(menu);

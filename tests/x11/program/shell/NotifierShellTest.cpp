@@ -1,4 +1,4 @@
-// The same menu in a tray of the newer kind, where the panel shows it.
+// The menu in a StatusNotifier tray, where the panel shows it.
 #include "x11/program/shell/Shell.h"
 #include "x11/qt/NotifierHost.h"
 
@@ -12,7 +12,7 @@ protected:
         client = openFocused({.content = {700, 600, 500, 300}});
         haloric = std::make_unique<HaloricProcess>(session, kStill, std::vector<std::string>{},
                                                    Environment{{"DBUS_SESSION_BUS_ADDRESS", tray.address()}});
-        ASSERT_TRUE(tray.waitForItem()) << log(); // the tray answers the program from within this
+        ASSERT_TRUE(tray.waitForItem()) << log(); // the tray replies to the program only within this call
         ASSERT_TRUE(waitForBorder(*client)) << log();
         shell.emplace(session, panel, *haloric);
     }
@@ -21,7 +21,7 @@ protected:
 };
 INSTANTIATE_TEST_SUITE_P(Desktops, NotifierShell, testing::Values(kOpenboxPicom), nameOf);
 
-TEST_P(NotifierShell, an_effect_is_turned_off_and_its_mark_goes)
+TEST_P(NotifierShell, an_effect_is_turned_off_and_its_check_mark_is_removed)
 {
     ASSERT_TRUE(tray.waitForItem("Border", [](const auto& item) { return item.isOn; }));
     tray.click("Border");
@@ -31,7 +31,7 @@ TEST_P(NotifierShell, an_effect_is_turned_off_and_its_mark_goes)
     EXPECT_TRUE(waitForOtherPixel(frame.x + frame.width / 2, frame.bottom() - 2, kAccent));
 }
 
-TEST_P(NotifierShell, a_preset_settings_and_the_end_are_chosen)
+TEST_P(NotifierShell, a_preset_the_settings_and_quit_are_activated)
 {
     tray.click("Green");
     EXPECT_TRUE(waitForStored([](const Settings& now) { return pixelOf(now.accent) == 0x29CC40; }));

@@ -56,13 +56,13 @@ void SettingsForm::goTo(const std::string& name)
     m_current = name;
 }
 
-bool SettingsForm::chooseColor(const std::string& title)
+bool SettingsForm::chooseInDialog(const std::string& title)
 {
     press(Key::kSpace);
     if (!shell->waitUntilActive(title))
         return false;
     const ScreenRect dialog = shell->content(title);
-    session.input().clickAt(dialog.x + 30, dialog.y + 50); // among the basic colours
+    session.input().clickAt(dialog.x + 30, dialog.y + 50); // one of the basic colours
     return true;
 }
 

@@ -1,4 +1,4 @@
-// The settings window by the keyboard: which control the tabulator reaches when, and what has been stored after a key.
+// The fixture of the tests of the settings window: moves the keyboard focus through its controls.
 #pragma once
 
 #include "x11/program/shell/Shell.h"
@@ -11,7 +11,7 @@ struct Spot {
     int y = 0;
 };
 
-// A switch of one field, named as in SettingsForm::order().
+// A toggle of one field, named as in SettingsForm::order().
 struct Toggle {
     const char* name;
     bool Settings::*field;
@@ -28,22 +28,21 @@ inline constexpr Toggle kToggles[] = {
 
 class SettingsForm : public Shell {
 protected:
-    // Starts the program and opens its settings; the first control has the keyboard then.
+    // Starts the program and opens its settings. The first control has the keyboard focus then.
     void open(const std::string& settings = kStill);
 
-    // Moves the keyboard to a control, named as in order(). Does not wait: keys are taken in their order.
+    // Moves the keyboard focus to a control, named as in order(). Does not wait: later keys are handled after these.
     void goTo(const std::string& name);
-    void press(std::uint32_t key) { session.input().chord({key}); }
 
-    // Controls that take the keyboard, from top to bottom, as the stored record lets them.
+    // The focusable controls, top to bottom, for the stored record.
     std::vector<std::string> order();
 
-    // Opens the dialog of the colour well that has the keyboard, and chooses a colour by the pointer.
-    [[nodiscard]] bool chooseColor(const std::string& title);
+    // Opens the dialog of the focused colour well and chooses a colour by the pointer.
+    [[nodiscard]] bool chooseInDialog(const std::string& title);
 
     ScreenRect frame() { return shell->frame(); }
 
-    // Places that the effects colour, around the settings window and on the desktop beside it.
+    // Places that the effects colour, around the settings window and on the desktop.
     Spot onBorder(int depth = 2) { return {frame().x + frame().width / 2, frame().bottom() - depth}; }
     Spot onGlow(int distance = 4) { return {frame().right() + distance, frame().y + frame().height / 2}; }
     Spot onTitle() { return {frame().x + frame().width / 4, (frame().y + shell->content().y) / 2}; }

@@ -1,4 +1,4 @@
-// Which windows are dimmed: the picker, and the list of applications.
+// The picker of the dimming's scope and the list of applications.
 #include "testing/x11/Key.h"
 #include "x11/program/shell/SettingsForm.h"
 

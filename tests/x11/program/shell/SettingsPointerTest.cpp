@@ -1,4 +1,4 @@
-// Controls of the settings window in the user's hand: what is stored and shown at each step of the pointer.
+// Controls of the settings window used by the pointer: the stored record and the screen after each motion.
 #include "testing/x11/Key.h"
 #include "x11/program/shell/SettingsForm.h"
 
@@ -12,10 +12,10 @@ constexpr int kSteps = 22;
 
 class SettingsPointer : public SettingsForm {
 protected:
-    // The border lies over the edges of the window, at most so far.
+    // The border covers at most so many pixels at the window's edges.
     static constexpr int kBorderReach = 16;
 
-    // The half of the window with the controls, and the one with their labels.
+    // The half of the window with the controls, and the part of the other half beside a control.
     ScreenRect controls()
     {
         const ScreenRect all = shell->content();
@@ -29,7 +29,7 @@ protected:
 
     using Predicate = std::function<bool(const Settings&)>;
 
-    // The controls after a key that has been stored. Without a compositor the program draws on the screen itself.
+    // The picture of the controls after a key whose effect has been stored and painted.
     ScreenImage controlsAfter(std::uint32_t key, const Predicate& isStored)
     {
         press(key);
@@ -56,12 +56,12 @@ TEST_P(SettingsPointer, a_dragged_slider_stores_each_step_and_label_and_border_f
     goTo("borderWidth");
     const ScreenImage atLeast = controlsAfter(Key::kHome, isWidth(kLeast));
     const ScreenRect track = boundsOfDifference(atLeast, controlsAfter(Key::kEnd, isWidth(kMost)));
-    const int knob = track.height / 2; // round, with its ring
+    const int knob = track.height / 2; // the handle is round; includes its ring
     const int y = track.y + knob;
     const int length = track.width - 2 * knob;
-    ASSERT_GT(length, kSteps * 3) << "too short to tell the steps apart";
+    ASSERT_GT(length, kSteps * 3) << "too short to distinguish the steps";
 
-    // How the label looks at each value, by the keyboard.
+    // The label's picture at each value, reached by the keyboard.
     std::map<int, ScreenImage> labels;
     for (int step = 0; step <= kSteps; ++step) {
         controlsAfter(step == 0 ? Key::kHome : Key::kRight, isWidth(kLeast + step * kStep));
@@ -88,7 +88,7 @@ TEST_P(SettingsPointer, a_dragged_slider_stores_each_step_and_label_and_border_f
     input.release();
     input.moveTo(track.x + track.width / 2, y);
     waitUntilIdle();
-    EXPECT_EQ(stored()->borderWidth, kMost) << "nobody holds it any more";
+    EXPECT_EQ(stored()->borderWidth, kMost) << "the button is released";
 }
 
 TEST_P(SettingsPointer, a_click_turns_each_toggle)

@@ -1,5 +1,4 @@
-// The settings window among the others of the desktop.
-#include "testing/x11/Key.h"
+// The settings window as a window of the desktop: its highlight and its position.
 #include "x11/program/shell/SettingsForm.h"
 
 namespace haloric {
@@ -23,7 +22,7 @@ TEST_P(SettingsWindow, it_is_highlighted_while_it_has_the_focus)
     EXPECT_TRUE(waitForBorder(*client));
 }
 
-TEST_P(SettingsWindow, it_comes_back_at_its_place_after_it_was_closed)
+TEST_P(SettingsWindow, it_reopens_at_its_position)
 {
     open();
     const ScreenRect first = frame();
@@ -32,8 +31,7 @@ TEST_P(SettingsWindow, it_comes_back_at_its_place_after_it_was_closed)
     ASSERT_TRUE(session.observer().waitUntil([&] { return frame().x != first.x && frame().y != first.y; }));
     ASSERT_TRUE(hasBorderAround(frame()));
     const ScreenRect moved = frame();
-    session.input().chord({Key::kControl, 'w'});
-    ASSERT_TRUE(session.observer().waitUntil([this] { return shell->window() == XCB_WINDOW_NONE; }));
+    ASSERT_TRUE(shell->closeSettings());
     ASSERT_TRUE(client->focus());
     ASSERT_TRUE(shell->openSettings());
     EXPECT_TRUE(session.observer().waitUntil([&] { return frame() == moved; })) << frame().x << ", " << frame().y;

@@ -1,10 +1,9 @@
 #include "x11/program/shell/Shell.h"
 
 #include "settings/SettingsCodec.h"
+#include "testing/x11/FileContents.h"
 
 #include <cmath>
-#include <fstream>
-#include <iterator>
 
 namespace haloric {
 
@@ -25,34 +24,18 @@ std::optional<int> Shell::startAnother(const std::vector<std::string>& arguments
 
 std::optional<Settings> Shell::stored()
 {
-    std::ifstream file(HaloricProcess::settingsFile(session.environment()), std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    return SettingsCodec::decode(bytes);
+    return SettingsCodec::decode(contentsOf(HaloricProcess::settingsFile(session.environment())));
 }
 
 bool Shell::waitForStored(const std::function<bool(const Settings&)>& predicate)
 {
-    const bool isThere = session.observer().waitUntil([&] {
+    const bool isStored = session.observer().waitUntil([&] {
         const auto now = stored();
         return now && predicate(*now);
     });
-    if (!isThere)
+    if (!isStored)
         session.keepFailure(nameOfTest() + "-stored");
-    return isThere;
-}
-
-bool Shell::waitForPixel(int x, int y, Pixel color)
-{
-    return session.waitForPixels(nameOfTest() + "-pixel", {x, y, 1, 1}, [&](const ScreenImage& now) {
-        return colorDistance(now.at(x, y), color) <= kTolerance;
-    });
-}
-
-bool Shell::waitForOtherPixel(int x, int y, Pixel color)
-{
-    return session.waitForPixels(nameOfTest() + "-pixel", {x, y, 1, 1}, [&](const ScreenImage& now) {
-        return colorDistance(now.at(x, y), color) > kTolerance;
-    });
+    return isStored;
 }
 
 Pixel pixelOf(const RGBA& color)

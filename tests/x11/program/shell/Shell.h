@@ -1,4 +1,5 @@
-// A desktop with a tray, a focused window and the program, and the record that the program stores.
+// The fixture of the tests of the user interface: a desktop with a tray, a focused window and the program, and the
+// stored record.
 #pragma once
 
 #include "settings/Settings.h"
@@ -13,29 +14,27 @@ namespace haloric {
 
 class Shell : public Scene {
 protected:
-    // From now on the program that is started is an installed one, with this in its information dictionary.
+    // Later starts use an installed program, with this in its Info.plist.
     void install(const ProgramBundle::Information& information = {}) { bundle.emplace(session, information); }
 
-    // Opens a window, starts the program around it and puts it into the tray.
+    // Opens a window, starts the program and waits for the highlight.
     void startInTray(const std::string& settings = kStill);
 
-    // What the file holds now; none while there is no such file.
+    // The stored record; no value while there is no valid file.
     std::optional<Settings> stored();
     [[nodiscard]] bool waitForStored(const std::function<bool(const Settings&)>& predicate);
 
-    // Waits until the pixel shows that colour.
-    [[nodiscard]] bool waitForPixel(int x, int y, Pixel color);
-    [[nodiscard]] bool waitForOtherPixel(int x, int y, Pixel color);
+    void press(std::uint32_t key) { session.input().chord({key}); }
     Pixel pixelAt(int x, int y) { return session.observer().capture({x, y, 1, 1}).at(x, y); }
 
-    // Starts the program, or its bundle, with these arguments, and waits for its end; its exit code.
+    // Starts the program, or its bundle, with these arguments and waits for its end. Returns its exit code.
     std::optional<int> startAnother(const std::vector<std::string>& arguments);
 
-    // Returns after the running program has come back to its loop and answered there, so after what it did before.
+    // Returns after the running program has replied to a command from its run loop, so after its earlier work.
     void waitUntilIdle() { EXPECT_EQ(startAnother({"--print-settings"}), 0); }
 
     TrayPanel panel{session};
-    std::optional<ProgramBundle> bundle; // where it was installed
+    std::optional<ProgramBundle> bundle; // no value: not installed
     std::unique_ptr<TestClient> client;
     std::optional<ProgramShell> shell;
 };

@@ -1,4 +1,4 @@
-// A tray of the newer kind that is on the session bus but answers nothing, as one that hangs.
+// A StatusNotifier tray that is on the session bus but does not reply, as one that hangs.
 #include "x11/program/shell/Shell.h"
 #include "x11/qt/NotifierHost.h"
 
@@ -15,24 +15,25 @@ protected:
                                                    Environment{{"DBUS_SESSION_BUS_ADDRESS", tray.address()}});
     }
 
-    NotifierHost tray{session.environment(), NotifierHost::Presence::present}; // answers from within its calls alone
+    NotifierHost tray{session.environment(),
+                      NotifierHost::Presence::present}; // replies only within calls of this object
 };
 INSTANTIATE_TEST_SUITE_P(Desktops, SilentTray, testing::Values(kOpenboxPicom), nameOf);
 
-TEST_P(SilentTray, it_holds_up_neither_the_first_highlight_nor_those_that_follow)
+TEST_P(SilentTray, it_delays_neither_the_first_highlight_nor_later_ones)
 {
     ASSERT_TRUE(waitForBorder(*client)) << log();
     const auto next = openFocused({.content = {200, 200, 400, 300}});
     EXPECT_TRUE(waitForBorder(*next)) << log();
 }
 
-TEST_P(SilentTray, it_gets_the_icon_once_it_answers)
+TEST_P(SilentTray, it_gets_the_icon_once_it_replies)
 {
     ASSERT_TRUE(waitForBorder(*client)) << log();
     EXPECT_TRUE(tray.waitForItem());
 }
 
-TEST_P(SilentTray, the_older_tray_gets_the_icon_once_it_has_gone)
+TEST_P(SilentTray, the_xembed_tray_gets_the_icon_once_it_has_left_the_bus)
 {
     ASSERT_TRUE(waitForBorder(*client)) << log();
     tray.disappear();

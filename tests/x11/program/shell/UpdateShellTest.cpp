@@ -1,12 +1,12 @@
-// The check for updates of the menu, against a feed on this machine. What the alerts say word by word stands in the
-// tests of the controller.
+// The menu's check for updates, against a feed on the loopback interface. The alerts' texts are tested with the
+// controller.
 #include "support/LoopbackServer.h"
+#include "testing/x11/FileContents.h"
 #include "testing/x11/Key.h"
 #include "x11/program/shell/Shell.h"
 
 #include <condition_variable>
 #include <fstream>
-#include <iterator>
 #include <mutex>
 
 namespace haloric {
@@ -23,7 +23,7 @@ std::string feed(const std::string& version, const std::string& notes = {})
            "</link><description>" + notes + "</description></item></channel></rss>";
 }
 
-// What the server answers, which waits for it. Two threads.
+// The server's answer. waitFor() blocks the server's thread until the test's thread has set it.
 class Answer {
 public:
     void set(const std::string& feed)
@@ -32,18 +32,18 @@ public:
             const std::lock_guard guard(m_lock);
             m_feed = feed;
         }
-        m_comes.notify_all();
+        m_isSet.notify_all();
     }
     std::string waitFor()
     {
         std::unique_lock lock(m_lock);
-        m_comes.wait(lock, [this] { return m_feed.has_value(); });
+        m_isSet.wait(lock, [this] { return m_feed.has_value(); });
         return *m_feed;
     }
 
 private:
     std::mutex m_lock;
-    std::condition_variable m_comes;
+    std::condition_variable m_isSet;
     std::optional<std::string> m_feed;
 };
 
@@ -57,7 +57,7 @@ protected:
     }
     void TearDown() override { answer.set(""); }
 
-    // Chooses the menu's item, and lets the server answer.
+    // Activates the menu item and lets the server answer.
     void check(const std::string& feed)
     {
         answer.set(feed);
@@ -66,11 +66,12 @@ protected:
         EXPECT_TRUE(waitUntilGone(kProgress));
     }
 
-    // What a question to the user looks like once it is painted.
+    // The picture of the alert once it is painted.
     ScreenImage alert()
     {
         const ScreenRect frame = shell->frame(kAlert);
-        EXPECT_TRUE(waitForPixel(frame.x + frame.width / 2, frame.bottom() - 2, kAccent)); // it lies over the edge
+        EXPECT_TRUE(
+            waitForPixel(frame.x + frame.width / 2, frame.bottom() - 2, kAccent)); // the border covers the alert's edge
         return settled(shell->content(kAlert));
     }
 
@@ -79,20 +80,14 @@ protected:
         return session.observer().waitUntil([this, title] { return shell->window(title) == XCB_WINDOW_NONE; });
     }
 
-    // The web pages that were opened, in lines.
-    std::string openedPages()
-    {
-        std::ifstream file(m_pages);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    void press(std::uint32_t key) { session.input().chord({key}); }
+    // The web pages that were opened, one per line.
+    std::string openedPages() { return contentsOf(m_pages); }
 
     Answer answer;
     LoopbackServer server{[this](const std::string&) { return LoopbackServer::feed(answer.waitFor()); }};
 
 private:
-    // Makes a program of the test's the user's browser.
+    // Makes a script the default browser.
     void installBrowser()
     {
         const auto script = session.server().folder() / "browser";
@@ -112,7 +107,7 @@ private:
 };
 INSTANTIATE_TEST_SUITE_P(Desktops, UpdateShell, testing::Values(kOpenboxPicom), nameOf);
 
-TEST_P(UpdateShell, a_newer_version_is_offered_with_what_is_new_and_its_page_is_opened)
+TEST_P(UpdateShell, a_newer_version_is_offered_with_its_notes_and_its_page_is_opened)
 {
     check(feed("8"));
     const int height = alert().area().height;
@@ -127,7 +122,7 @@ TEST_P(UpdateShell, a_newer_version_is_offered_with_what_is_new_and_its_page_is_
     EXPECT_EQ(server.requests().size(), 2U);
 }
 
-TEST_P(UpdateShell, the_same_version_and_a_feed_that_makes_no_sense_are_told_apart)
+TEST_P(UpdateShell, the_same_version_and_an_invalid_feed_show_different_alerts)
 {
     check(feed("7"));
     const ScreenImage upToDate = alert();
@@ -145,7 +140,7 @@ TEST_P(UpdateShell, the_same_version_and_a_feed_that_makes_no_sense_are_told_apa
     EXPECT_EQ(openedPages(), "");
 }
 
-TEST_P(UpdateShell, while_it_looks_a_window_says_so_and_the_program_goes_on)
+TEST_P(UpdateShell, during_the_check_a_window_shows_progress_and_the_program_keeps_working)
 {
     ASSERT_TRUE(shell->choose(MenuEntry::checkForUpdates));
     ASSERT_TRUE(shell->waitUntilActive(kProgress));
@@ -158,7 +153,7 @@ TEST_P(UpdateShell, while_it_looks_a_window_says_so_and_the_program_goes_on)
     EXPECT_TRUE(session.observer().waitUntil([this] { return shell->window(kAlert) != XCB_WINDOW_NONE; }));
 }
 
-TEST_P(UpdateShell, a_cancelled_check_says_nothing_and_the_next_one_does)
+TEST_P(UpdateShell, a_cancelled_check_shows_no_alert_and_the_next_one_does)
 {
     ASSERT_TRUE(shell->choose(MenuEntry::checkForUpdates));
     ASSERT_TRUE(shell->waitUntilActive(kProgress));
@@ -170,7 +165,7 @@ TEST_P(UpdateShell, a_cancelled_check_says_nothing_and_the_next_one_does)
     check(feed("8"));
 }
 
-TEST_P(UpdateShell, the_end_of_the_program_ends_a_check_under_way)
+TEST_P(UpdateShell, the_end_of_the_program_ends_a_running_check)
 {
     ASSERT_TRUE(shell->choose(MenuEntry::checkForUpdates));
     ASSERT_TRUE(shell->waitUntilActive(kProgress));

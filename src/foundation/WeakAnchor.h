@@ -1,10 +1,13 @@
-// Weak references to an object that somebody else owns, for callbacks that must do nothing once it is gone.
+// Weak references to an object with another owner, for callbacks that must do nothing once the object is gone.
 //
-// The object keeps a WeakAnchor as its last member and hands out `ref()`. References may be copied on any thread;
-// `get()` is called only on the thread that destroys the object (the main thread, throughout Haloric).
+// The object keeps a WeakAnchor as its last member and hands out `bind()` or `ref()`. References and callbacks may be
+// copied on any thread; they are used only on the thread that destroys the object (the main thread, throughout
+// Haloric).
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 namespace haloric {
 
@@ -35,6 +38,19 @@ public:
     WeakAnchor& operator=(const WeakAnchor&) = delete;
 
     WeakRef<T> ref() const { return WeakRef<T>(m_target); }
+
+    // A callback that calls `action` with the object, `bound` and its own arguments; it does nothing, and returns
+    // nothing, once the object is gone. `action` is a member function, or a callable that takes a T& first. The bound
+    // values are copied into the callback and are valid as long as it is.
+    template <class Action, class... Bound>
+    auto bind(Action action, Bound... bound) const
+    {
+        return [ref = ref(), action = std::move(action),
+                ... bound = std::move(bound)]<class... Arguments>(Arguments&&... arguments) {
+            if (T* target = ref.get())
+                std::invoke(action, *target, bound..., std::forward<Arguments>(arguments)...);
+        };
+    }
 
 private:
     std::shared_ptr<T*> m_target;

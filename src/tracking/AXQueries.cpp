@@ -20,24 +20,22 @@ AXQueries::AXQueries(SerialQueues& queues, RunLoop& runLoop, Accessibility& acce
 
 AXQueries::~AXQueries()
 {
-    // Behind the query that may be under way, whose last turn will find nobody.
+    // Queued after any running query, whose result will then be ignored.
     m_axQueue->async([made = m_made] { made->reset(); });
 }
 
 void AXQueries::submit(const Request& request, ResultHandler onResult, FinishHandler onFinish)
 {
-    m_axQueue->async([request, worker = m_axWorker, made = m_made, self = m_anchor.ref(), &runLoop = m_runLoop,
-                      &accessibility = m_accessibility, onResult = std::move(onResult),
-                      onFinish = std::move(onFinish)] {
+    auto finish =
+        m_anchor.bind([onFinish = std::move(onFinish)](AXQueries& self) { onFinish(std::move(*self.m_made)); });
+    m_axQueue->async([request, worker = m_axWorker, made = m_made, &runLoop = m_runLoop,
+                      &accessibility = m_accessibility, onResult = std::move(onResult), finish = std::move(finish)] {
         runLoop.post([onResult, result = worker->query(request.pid, request.titleBarRevision)] { onResult(result); });
 
         const AXElement app = worker->applicationElement(request.pid);
         if (request.observe == Observe::yes && app)
             *made = AXObservation::make(accessibility, request.pid, app);
-        runLoop.post([self, onFinish] {
-            if (AXQueries* queries = self.get())
-                onFinish(std::move(*queries->m_made));
-        });
+        runLoop.post(finish);
     });
 }
 

@@ -1,6 +1,6 @@
-// The Accessibility queue with its worker: the one place from which Accessibility is asked. Main thread; handlers are
-// called there, on later turns, and hold their owner weakly, for a result may come after this object is gone. What a
-// query made and nobody took by then is released on the queue.
+// The Accessibility queue with its worker: every Accessibility query starts here. Main thread; handlers are called
+// there, on later turns, and hold their owner weakly, because a result may arrive after this object is gone. An
+// observation that was made but not handed over by then is released on the queue.
 #pragma once
 
 #include "foundation/Ids.h"
@@ -27,7 +27,7 @@ public:
         Observe observe = Observe::no; // yes: also make an observation of the process
     };
     using ResultHandler = std::function<void(const AXFocusWorker::QueryResult&)>;
-    using FinishHandler = std::function<void(std::unique_ptr<AXObservation>)>; // null: none was asked for or made
+    using FinishHandler = std::function<void(std::unique_ptr<AXObservation>)>; // null: not requested or not made
 
     // The adapters outlive every block that was submitted.
     AXQueries(SerialQueues& queues, RunLoop& runLoop, Accessibility& accessibility);
@@ -35,25 +35,25 @@ public:
     AXQueries(const AXQueries&) = delete;
     AXQueries& operator=(const AXQueries&) = delete;
 
-    // The result is handed over as soon as it is there; then the observation is made, and handed over in a turn of
-    // its own, which ends the query. One query at a time.
+    // Delivers the result as soon as it is available. The observation is made after that and delivered in a separate
+    // turn, which ends the query. One query at a time.
     void submit(const Request& request, ResultHandler onResult, FinishHandler onFinish);
 
-    // Takes an observation, which is off the run loop, to the queue and releases it there.
+    // Releases an observation on the queue. It must be off the run loop.
     void release(std::unique_ptr<AXObservation> observation);
 
     void resetWorker();
 
 private:
-    // Filled in a block of the queue, and emptied in the turn that this block posts, which comes before another query,
-    // or else in the queue's last block. Whoever empties it decides where the observation ends.
+    // Filled in a block of the queue. Emptied in the turn which that block posts, before another query starts, or else
+    // in the queue's last block, so that the observation is never destroyed on the wrong thread.
     using ObservationBox = std::unique_ptr<AXObservation>;
 
     RunLoop& m_runLoop;
     Accessibility& m_accessibility;
     const std::shared_ptr<ObservationBox> m_made = std::make_shared<ObservationBox>();
-    std::shared_ptr<AXFocusWorker> m_axWorker; // touched only in blocks of the queue, which share it
-    std::unique_ptr<SerialQueue> m_axQueue;    // after what its blocks use: its destructor may wait for them
+    std::shared_ptr<AXFocusWorker> m_axWorker; // used only in blocks of the queue, which share it
+    std::unique_ptr<SerialQueue> m_axQueue;    // last: its destructor may wait for its blocks
     WeakAnchor<AXQueries> m_anchor{*this};
 };
 

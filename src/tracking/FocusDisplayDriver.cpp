@@ -23,7 +23,7 @@ void FocusDisplayDriver::start(const Screen& screen, DisplayID displayID)
 
 void FocusDisplayDriver::startModern(const Screen& screen)
 {
-    m_modernLink = m_displayLinks.makeScreenLink(screen, weakTick());
+    m_modernLink = m_displayLinks.makeScreenLink(screen, m_anchor.bind(&FocusDisplayDriver::displayTick));
     if (!m_modernLink)
         return;
     const double rate = screen.maximumFramesPerSecond;
@@ -36,7 +36,7 @@ void FocusDisplayDriver::startLegacy(DisplayID displayID)
     auto link = m_displayLinks.makeVideoLink(displayID);
     if (!link)
         return;
-    const auto source = m_displayLinks.makeDataAddSource(weakTick());
+    const auto source = m_displayLinks.makeDataAddSource(m_anchor.bind(&FocusDisplayDriver::displayTick));
     source->resume();
     const auto countFrame = [source]() -> std::int32_t {
         source->add(1);
@@ -63,19 +63,11 @@ void FocusDisplayDriver::stop()
     m_legacySource.reset();
 }
 
+// Nothing is touched after the tick: it may have destroyed the driver, and with it the calling link.
 void FocusDisplayDriver::displayTick() const
 {
     const auto tick = m_tick;
     (*tick)();
-}
-
-// Nothing is touched after the tick, which may have destroyed the driver, and with it the link that calls.
-Task FocusDisplayDriver::weakTick() const
-{
-    return [driver = m_anchor.ref()] {
-        if (const FocusDisplayDriver* alive = driver.get())
-            alive->displayTick();
-    };
 }
 
 } // namespace haloric

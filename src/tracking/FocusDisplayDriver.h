@@ -28,7 +28,6 @@ private:
     void startModern(const Screen& screen);
     void startLegacy(DisplayID displayID);
     void displayTick() const;
-    Task weakTick() const;
 
     DisplayLinks& m_displayLinks;
     std::shared_ptr<const Task> m_tick; // shared, so that a tick that destroys the driver outlives its own call

@@ -2,12 +2,27 @@
 
 #include "platform/Application.h"
 #include "platform/RunLoop.h"
+#include "platform/Screens.h"
 #include "platform/Workspace.h"
 #include "windowserver/SharedWindowServer.h"
 
 #include <utility>
 
 namespace haloric {
+
+namespace {
+
+constexpr Seconds kPollTolerance{0.075};
+
+constexpr double kSmallestSide = 1; // points; smaller windows are invisible helpers
+constexpr double kSmallestOwnTitleBar = 1;
+
+constexpr EventMask kMousePresses =
+    maskOf(EventType::leftMouseDown) | maskOf(EventType::rightMouseDown) | maskOf(EventType::otherMouseDown);
+constexpr EventMask kMouseReleases =
+    maskOf(EventType::leftMouseUp) | maskOf(EventType::rightMouseUp) | maskOf(EventType::otherMouseUp);
+
+} // namespace
 
 FocusTracker::FocusTracker(const FocusTrackerDependencies& platform)
     : m_platform(platform),
@@ -40,7 +55,7 @@ void FocusTracker::stop()
     setCurrentWindowID(WindowNumber::none);
     m_targetPID = ProcessID::none;
     m_pollTimer.reset();
-    stopFastTracking();
+    m_fastTracking.stop();
     m_mouseMonitor.reset();
     m_localMouseMonitor.reset();
     m_tokens.clear();
@@ -100,18 +115,8 @@ void FocusTracker::submitQuery(ProcessID pid)
     m_queryInFlight = true;
     m_refreshPending = false;
     const auto observe = m_observation ? AXQueries::Observe::no : AXQueries::Observe::yes;
-    const auto generation = m_generation;
-    m_queries.submit(
-        {pid, m_titleBarRevision, observe},
-        [self = m_anchor.ref(), generation, pid](const AXFocusWorker::QueryResult& result) {
-            FocusTracker* tracker = self.get();
-            if (tracker && tracker->isCurrent(generation, pid))
-                tracker->apply(result, pid);
-        },
-        [self = m_anchor.ref(), generation, pid](std::unique_ptr<AXObservation> made) {
-            if (FocusTracker* tracker = self.get())
-                tracker->finishQuery(generation, pid, std::move(made));
-        });
+    m_queries.submit({pid, m_titleBarRevision, observe}, m_anchor.bind(&FocusTracker::apply, m_generation, pid),
+                     m_anchor.bind(&FocusTracker::finishQuery, m_generation, pid));
 }
 
 bool FocusTracker::isCurrent(std::uint64_t generation, ProcessID pid) const
@@ -133,11 +138,8 @@ void FocusTracker::finishQuery(std::uint64_t generation, ProcessID pid, std::uni
 void FocusTracker::install(std::unique_ptr<AXObservation> observation)
 {
     m_observation = std::move(observation);
-    // The observation's address serves as its name only.
-    m_observation->onNotification = [self = m_anchor.ref(), observation = m_observation.get()](auto notification) {
-        if (FocusTracker* tracker = self.get())
-            tracker->handleAX(notification, observation);
-    };
+    // The address only identifies the observation.
+    m_observation->onNotification = m_anchor.bind(&FocusTracker::handleAX, m_observation.get());
     m_observation->addToMainRunLoop();
 }
 
@@ -171,15 +173,195 @@ void FocusTracker::setCurrentWindowID(WindowNumber windowID)
     if (windowID == m_currentWindowID)
         return;
     m_currentWindowID = windowID;
-    if (windowID == WindowNumber::none) {
-        m_platform.windowServer.get().observe(windowID, {});
+    WindowServer& server = m_platform.windowServer.get();
+    if (windowID == WindowNumber::none)
+        server.observe(windowID, {});
+    else // without notifications the tick still follows the window
+        server.observe(windowID, m_anchor.bind(&FocusTracker::handleWindowServer));
+}
+
+// Results of queries.
+
+void FocusTracker::apply(std::uint64_t generation, ProcessID pid, const AXFocusWorker::QueryResult& result)
+{
+    if (!isCurrent(generation, pid))
+        return;
+    const auto frontmost = m_platform.workspace.frontmostApplication();
+    if (!frontmost || frontmost->pid != pid || frontmost->hidden) {
+        refresh(Force::yes);
         return;
     }
-    // Without notifications the tick follows the window all the same.
-    m_platform.windowServer.get().observe(windowID, [self = m_anchor.ref()](WindowNumber changed, auto changes) {
-        if (FocusTracker* tracker = self.get())
-            tracker->handleWindowServer(changed, changes);
-    });
+    if (const auto* snapshot = std::get_if<AXFocusWorker::Snapshot>(&result))
+        applyFocused(*snapshot, pid);
+    else if (std::holds_alternative<AXFocusWorker::NoWindow>(result))
+        forgetWindow(pid);
+    else if (m_currentWindowID == WindowNumber::none)
+        publish(FocusState::cleared(pid)); // no answer in time, and no window is watched
+}
+
+void FocusTracker::applyFocused(const AXFocusWorker::Snapshot& snapshot, ProcessID pid)
+{
+    const auto frame = frameOf(snapshot, pid);
+    // The form of the comparison rejects NaN as well.
+    if (!frame || !(frame->width > kSmallestSide) || !(frame->height > kSmallestSide)) {
+        forgetWindow(pid);
+        return;
+    }
+    const bool sameFrame = m_state.frame == frame;
+    setCurrentWindowID(snapshot.windowID);
+    publish({frame, pid, snapshot.identity, snapshot.titleBar});
+    if (!sameFrame)
+        startFastTracking();
+    pulseAfterFocus(snapshot.identity);
+}
+
+std::optional<Rect> FocusTracker::frameOf(const AXFocusWorker::Snapshot& snapshot, ProcessID pid) const
+{
+    if (snapshot.windowID != WindowNumber::none)
+        return m_frames.ordinaryWindowFrame(snapshot.windowID, pid);
+    return snapshot.axBounds ? m_frames.frame(*snapshot.axBounds) : std::nullopt;
+}
+
+// Accessibility cannot be used for this process: its answer needs the main thread, which would wait for it.
+void FocusTracker::refreshOwnWindow(ProcessID pid)
+{
+    setCurrentWindowID(WindowNumber::none);
+    auto window = m_platform.application.keyWindow();
+    if (!window)
+        window = m_platform.application.mainWindow();
+    if (!window || window->overlay || !window->visible) {
+        publish(FocusState::cleared(pid));
+        return;
+    }
+    const double height = window->frame.height - window->contentLayoutHeight;
+    const auto titleBar =
+        height > kSmallestOwnTitleBar ? FocusState::TitleBar::height(height) : FocusState::TitleBar::none();
+    const auto identity = static_cast<WindowIdentity>(window->number);
+    publish({window->frame, pid, identity, titleBar});
+    pulseAfterFocus(identity);
+}
+
+void FocusTracker::pulseAfterFocus(WindowIdentity identity)
+{
+    if (m_pulse.focused(identity) && onPulse)
+        onPulse();
+}
+
+// Events.
+
+void FocusTracker::observeSystem()
+{
+    for (const auto notification :
+         {WorkspaceNotification::didActivateApplication, WorkspaceNotification::activeSpaceDidChange,
+          WorkspaceNotification::didTerminateApplication})
+        m_tokens.push_back(m_platform.workspace.observe(notification, m_anchor.bind(&FocusTracker::frontmostChanged)));
+    m_tokens.push_back(m_platform.screens.onParametersChange(m_anchor.bind(&FocusTracker::screenParametersChanged)));
+
+    m_pollTimer = m_platform.runLoop.scheduleRepeating(kPollInterval, kPollTolerance,
+                                                       m_anchor.bind(&FocusTracker::refresh, Force::no));
+
+    const auto onMouse = m_anchor.bind(&FocusTracker::handleMouse);
+    m_mouseMonitor = m_platform.input.addGlobalMouseMonitor(kMousePresses | kMouseReleases, onMouse);
+    m_localMouseMonitor = m_platform.input.addLocalMouseMonitor(kMousePresses | kMouseReleases, onMouse);
+}
+
+void FocusTracker::screenParametersChanged()
+{
+    if (!m_running)
+        return;
+    ++m_generation;
+    updateTrackingScreen(Force::yes);
+    refresh(Force::yes);
+}
+
+void FocusTracker::handleMouse(EventType event)
+{
+    if (!m_running)
+        return;
+    if ((maskOf(event) & kMousePresses) != 0) {
+        startFastTracking();
+        m_fastTracking.notePress();
+    } else if (m_platform.input.pressedMouseButtons() == 0) {
+        startFastTracking();
+        m_fastTracking.noteRelease();
+        refresh(Force::yes);
+    }
+}
+
+void FocusTracker::handleAX(const AXObservation* observation, std::string_view notification)
+{
+    if (!m_running || m_observation.get() != observation)
+        return;
+    const bool resized = notification == "AXWindowResized";
+    if (resized)
+        ++m_titleBarRevision;
+    if (notification == "AXFocusedWindowChanged" || notification == "AXMainWindowChanged") {
+        m_pulse.focusChangeBegan(m_state.windowID);
+        ++m_generation;
+        setCurrentWindowID(WindowNumber::none);
+    }
+    if (resized || notification == "AXWindowMoved")
+        startFastTracking();
+    refresh(Force::yes); // last, because it may detach the observation
+}
+
+void FocusTracker::handleWindowServer(WindowNumber windowID, WindowServerChanges changes)
+{
+    if (!m_running || windowID != m_currentWindowID || !m_state.frame)
+        return;
+    if (changes.contains(WindowServerChanges::other)) {
+        ++m_generation;
+        forgetWindow(m_state.pid);
+        refresh(Force::yes);
+        return;
+    }
+    if (changes.contains(WindowServerChanges::resized))
+        ++m_titleBarRevision;
+    if (followWindow())
+        startFastTracking();
+}
+
+bool FocusTracker::followWindow()
+{
+    const auto frame = m_frames.cgFrame(m_currentWindowID);
+    if (!frame) {
+        forgetWindow(m_state.pid);
+        refresh(Force::yes);
+        return false;
+    }
+    publish({frame, m_state.pid, identityOf(m_currentWindowID), m_state.titleBar});
+    updateTrackingScreen(Force::no);
+    return true;
+}
+
+void FocusTracker::startFastTracking()
+{
+    if (!m_running || m_fastTracking.isActive())
+        return;
+    m_fastTracking.start(m_anchor.bind(&FocusTracker::fastTick), m_state.frame.value_or(Rect{}));
+}
+
+// Runs up to 120 times a second; no allocation while the window rests.
+void FocusTracker::fastTick()
+{
+    if (!m_running)
+        return;
+    if (m_currentWindowID != WindowNumber::none && m_state.frame)
+        followWindow();
+    else if (m_targetPID == m_platform.application.processID())
+        refreshOwnWindow(m_targetPID);
+
+    const auto settling = m_fastTracking.settle();
+    if (settling == FastTracking::Settling::settled)
+        m_fastTracking.stop();
+    if (settling == FastTracking::Settling::settled || settling == FastTracking::Settling::released)
+        refresh(Force::yes);
+}
+
+void FocusTracker::updateTrackingScreen(Force force)
+{
+    const auto resync = force == Force::yes ? FastTracking::Resync::always : FastTracking::Resync::ifScreenChanged;
+    m_fastTracking.updateTrackingScreen(m_state.frame.value_or(Rect{}), resync);
 }
 
 } // namespace haloric

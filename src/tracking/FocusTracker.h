@@ -1,8 +1,8 @@
-// Knows at every moment which window of the frontmost application has focus and where it is on screen. Main thread;
-// Accessibility queries run on a serial queue of its own, and a late answer is recognised by `generation` and dropped.
+// Tracks which window of the frontmost application has focus and where it is on screen. Main thread; Accessibility
+// queries run on a serial queue, and a late result is recognised by `generation` and dropped.
 //
-// Slow mode polls and listens to notifications; fast mode, while a window is dragged or settles, looks once a
-// display frame as well. Callbacks may stop the tracker, but not destroy it.
+// Slow mode polls and listens to notifications. Fast mode, while a window is dragged or settles, also reads the frame
+// once a display frame. Callbacks may stop the tracker, but not destroy it.
 #pragma once
 
 #include "foundation/Subscription.h"
@@ -50,14 +50,14 @@ private:
     void observeSystem();
     void screenParametersChanged();
     void frontmostChanged();
-    void refresh(Force force); // all refreshes do the same work: `force` only says what the caller means
+    void refresh(Force force); // all refreshes do the same work; `force` only documents the caller's intent
     void submitQuery(ProcessID pid);
     bool isCurrent(std::uint64_t generation, ProcessID pid) const;
     void finishQuery(std::uint64_t generation, ProcessID pid, std::unique_ptr<AXObservation> made);
     void install(std::unique_ptr<AXObservation> observation);
     void detachObserver();
 
-    void apply(const AXFocusWorker::QueryResult& result, ProcessID pid);
+    void apply(std::uint64_t generation, ProcessID pid, const AXFocusWorker::QueryResult& result);
     std::optional<Rect> frameOf(const AXFocusWorker::Snapshot& snapshot, ProcessID pid) const;
     void applyFocused(const AXFocusWorker::Snapshot& snapshot, ProcessID pid);
     void refreshOwnWindow(ProcessID pid);
@@ -66,12 +66,11 @@ private:
     void pulseAfterFocus(WindowIdentity identity);
     void setCurrentWindowID(WindowNumber windowID);
 
-    void handleAX(std::string_view notification, const AXObservation* observation);
+    void handleAX(const AXObservation* observation, std::string_view notification);
     void handleWindowServer(WindowNumber windowID, WindowServerChanges changes);
     void handleMouse(EventType event);
     bool followWindow(); // publishes where the watched window is now; false when it is gone
     void startFastTracking();
-    void stopFastTracking();
     void fastTick();
     void updateTrackingScreen(Force force);
 
@@ -82,10 +81,10 @@ private:
     WindowNumber m_currentWindowID = WindowNumber::none; // the window whose movement the window server reports
     ProcessID m_targetPID = ProcessID::none;
     bool m_running = false;
-    std::uint64_t m_generation = 0; // goes up whenever answers under way must be discarded
+    std::uint64_t m_generation = 0; // incremented whenever pending results must be discarded
     std::uint64_t m_titleBarRevision = 0;
     bool m_queryInFlight = false;
-    bool m_refreshPending = false; // a refresh was asked for while a query ran
+    bool m_refreshPending = false; // a refresh was requested while a query ran
     FocusPulse m_pulse;
     FocusFrames m_frames;
     FastTracking m_fastTracking;

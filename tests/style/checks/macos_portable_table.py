@@ -43,7 +43,7 @@ PORTABLE = {
     ],
     "src/tracking/AXQueries.cpp": ['"com.kestrow.haloric.accessibility"', "QualityOfService::userInitiated"],
     "src/tracking/FocusFrames.cpp": ["WindowListOptions::includingWindow"],
-    "src/tracking/FocusTrackerEvents.cpp": [
+    "src/tracking/FocusTracker.cpp": [
         "kMousePresses = maskOf(EventType::leftMouseDown) | maskOf(EventType::rightMouseDown) | "
         "maskOf(EventType::otherMouseDown);",
         "kMouseReleases = maskOf(EventType::leftMouseUp) | maskOf(EventType::rightMouseUp) | "

@@ -34,10 +34,10 @@ public:
     // refers to, and the store, outlive the controller.
     OverlayController(const OverlayDependencies& platform, SettingsStore& store);
 
-    void setState(const FocusState& state); // the tracker's newest
-    void pulse();                           // from its beginning, if there is a focused window and the settings want it
+    void setState(const FocusState& state); // the tracker's newest state
+    void pulse();                           // starts (over) if a window has focus and the setting is on
 
-    // What is on screen, for those who check it.
+    // What is on screen, for tests.
     const FocusState& state() const { return m_state; }
     const OverlayWindow& highlightWindow() const { return *m_highlightWindow; }
     const HighlightView& highlightView() const { return m_highlightView; }
@@ -80,11 +80,11 @@ private:
     HighlightView m_highlightView; // views before their windows, to outlive them
     std::unique_ptr<OverlayWindow> m_highlightWindow;
     bool m_highlightNeedsOrdering = true;
-    std::vector<std::unique_ptr<DimView>> m_dimViews; // one of each a screen, in the screens' order
+    std::vector<std::unique_ptr<DimView>> m_dimViews; // one of each per screen, in the order of the screens
     OverlayWindows m_dimWindows;
     std::vector<std::unique_ptr<AppDimView>> m_appDimViews;
     OverlayWindows m_appDimWindows;
-    std::vector<AppDimView::Window> m_appDimItems; // kept for their storage alone
+    std::vector<AppDimView::Window> m_appDimItems; // kept only to reuse the storage
     std::vector<AppDimView::Window> m_localAppDimItems;
     Subscription m_appDimTimer;
     std::optional<AppDimSnapshot> m_appDimSnapshot;
@@ -94,7 +94,7 @@ private:
     Subscription m_pulseTimer;
     std::optional<Seconds> m_pulseStart; // wall clock
     std::vector<Subscription> m_cancellables;
-    WeakAnchor<OverlayController> m_weakAnchor{*this};
+    WeakAnchor<OverlayController> m_anchor{*this};
 };
 
 } // namespace haloric

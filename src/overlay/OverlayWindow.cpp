@@ -8,7 +8,7 @@ namespace haloric {
 
 namespace {
 
-// How far the server may report the window from where it was told to put it, in points.
+// Largest accepted distance between the requested and the reported position, in points.
 constexpr double kPositionTolerance = 0.5;
 
 ToolkitWindowConfiguration standardConfiguration()
@@ -66,7 +66,7 @@ void OverlayWindow::positionHighlight(const Rect& target, Positioning positionin
     if (positioning == Positioning::fastPathAllowed) {
         const Rect current = frame();
         const bool sameSize = target.size() == current.size();
-        // One absent display counts as another one, two absent displays as the same.
+        // Two missing displays compare equal; missing and present do not.
         if (isVisible() && sameSize && displayID(current) == displayID(target)) {
             if (target.origin() == current.origin() || moveThroughServer(target))
                 return;
@@ -94,7 +94,7 @@ bool OverlayWindow::moveThroughServer(const Rect& target)
 
 void OverlayWindow::moveThroughToolkit(const Rect& target)
 {
-    // The toolkit compares with its own idea of the frame, so that idea is put right first.
+    // The toolkit compares with the frame that it last set, so that frame is corrected first.
     if (m_serverFrame && m_window->frame() != *m_serverFrame)
         m_window->setFrame(*m_serverFrame, false);
     m_serverFrame.reset();
@@ -111,10 +111,7 @@ void OverlayWindow::verifyTransactionPosition()
     if (m_transactionMovesVerified || m_transactionVerificationPending)
         return;
     m_transactionVerificationPending = true;
-    m_platform.runLoop.postAfter(kVerificationDelay, [weak = m_weakAnchor.ref()] {
-        if (OverlayWindow* self = weak.get())
-            self->checkTransactionPosition();
-    });
+    m_platform.runLoop.postAfter(kVerificationDelay, m_anchor.bind(&OverlayWindow::checkTransactionPosition));
 }
 
 void OverlayWindow::checkTransactionPosition()

@@ -72,7 +72,7 @@ private:
     bool m_transactionMovesVerified = false;
     bool m_transactionVerificationPending = false;
     Seconds m_lastTransactionMove{0}; // system uptime
-    WeakAnchor<OverlayWindow> m_weakAnchor{*this};
+    WeakAnchor<OverlayWindow> m_anchor{*this};
 };
 
 } // namespace haloric

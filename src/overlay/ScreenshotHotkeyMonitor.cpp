@@ -15,7 +15,7 @@ constexpr std::uint64_t kCommand = 0x100000;
 
 bool opensScreenshotInterface(const TapEvent& key)
 {
-    // Control only chooses where the picture goes.
+    // Control only selects where the picture goes.
     const bool modifiers = (key.flags & (kCommand | kOption | kShift)) == (kCommand | kShift);
     return modifiers && (key.keyCode == kKeycode4 || key.keyCode == kKeycode5);
 }
@@ -34,10 +34,7 @@ void ScreenshotHotkeyMonitor::start()
         return;
     const EventTapDescription description{TapLocation::session, TapPlacement::headInsert, TapOptions::listenOnly,
                                           maskOf(EventType::keyDown) | maskOf(EventType::leftMouseUp)};
-    m_tap = m_input.createEventTap(description, [weak = m_weakAnchor.ref()](const TapEvent& event) {
-        if (ScreenshotHotkeyMonitor* self = weak.get())
-            self->handle(event);
-    });
+    m_tap = m_input.createEventTap(description, m_anchor.bind(&ScreenshotHotkeyMonitor::handle));
     if (!m_tap)
         return;
     m_tap->addToMainRunLoop();
@@ -56,12 +53,8 @@ void ScreenshotHotkeyMonitor::handle(const TapEvent& event)
         handleKeyDown(event);
         return;
     case EventType::leftMouseUp:
-        if (m_active) {
-            m_runLoop.postAfter(kEndAfterMouseUp, [weak = m_weakAnchor.ref()] {
-                if (ScreenshotHotkeyMonitor* self = weak.get())
-                    self->set(false);
-            });
-        }
+        if (m_active)
+            m_runLoop.postAfter(kEndAfterMouseUp, m_anchor.bind(&ScreenshotHotkeyMonitor::set, false));
         return;
     default:
         return;
@@ -78,25 +71,18 @@ void ScreenshotHotkeyMonitor::handleKeyDown(const TapEvent& event)
 
 void ScreenshotHotkeyMonitor::set(bool active)
 {
-    m_runLoop.post([weak = m_weakAnchor.ref(), active] {
-        if (ScreenshotHotkeyMonitor* self = weak.get())
-            self->apply(active);
-    });
+    m_runLoop.post(m_anchor.bind(&ScreenshotHotkeyMonitor::apply, active));
 }
 
 void ScreenshotHotkeyMonitor::apply(bool active)
 {
-    // Also by a repeated shortcut, which then leaves the interface to be ended by Escape or the mouse alone.
+    // A repeated shortcut resets the timer too: then only Escape or the mouse ends the active state.
     m_timeoutTimer.reset();
     if (active == m_active)
         return;
     m_active = active;
-    if (active) {
-        m_timeoutTimer = m_runLoop.scheduleOnce(kTimeout, [weak = m_weakAnchor.ref()] {
-            if (ScreenshotHotkeyMonitor* self = weak.get())
-                self->set(false);
-        });
-    }
+    if (active)
+        m_timeoutTimer = m_runLoop.scheduleOnce(kTimeout, m_anchor.bind(&ScreenshotHotkeyMonitor::set, false));
     if (onChange)
         onChange(active);
 }

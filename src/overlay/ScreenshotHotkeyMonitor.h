@@ -1,5 +1,5 @@
-// Tells when the system's interactive screenshot interface is up, by listening to keys and mouse buttons. It never
-// holds up, changes or consumes an event. Main thread. Without permission to listen it stays silent.
+// Reports when the system's interactive screenshot interface is open, from key and mouse events. It never delays,
+// changes or consumes an event. Main thread. Without permission to listen it reports nothing.
 #pragma once
 
 #include "foundation/Subscription.h"
@@ -22,13 +22,13 @@ public:
     // The adapters outlive the monitor.
     ScreenshotHotkeyMonitor(RunLoop& runLoop, InputMonitors& input);
 
-    // Called with the new value whenever `active` changes, never from inside an event. Set before `start`.
+    // Called with the new value whenever `active` changes, never during an event. Set before `start`.
     std::function<void(bool)> onChange;
 
-    // Installs the event tap; does nothing while there is one.
+    // Installs the event tap; does nothing if one is installed.
     void start();
 
-    // Whether the screenshot interface is believed to be up.
+    // Whether the screenshot interface is believed to be open.
     bool active() const { return m_active; }
 
 private:
@@ -42,7 +42,7 @@ private:
     bool m_active = false;
     std::unique_ptr<EventTap> m_tap;
     Subscription m_timeoutTimer;
-    WeakAnchor<ScreenshotHotkeyMonitor> m_weakAnchor{*this};
+    WeakAnchor<ScreenshotHotkeyMonitor> m_anchor{*this};
 };
 
 } // namespace haloric

@@ -14,7 +14,7 @@ namespace haloric {
 
 namespace {
 
-// What the wiring calls exists by then; anything else is a programming error, and no state to run on in.
+// The wiring calls only what exists by then; a null pointer is a programming error.
 template <class T>
 T& require(const std::unique_ptr<T>& object)
 {
@@ -49,29 +49,19 @@ void AppDelegate::applicationDidFinishLaunching()
 {
     m_overlays = std::make_unique<OverlayController>(m_platform.overlay, m_store);
     m_tracker = std::make_unique<FocusTracker>(m_platform.tracking);
-    m_tracker->onChange = [weak = m_weakAnchor.ref()](const FocusState& state) {
-        if (AppDelegate* self = weak.get())
-            require(self->m_overlays).setState(state);
-    };
-    m_tracker->onPulse = [weak = m_weakAnchor.ref()] {
-        if (AppDelegate* self = weak.get())
-            require(self->m_overlays).pulse();
-    };
+    m_tracker->onChange =
+        m_anchor.bind([](AppDelegate& self, const FocusState& state) { require(self.m_overlays).setState(state); });
+    m_tracker->onPulse = m_anchor.bind([](AppDelegate& self) { require(self.m_overlays).pulse(); });
 
     m_statusBar = std::make_unique<StatusBarController>(m_platform.statusBar, m_store, *m_tracker);
-    m_platform.hotkeyManager.onTrigger = [weak = m_weakAnchor.ref()] {
-        if (AppDelegate* self = weak.get())
-            require(self->m_statusBar).openSettings();
-    };
+    m_platform.hotkeyManager.onTrigger =
+        m_anchor.bind([](AppDelegate& self) { require(self.m_statusBar).openSettings(); });
     followHotkeySetting();
 
     if (!m_platform.accessibility.isProcessTrustedWithPrompt(false))
         showOnboarding();
 
-    m_cancellables.push_back(m_platform.runLoop.scheduleOnce(Seconds(0), [weak = m_weakAnchor.ref()] {
-        if (AppDelegate* self = weak.get())
-            self->startTracker();
-    }));
+    m_cancellables.push_back(m_platform.runLoop.scheduleOnce(Seconds(0), m_anchor.bind(&AppDelegate::startTracker)));
 }
 
 bool AppDelegate::applicationShouldHandleReopen(bool)
@@ -102,7 +92,7 @@ void AppDelegate::followHotkeySetting()
 
 void AppDelegate::showOnboarding()
 {
-    // An accessory application is otherwise behind the frontmost one, and the alert with it.
+    // Otherwise the alert of an accessory application opens behind the frontmost application.
     m_platform.application.activateIgnoringOtherApps();
     if (m_platform.alerts.runModal(m_platform.onboardingAlert.value_or(onboardingAlert())) == Alerts::kFirstButton)
         grantAccessibility(m_platform.accessibility, m_platform.workspace);

@@ -50,7 +50,7 @@ private:
     std::unique_ptr<StatusBarController> m_statusBar; // refers to the tracker
     bool m_trackerRunning = false;                    // between the tracker's start and stop
     SettingsStore& m_store;
-    WeakAnchor<AppDelegate> m_weakAnchor{*this};
+    WeakAnchor<AppDelegate> m_anchor{*this};
 };
 
 } // namespace haloric

@@ -39,7 +39,7 @@ private:
     Hotkeys& m_hotkeys;
     HotkeyRef m_hotKey = HotkeyRef::none;
     EventHandlerRef m_handler = EventHandlerRef::none;
-    WeakAnchor<HotkeyManager> m_weakAnchor{*this};
+    WeakAnchor<HotkeyManager> m_anchor{*this};
 };
 
 } // namespace haloric

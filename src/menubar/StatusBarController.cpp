@@ -46,29 +46,17 @@ StatusBarController::StatusBarController(const StatusBarDependencies& platform, 
     readState();
     m_item->setMenu(m_menu->model(), *this);
 
-    RunLoop& runLoop = m_platform.runLoop;
-    m_cancellables.push_back(m_store.subscribe([&runLoop, weak = m_weakAnchor.ref()](const Settings&) {
-        runLoop.post([weak] {
-            if (StatusBarController* self = weak.get())
-                self->syncMenu();
-        });
-    }));
+    m_cancellables.push_back(m_store.subscribe(
+        [this](const Settings&) { m_platform.runLoop.post(m_anchor.bind(&StatusBarController::syncMenu)); }));
 }
 
 StatusMenuActions StatusBarController::actions()
 {
-    // Each does nothing once the controller is gone.
-    const auto weakly = [weak = m_weakAnchor.ref()](auto method) {
-        return [weak, method](const MenuItem& sender) {
-            if (StatusBarController* self = weak.get())
-                method(*self, sender);
-        };
+    const auto toggling = [this](bool Settings::*effect) {
+        return m_anchor.bind([effect](StatusBarController& self, const MenuItem&) { self.toggle(effect); });
     };
-    const auto toggling = [&weakly](bool Settings::*effect) {
-        return weakly([effect](StatusBarController& self, const MenuItem&) { self.toggle(effect); });
-    };
-    const auto calling = [&weakly](void (StatusBarController::*method)()) {
-        return weakly([method](StatusBarController& self, const MenuItem&) { (self.*method)(); });
+    const auto calling = [this](void (StatusBarController::*method)()) {
+        return m_anchor.bind([method](StatusBarController& self, const MenuItem&) { (self.*method)(); });
     };
     StatusMenuActions actions{
         .toggleBorder = toggling(&Settings::borderEnabled),
@@ -76,7 +64,7 @@ StatusMenuActions StatusBarController::actions()
         .toggleTint = toggling(&Settings::tintEnabled),
         .toggleDim = toggling(&Settings::dimEnabled),
         .togglePulse = toggling(&Settings::pulseEnabled),
-        .pickPreset = weakly([](StatusBarController& self, const MenuItem& sender) { self.pickPreset(sender); }),
+        .pickPreset = m_anchor.bind(&StatusBarController::pickPreset),
         .openSettings = calling(&StatusBarController::openSettings),
         .toggleLogin = calling(&StatusBarController::toggleLogin),
         .grantAX = calling(&StatusBarController::grantAX),
@@ -96,7 +84,7 @@ void StatusBarController::syncMenu()
     m_item->menuItemsChanged();
 }
 
-// The item reads the model right after this, without being told.
+// The item reads the model right after this call.
 void StatusBarController::menuNeedsUpdate() { readState(); }
 
 void StatusBarController::readState()
@@ -153,11 +141,9 @@ void StatusBarController::makeSettingsWindow()
         std::make_unique<SettingsView>(m_platform.settingsView, m_store, m_platform.launchAtLogin.isEnabled());
     m_settingsWindow = m_platform.formWindows.make(kSettingsWindow, m_settingsView->form());
     m_settingsWindow->center();
-    m_settingsView->setOnFormChange([weak = m_weakAnchor.ref()](const FormModel& form) {
-        StatusBarController* self = weak.get();
-        if (self && self->m_settingsWindow)
-            self->m_settingsWindow->setForm(form);
-    });
+    // Bound, because the window may still write to the store while it is destroyed.
+    m_settingsView->setOnFormChange(
+        m_anchor.bind([](StatusBarController& self, const FormModel& form) { self.m_settingsWindow->setForm(form); }));
 }
 
 } // namespace haloric

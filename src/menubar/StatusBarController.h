@@ -54,7 +54,7 @@ private:
     std::unique_ptr<SettingsView> m_settingsView;
     std::unique_ptr<FormWindow> m_settingsWindow;
     std::vector<Subscription> m_cancellables;
-    WeakAnchor<StatusBarController> m_weakAnchor{*this};
+    WeakAnchor<StatusBarController> m_anchor{*this};
 };
 
 } // namespace haloric

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <functional>
 #include <utility>
 
 namespace haloric {
@@ -16,62 +17,64 @@ constexpr std::array kScopeNames{ScopeName{DimScope::allWindows, "All other wind
                                  ScopeName{DimScope::selectedApps, "Only selected apps"}};
 static_assert(kScopeNames.size() == kAllDimScopes.size());
 
-// The record could not be stored any more with other numbers in it.
+// A record with other numbers cannot be stored.
 bool isFinite(const Color& color)
 {
     return std::isfinite(color.red) && std::isfinite(color.green) && std::isfinite(color.blue) &&
            std::isfinite(color.alpha);
 }
 
-// In the following, `member` gives the part of a record that the control is bound to.
-
-template <class Write, class Member>
-FormToggle boundToggle(const std::string& label, const Settings& shown, const Write& write, Member member)
-{
-    const auto set = [write, member](bool isOn) { write([&](Settings& record) { member(record) = isOn; }); };
-    return {.label = label, .isOn = member(shown), .set = set};
-}
-
-template <class Write, class Member>
-FormColorWell colorBinding(const std::string& label, const Settings& shown, const Write& write, Member member)
-{
-    const auto set = [write, member](const Color& color) {
-        if (isFinite(color))
-            write([&](Settings& record) { member(record) = rgbaFrom(color); });
-    };
-    return {.label = label, .color = colorFrom(member(shown)), .set = set};
-}
-
 } // namespace
 
 SettingsControls::SettingsControls(SettingsStore& store) : m_store(store) {}
 
+template <class Member, class Value>
+void SettingsControls::write(Member member, const Value& value) const
+{
+    m_store.update([&](Settings& record) { std::invoke(member, record) = value; });
+}
+
+template <class Member>
+FormToggle SettingsControls::boundToggle(const std::string& label, Member member) const
+{
+    const auto set = [member](const SettingsControls& self, bool isOn) { self.write(member, isOn); };
+    return {.label = label, .isOn = std::invoke(member, settings()), .set = m_anchor.bind(set)};
+}
+
+template <class Member>
+FormColorWell SettingsControls::boundColorWell(const std::string& label, Member member) const
+{
+    const auto set = [member](const SettingsControls& self, const Color& color) {
+        if (isFinite(color))
+            self.write(member, rgbaFrom(color));
+    };
+    return {.label = label, .color = colorFrom(std::invoke(member, settings())), .set = m_anchor.bind(set)};
+}
+
 FormRow SettingsControls::toggle(std::string id, const std::string& label, bool Settings::*field) const
 {
-    const auto member = [field](auto& record) -> auto& { return record.*field; };
-    return {std::move(id), boundToggle(label, settings(), writer(), member)};
+    return {std::move(id), boundToggle(label, field)};
 }
 
 FormRow SettingsControls::slider(std::string id, const std::string& label, ValueText form, const SliderScale& scale,
                                  double Settings::*field) const
 {
     const double value = settings().*field;
-    const auto set = [write = writer(), scale, field](double wanted) {
+    const auto set = [scale, field](const SettingsControls& self, double wanted) {
         if (const auto nearest = scale.nearest(wanted))
-            write([&](Settings& record) { record.*field = *nearest; });
+            self.write(field, *nearest);
     };
     return {std::move(id), FormSlider{.label = label + text(form, value),
                                       .value = value,
                                       .minimum = scale.minimum(),
                                       .maximum = scale.maximum(),
                                       .step = scale.step(),
-                                      .set = set}};
+                                      .set = m_anchor.bind(set)}};
 }
 
 FormRow SettingsControls::colorWell(std::string id, const std::string& label, RGBA Settings::*field) const
 {
-    const auto member = [field](auto& record) -> auto& { return record.*field; };
-    return {std::move(id), colorBinding(label, settings(), writer(), member)};
+    return {std::move(id), boundColorWell(label, field)};
 }
 
 void SettingsControls::appendEffectColor(FormSection& section, const std::string& id,
@@ -79,9 +82,9 @@ void SettingsControls::appendEffectColor(FormSection& section, const std::string
 {
     const auto useAccent = [field](auto& record) -> auto& { return (record.*field).useAccent; };
     const auto custom = [field](auto& record) -> auto& { return (record.*field).custom; };
-    FormColorWell well = colorBinding("Custom color", settings(), writer(), custom);
+    FormColorWell well = boundColorWell("Custom color", custom);
     well.isEnabled = !useAccent(settings());
-    section.rows.push_back({id + ".useAccent", boundToggle("Use accent color", settings(), writer(), useAccent)});
+    section.rows.push_back({id + ".useAccent", boundToggle("Use accent color", useAccent)});
     section.rows.push_back({id + ".custom", std::move(well)});
 }
 
@@ -89,24 +92,16 @@ FormRow SettingsControls::dimScopePicker(std::string id, std::string label) cons
 {
     FormPicker picker;
     picker.label = std::move(label);
-    picker.choose = [write = writer()](std::size_t index) {
+    picker.choose = m_anchor.bind([](const SettingsControls& self, std::size_t index) {
         if (index < kScopeNames.size())
-            write([&](Settings& record) { record.dimScope = kScopeNames[index].scope; });
-    };
+            self.write(&Settings::dimScope, kScopeNames[index].scope);
+    });
     for (const auto& [scope, name] : kScopeNames) {
         if (scope == settings().dimScope)
             picker.selected = picker.options.size();
         picker.options.emplace_back(name);
     }
     return {std::move(id), std::move(picker)};
-}
-
-std::function<void(const SettingsControls::Edit&)> SettingsControls::writer() const
-{
-    return [weak = m_weakAnchor.ref()](const Edit& edit) {
-        if (SettingsControls* self = weak.get())
-            self->m_store.update(edit);
-    };
 }
 
 } // namespace haloric

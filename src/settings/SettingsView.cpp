@@ -3,12 +3,28 @@
 #include "platform/Accessibility.h"
 #include "platform/Alerts.h"
 #include "platform/Application.h"
+#include "platform/ApplicationCatalog.h"
+#include "platform/Panels.h"
 #include "settings/AccessibilityGrant.h"
+#include "settings/AppInfo.h"
 #include "settings/SettingsSections.h"
 
+#include <algorithm>
+#include <map>
 #include <utility>
 
 namespace haloric {
+
+namespace {
+
+constexpr Size kIconSize{18, 18};
+
+bool contains(const std::vector<std::string>& list, const std::string& element)
+{
+    return std::ranges::find(list, element) != list.end();
+}
+
+} // namespace
 
 SettingsView::SettingsView(const SettingsViewDependencies& platform, SettingsStore& store, bool launchAtLogin)
     : m_platform(platform),
@@ -17,10 +33,7 @@ SettingsView::SettingsView(const SettingsViewDependencies& platform, SettingsSto
       m_loginItem(platform.bundle, platform.loginItems),
       m_launchAtLogin(launchAtLogin)
 {
-    m_storeSubscription = m_store.subscribe([weak = m_weakAnchor.ref()](const Settings&) {
-        if (const SettingsView* self = weak.get())
-            self->publish();
-    });
+    m_storeSubscription = m_store.subscribe([this](const Settings&) { publish(); });
 }
 
 FormModel SettingsView::form() const
@@ -43,39 +56,98 @@ FormSection SettingsView::generalSection() const
     section.rows.push_back({"launchAtLogin", FormToggle{.label = "Launch at login",
                                                         .isOn = m_launchAtLogin,
                                                         .isEnabled = isAvailable,
-                                                        .set = [weak = m_weakAnchor.ref()](bool isOn) {
-                                                            if (SettingsView* self = weak.get())
-                                                                self->setLaunchAtLogin(isOn);
-                                                        }}});
+                                                        .set = m_anchor.bind(&SettingsView::setLaunchAtLogin)}});
     if (!isAvailable)
         section.footer = "Launch at login is available when running from Haloric.app.";
-    section.onAppear = whileAlive([](SettingsView& self) { self.readLaunchAtLogin(); });
+    section.onAppear = m_anchor.bind(&SettingsView::readLaunchAtLogin);
     return section;
+}
+
+FormSection SettingsView::dimSection() const
+{
+    FormSection section = SettingsSections::dim(m_controls);
+    if (m_store.settings().dimScope != DimScope::selectedApps)
+        return section;
+    section.footer = "Only windows of the selected apps are dimmed while they're not in focus.";
+    std::map<std::string, int> rowsBefore; // a stored list may name an application twice, but ids are unique
+    for (const std::string& bundleIdentifier : m_store.settings().dimApps) {
+        const int repetition = rowsBefore[bundleIdentifier]++;
+        const std::string list = repetition == 0 ? "dimApps" : "dimApps#" + std::to_string(repetition + 1);
+        section.rows.push_back(dimAppRow(list + "/" + bundleIdentifier, bundleIdentifier));
+    }
+    section.rows.push_back(runningAppsMenu());
+    section.rows.push_back(
+        {"chooseApplication", FormButton{"Choose Application…", m_anchor.bind(&SettingsView::chooseDimApp)}});
+    return section;
+}
+
+FormRow SettingsView::dimAppRow(std::string id, const std::string& bundleIdentifier) const
+{
+    const std::string name = AppInfo::displayName(m_platform.applications, bundleIdentifier);
+    return {std::move(id), FormListRow{.icon = AppInfo::icon(m_platform.applications, bundleIdentifier),
+                                       .iconSize = kIconSize,
+                                       .title = name,
+                                       .removeImage = SymbolImage{"minus.circle"},
+                                       .removeLabel = "Remove " + name,
+                                       .remove = m_anchor.bind(&SettingsView::removeDimApp, bundleIdentifier)}};
+}
+
+FormRow SettingsView::runningAppsMenu() const
+{
+    FormMenu menu{.label = "Add Running App"};
+    for (const std::string& bundleIdentifier : AppInfo::runningApps(m_platform.applications, m_platform.bundle))
+        if (!contains(m_store.settings().dimApps, bundleIdentifier))
+            menu.items.push_back({AppInfo::displayName(m_platform.applications, bundleIdentifier),
+                                  m_anchor.bind(&SettingsView::addDimApp, bundleIdentifier)});
+    return {"addRunningApp", std::move(menu)};
 }
 
 std::vector<FormRow> SettingsView::buttons() const
 {
     std::vector<FormRow> row;
-    row.push_back({"resetToDefaults", FormButton{"Reset to Defaults", whileAlive([](SettingsView& self) {
+    row.push_back({"resetToDefaults", FormButton{"Reset to Defaults", m_anchor.bind([](SettingsView& self) {
                                                      self.m_store.setSettings(Settings::defaults());
                                                  })}});
     if (!m_platform.accessibility.isProcessTrusted())
-        row.push_back({"grantAccessibility", FormButton{"Grant Accessibility…", whileAlive([](SettingsView& self) {
+        row.push_back({"grantAccessibility", FormButton{"Grant Accessibility…", m_anchor.bind([](SettingsView& self) {
                                                             grantAccessibility(self.m_platform.accessibility,
                                                                                self.m_platform.workspace);
                                                         })}});
     row.push_back(
-        {"restart", FormButton{"Restart", whileAlive([](SettingsView& self) { self.m_platform.restart(); })}});
-    row.push_back({"quit", FormButton{"Quit Haloric", whileAlive([](SettingsView& self) {
+        {"restart", FormButton{"Restart", m_anchor.bind([](SettingsView& self) { self.m_platform.restart(); })}});
+    row.push_back({"quit", FormButton{"Quit Haloric", m_anchor.bind([](SettingsView& self) {
                                           self.m_platform.application.terminate();
                                       })}});
     return row;
 }
 
+void SettingsView::addDimApp(const std::string& bundleIdentifier)
+{
+    if (!contains(m_store.settings().dimApps, bundleIdentifier))
+        m_store.update([&](Settings& settings) { settings.dimApps.push_back(bundleIdentifier); });
+}
+
+void SettingsView::chooseDimApp()
+{
+    const auto weak = m_anchor.ref(); // the main loop runs during the panel
+    const auto path = m_platform.panels.runModalOpenPanel(
+        {.allowedContentType = ContentType::applicationBundle, .directory = "/Applications", .prompt = "Add"});
+    SettingsView* self = weak.get();
+    if (!self || !path)
+        return;
+    if (const auto bundleIdentifier = self->m_platform.applications.bundleIdentifier(*path))
+        self->addDimApp(*bundleIdentifier);
+}
+
+void SettingsView::removeDimApp(const std::string& bundleIdentifier)
+{
+    m_store.update([&](Settings& settings) { std::erase(settings.dimApps, bundleIdentifier); });
+}
+
 void SettingsView::setLaunchAtLogin(bool enabled)
 {
     m_launchAtLogin = enabled;
-    const auto weak = m_weakAnchor.ref(); // the alert lets the main loop go on
+    const auto weak = m_anchor.ref(); // the main loop runs during the alert
     if (const auto error = m_loginItem.set(enabled))
         m_platform.alerts.runModalError(*error);
     if (SettingsView* self = weak.get())

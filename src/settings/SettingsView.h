@@ -51,16 +51,6 @@ private:
     void readLaunchAtLogin();
     void publish() const;
 
-    // A task that acts on the view while it lives.
-    template <class Action>
-    Task whileAlive(Action action) const
-    {
-        return [weak = m_weakAnchor.ref(), action] {
-            if (SettingsView* self = weak.get())
-                action(*self);
-        };
-    }
-
     SettingsViewDependencies m_platform;
     SettingsStore& m_store;
     SettingsControls m_controls;
@@ -68,7 +58,7 @@ private:
     bool m_launchAtLogin;
     std::function<void(const FormModel&)> m_onFormChange;
     Subscription m_storeSubscription;
-    WeakAnchor<SettingsView> m_weakAnchor{*this};
+    WeakAnchor<SettingsView> m_anchor{*this};
 };
 
 } // namespace haloric

@@ -25,7 +25,7 @@ std::optional<OwnWindow> X11ApplicationWindows::main() const
 OwnWindow X11ApplicationWindows::describe(const X11Client& client) const
 {
     const X11Space space = m_scale.current();
-    const X11Rect frame = client.visibleFrame();
+    const PixelRect frame = client.visibleFrame();
     const int titleBar = client.geometry.decoration ? client.geometry.decoration->top : 0;
     return {.frame = space.toScreenSpace(frame),
             .contentLayoutHeight = (frame.height - titleBar) / space.pixelsPerPoint,

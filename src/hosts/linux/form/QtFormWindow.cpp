@@ -148,7 +148,7 @@ void QtFormWindow::askForFocus()
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = static_cast<xcb_window_t>(winId());
-    message.type = m_connection.atom("_NET_ACTIVE_WINDOW");
+    message.type = m_connection.atoms().activeWindow;
     message.data.data32[0] = kFromPager;
     xcb_send_event(m_connection.raw(), 0, m_connection.root(),
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,

@@ -2,35 +2,17 @@
 
 #include "hosts/linux/shell/StatusNotifierWatcher.h"
 
-#include <string>
-
 namespace haloric {
 
-namespace {
-
-// As many managers as there are screens; this is the one of the connection's screen.
-std::string selectionName(const X11Connection& connection)
-{
-    int number = 0;
-    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection.raw()));
-    for (; screens.rem > 1 && screens.data->root != connection.root(); ++number)
-        xcb_screen_next(&screens);
-    return "_NET_SYSTEM_TRAY_S" + std::to_string(number);
-}
-
-} // namespace
-
-TrayWatcher::TrayWatcher(X11Connection& connection)
-    : m_connection(connection),
-      m_selection(connection.atom(selectionName(connection)))
+TrayWatcher::TrayWatcher(X11Connection& connection) : m_connection(connection), m_selection(connection.atoms().tray)
 {
     // A manager that comes tells the root window's listeners.
-    const xcb_atom_t manager = connection.atom("MANAGER");
-    m_managers = connection.onEvent(XCB_CLIENT_MESSAGE, [this, manager](const xcb_generic_event_t& event) {
-        const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
-        if (message.type == manager && message.data.data32[1] == m_selection)
-            look();
-    });
+    const xcb_atom_t manager = connection.atoms().manager;
+    m_managers =
+        connection.onEvent<xcb_client_message_event_t>(XCB_CLIENT_MESSAGE, [this, manager](const auto& message) {
+            if (message.type == manager && message.data.data32[1] == m_selection)
+                look();
+        });
     connection.selectRootEvents(XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     m_notifierHosts = std::make_unique<StatusNotifierWatcher>([this] { look(); });
     look();

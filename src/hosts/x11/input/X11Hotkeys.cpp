@@ -10,10 +10,10 @@ X11Hotkeys::X11Hotkeys(X11Connection& connection, X11Keyboard& keyboard, RunLoop
       m_runLoop(runLoop)
 {
     m_presses = connection.onEvent(XCB_KEY_PRESS, [this](const xcb_generic_event_t& event) {
-        receivePress(reinterpret_cast<const xcb_key_press_event_t&>(event));
+        receivePress(eventAs<xcb_key_press_event_t>(event));
     });
     m_releases = connection.onEvent(XCB_KEY_RELEASE, [this](const xcb_generic_event_t& event) {
-        const auto& release = reinterpret_cast<const xcb_key_release_event_t&>(event);
+        const auto& release = eventAs<xcb_key_release_event_t>(event);
         m_releasedAt = release.time;
         m_releasedKey = release.detail;
     });

@@ -51,7 +51,7 @@ X11RawInput::X11RawInput(X11Connection& connection, X11Keyboard& keyboard)
     m_rawEvents =
         connection.onGenericEvent(&xcb_input_id, [this](const xcb_generic_event_t& event) { receive(event); });
     m_mappingChanges = connection.onEvent(XCB_MAPPING_NOTIFY, [this](const xcb_generic_event_t& event) {
-        if (reinterpret_cast<const xcb_mapping_notify_event_t&>(event).request == XCB_MAPPING_POINTER)
+        if (eventAs<xcb_mapping_notify_event_t>(event).request == XCB_MAPPING_POINTER)
             readButtonMapping();
     });
 }
@@ -111,7 +111,7 @@ void X11RawInput::readButtonMapping()
 void X11RawInput::receive(const xcb_generic_event_t& event)
 {
     // Raw button and key events have the same layout.
-    const auto& raw = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
+    const auto& raw = eventAs<xcb_input_raw_button_press_event_t>(event);
     switch (raw.event_type) {
     case XCB_INPUT_RAW_BUTTON_PRESS:
     case XCB_INPUT_RAW_BUTTON_RELEASE:

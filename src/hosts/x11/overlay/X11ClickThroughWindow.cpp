@@ -89,26 +89,26 @@ void X11ClickThroughWindow::letInputThrough() const
 void X11ClickThroughWindow::setHints() const
 {
     xcb_connection_t* raw = m_connection.raw();
-    const auto setValues = [&](std::string_view property, xcb_atom_t type,
-                               std::initializer_list<std::uint32_t> values) {
-        xcb_change_property(raw, XCB_PROP_MODE_REPLACE, m_id, m_connection.atom(property), type, 32,
+    const X11Atoms& atoms = m_connection.atoms();
+    const auto setValues = [&](xcb_atom_t property, xcb_atom_t type, std::initializer_list<std::uint32_t> values) {
+        xcb_change_property(raw, XCB_PROP_MODE_REPLACE, m_id, property, type, 32,
                             static_cast<std::uint32_t>(values.size()), values.begin());
     };
-    const auto setText = [&](std::string_view property, xcb_atom_t type, std::string_view text) {
-        xcb_change_property(raw, XCB_PROP_MODE_REPLACE, m_id, m_connection.atom(property), type, 8,
+    const auto setText = [&](xcb_atom_t property, xcb_atom_t type, std::string_view text) {
+        xcb_change_property(raw, XCB_PROP_MODE_REPLACE, m_id, property, type, 8,
                             static_cast<std::uint32_t>(text.size()), text.data());
     };
-    setText("WM_CLASS", XCB_ATOM_STRING, std::string_view("haloric\0Haloric\0", 16));
-    setText("_NET_WM_NAME", m_connection.atom("UTF8_STRING"), "Haloric overlay");
+    setText(XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, std::string_view("haloric\0Haloric\0", 16));
+    setText(atoms.name, atoms.utf8String, "Haloric overlay");
 
     // By default compositors draw shadows below windows and blur what is behind translucent ones. The desktop's type
     // is the only one that all of them exempt; the frame extents mark a window that draws its own shadow.
-    setValues("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, {m_connection.atom("_NET_WM_WINDOW_TYPE_DESKTOP")});
-    setValues("_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL, {0, 0, 0, 0});
-    setValues("_COMPTON_SHADOW", XCB_ATOM_CARDINAL, {0});
+    setValues(atoms.windowType, XCB_ATOM_ATOM, {atoms.typeDesktop});
+    setValues(atoms.gtkFrameExtents, XCB_ATOM_CARDINAL, {0, 0, 0, 0});
+    setValues(atoms.shadow, XCB_ATOM_CARDINAL, {0});
 
     constexpr std::uint32_t kKeepCompositing = 2;
-    setValues("_NET_WM_BYPASS_COMPOSITOR", XCB_ATOM_CARDINAL, {kKeepCompositing});
+    setValues(atoms.bypassCompositor, XCB_ATOM_CARDINAL, {kKeepCompositing});
 }
 
 } // namespace haloric

@@ -1,6 +1,6 @@
 #include "hosts/x11/overlay/X11Compositor.h"
 
-#include "hosts/x11/server/X11PropertyRequest.h"
+#include "hosts/x11/server/X11Property.h"
 
 #include <xcb/xfixes.h>
 
@@ -12,21 +12,11 @@ constexpr std::uint32_t kOwnershipEvents = XCB_XFIXES_SELECTION_EVENT_MASK_SET_S
                                            XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                            XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
 
-// The selection belongs to the screen of the connection, and compositors count screens as the server does.
-std::string selectionName(const X11Connection& connection)
-{
-    int number = 0;
-    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection.raw()));
-    for (; screens.rem > 1 && screens.data->root != connection.root(); ++number)
-        xcb_screen_next(&screens);
-    return "_NET_WM_CM_S" + std::to_string(number);
-}
-
 } // namespace
 
 X11Compositor::X11Compositor(X11Connection& connection)
     : m_connection(connection),
-      m_selection(connection.atom(selectionName(connection)))
+      m_selection(connection.atoms().compositor)
 {
     xcb_connection_t* raw = connection.raw();
     if (connection.has(&xcb_xfixes_id)) {
@@ -34,8 +24,7 @@ X11Compositor::X11Compositor(X11Connection& connection)
         xcb_xfixes_select_selection_input(raw, connection.root(), m_selection, kOwnershipEvents);
         const auto type =
             static_cast<std::uint8_t>(connection.firstEvent(&xcb_xfixes_id) + XCB_XFIXES_SELECTION_NOTIFY);
-        m_events = connection.onEvent(type, [this](const xcb_generic_event_t& event) {
-            const auto& notify = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
+        m_events = connection.onEvent<xcb_xfixes_selection_notify_event_t>(type, [this](const auto& notify) {
             if (notify.selection == m_selection)
                 setOwner(notify.subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER ? notify.owner : 0);
         });
@@ -58,8 +47,8 @@ std::string X11Compositor::name() const
     if (!isRunning())
         return {};
     xcb_connection_t* raw = m_connection.raw();
-    for (const char* property : {"_NET_WM_NAME", "WM_NAME"}) {
-        const X11Property value = X11PropertyRequest(raw, m_owner, m_connection.atom(property)).take();
+    for (const xcb_atom_t property : {m_connection.atoms().name, xcb_atom_t{XCB_ATOM_WM_NAME}}) {
+        const X11Property value = X11PropertyRequest(raw, m_owner, property).take();
         if (!value.text().empty())
             return std::string(value.text());
     }

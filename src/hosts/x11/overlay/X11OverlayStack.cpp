@@ -6,12 +6,6 @@ namespace haloric {
 
 namespace {
 
-template <class Event>
-const Event& as(const xcb_generic_event_t& event)
-{
-    return reinterpret_cast<const Event&>(event);
-}
-
 // Windows that are kept above others stay above the overlays, too, unless they have the focus.
 bool isOrdinary(const X11Client& client, std::uint32_t currentDesktop)
 {
@@ -34,28 +28,28 @@ void X11OverlayStack::listen()
         m_subscriptions.push_back(m_connection.onEvent(type, std::move(handler)));
     };
     on(XCB_CONFIGURE_NOTIFY,
-       [this](const xcb_generic_event_t& event) { noticeConfigure(as<xcb_configure_notify_event_t>(event)); });
+       [this](const xcb_generic_event_t& event) { noticeConfigure(eventAs<xcb_configure_notify_event_t>(event)); });
     on(XCB_MAP_NOTIFY,
-       [this](const xcb_generic_event_t& event) { noticeOthers(as<xcb_map_notify_event_t>(event).window); });
+       [this](const xcb_generic_event_t& event) { noticeOthers(eventAs<xcb_map_notify_event_t>(event).window); });
     on(XCB_UNMAP_NOTIFY,
-       [this](const xcb_generic_event_t& event) { noticeOthers(as<xcb_unmap_notify_event_t>(event).window); });
+       [this](const xcb_generic_event_t& event) { noticeOthers(eventAs<xcb_unmap_notify_event_t>(event).window); });
     on(XCB_DESTROY_NOTIFY, [this](const xcb_generic_event_t& event) {
-        const xcb_window_t window = as<xcb_destroy_notify_event_t>(event).window;
+        const xcb_window_t window = eventAs<xcb_destroy_notify_event_t>(event).window;
         m_siblingsBelow.erase(window);
         noticeOthers(window);
     });
     on(XCB_REPARENT_NOTIFY, [this](const xcb_generic_event_t& event) {
-        const auto& reparent = as<xcb_reparent_notify_event_t>(event);
+        const auto& reparent = eventAs<xcb_reparent_notify_event_t>(event);
         if (reparent.parent != m_connection.root())
             m_siblingsBelow.erase(reparent.window); // no further event reports it, nor its end
         noticeOthers(reparent.window);
     });
     on(XCB_CIRCULATE_NOTIFY,
-       [this](const xcb_generic_event_t& event) { noticeOthers(as<xcb_circulate_notify_event_t>(event).window); });
-    const xcb_atom_t active = m_connection.atom("_NET_ACTIVE_WINDOW");
-    const xcb_atom_t stacking = m_connection.atom("_NET_CLIENT_LIST_STACKING");
+       [this](const xcb_generic_event_t& event) { noticeOthers(eventAs<xcb_circulate_notify_event_t>(event).window); });
+    const xcb_atom_t active = m_connection.atoms().activeWindow;
+    const xcb_atom_t stacking = m_connection.atoms().clientListStacking;
     on(XCB_PROPERTY_NOTIFY, [this, active, stacking](const xcb_generic_event_t& event) {
-        const auto& property = as<xcb_property_notify_event_t>(event);
+        const auto& property = eventAs<xcb_property_notify_event_t>(event);
         if (property.window == m_connection.root() && (property.atom == active || property.atom == stacking))
             m_isDue = true;
     });

@@ -3,6 +3,7 @@
 // before the loop waits. Main thread.
 #pragma once
 
+#include "drawing/PixelRect.h"
 #include "hosts/x11/overlay/X11OverlaySurface.h"
 #include "platform/ToolkitWindow.h"
 

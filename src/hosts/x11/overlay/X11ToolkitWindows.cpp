@@ -27,9 +27,8 @@ X11ToolkitWindows::X11ToolkitWindows(X11Connection& connection, LinuxRunLoop& ru
             m_mapDamage.mapped(window);
     });
     m_compositorChanges = compositor.onChange([this] { compositorChanged(); });
-    m_exposures = connection.onEvent(XCB_EXPOSE, [this](const xcb_generic_event_t& event) {
-        expose(reinterpret_cast<const xcb_expose_event_t&>(event));
-    });
+    m_exposures = connection.onEvent(
+        XCB_EXPOSE, [this](const xcb_generic_event_t& event) { expose(eventAs<xcb_expose_event_t>(event)); });
     m_beforeWait = runLoop.onBeforeWait([this] { return beforeWait(); });
 }
 

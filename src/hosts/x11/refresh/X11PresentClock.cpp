@@ -51,7 +51,7 @@ void X11PresentClock::ask()
 
 void X11PresentClock::receive(const xcb_generic_event_t& event)
 {
-    const auto& complete = reinterpret_cast<const xcb_present_complete_notify_event_t&>(event);
+    const auto& complete = eventAs<xcb_present_complete_notify_event_t>(event);
     if (complete.event_type != XCB_PRESENT_COMPLETE_NOTIFY || complete.event != m_eventId ||
         complete.serial != m_serial)
         return; // another clock's, or one from before

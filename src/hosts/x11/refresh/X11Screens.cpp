@@ -1,6 +1,6 @@
 #include "hosts/x11/refresh/X11Screens.h"
 
-#include "hosts/x11/server/X11PropertyRequest.h"
+#include "hosts/x11/server/X11Property.h"
 
 #include <utility>
 
@@ -29,12 +29,11 @@ void X11Screens::listen()
         xcb_change_window_attributes(m_connection.raw(), resourceRoot, XCB_CW_EVENT_MASK, &mask);
     }
     noteOn(XCB_PROPERTY_NOTIFY, [resourceRoot](const auto& event) {
-        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        const auto& change = eventAs<xcb_property_notify_event_t>(event);
         return change.window == resourceRoot && change.atom == XCB_ATOM_RESOURCE_MANAGER;
     });
-    noteOn(XCB_CONFIGURE_NOTIFY, [root](const auto& event) {
-        return reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == root;
-    });
+    noteOn(XCB_CONFIGURE_NOTIFY,
+           [root](const auto& event) { return eventAs<xcb_configure_notify_event_t>(event).window == root; });
     if (!m_connection.has(&xcb_randr_id))
         return;
     xcb_randr_select_input(m_connection.raw(), root,

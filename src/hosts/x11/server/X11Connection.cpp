@@ -1,35 +1,6 @@
 #include "hosts/x11/server/X11Connection.h"
 
-#include "hosts/x11/server/X11AtomNames.h"
-
-#include <vector>
-
 namespace haloric {
-
-namespace {
-
-constexpr std::uint8_t kSentEventBit = 0x80;
-
-const xcb_screen_t* findScreen(xcb_connection_t* connection, int number)
-{
-    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
-    for (; screens.rem > 1 && number > 0; --number)
-        xcb_screen_next(&screens);
-    return screens.data;
-}
-
-xcb_intern_atom_cookie_t askForAtom(xcb_connection_t* connection, std::string_view name)
-{
-    return xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-}
-
-xcb_atom_t awaitAtom(xcb_connection_t* connection, xcb_intern_atom_cookie_t cookie)
-{
-    const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
-
-} // namespace
 
 std::unique_ptr<X11Connection> X11Connection::open(const char* display, LinuxRunLoop& runLoop)
 {
@@ -44,12 +15,13 @@ std::unique_ptr<X11Connection> X11Connection::open(const char* display, LinuxRun
 
 X11Connection::X11Connection(xcb_connection_t* connection, int screenNumber, LinuxRunLoop& runLoop)
     : m_connection(connection),
-      m_screen(findScreen(connection, screenNumber))
+      m_screenNumber(screenNumber),
+      m_screen(&findScreen(connection, screenNumber)),
+      m_atoms(connection, screenNumber)
 {
-    prefetchAtoms();
     m_watch = runLoop.watch(xcb_get_file_descriptor(connection), [this] { dispatchPending(); });
     m_beforeWait = runLoop.onBeforeWait([this] {
-        // Replies read meanwhile may have brought events along; the descriptor does not tell of those.
+        // Replies read meanwhile may have brought events along; the descriptor is not readable for those.
         bool worked = false;
         while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_queued_event(m_connection)}) {
             dispatch(*event);
@@ -67,24 +39,12 @@ X11Connection::~X11Connection()
     xcb_disconnect(m_connection);
 }
 
-void X11Connection::prefetchAtoms()
+const xcb_screen_t& X11Connection::findScreen(xcb_connection_t* connection, int number)
 {
-    std::vector<xcb_intern_atom_cookie_t> cookies;
-    cookies.reserve(kX11AtomNames.size());
-    for (const auto name : kX11AtomNames)
-        cookies.push_back(askForAtom(m_connection, name));
-    for (std::size_t index = 0; index < cookies.size(); ++index)
-        m_atoms.emplace(kX11AtomNames[index], awaitAtom(m_connection, cookies[index]));
-}
-
-xcb_atom_t X11Connection::atom(std::string_view name)
-{
-    const auto found = m_atoms.find(std::string(name));
-    if (found != m_atoms.end())
-        return found->second;
-    const xcb_atom_t atom = awaitAtom(m_connection, askForAtom(m_connection, name));
-    m_atoms.emplace(name, atom);
-    return atom;
+    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    for (; screens.rem > 1 && number > 0; --number)
+        xcb_screen_next(&screens);
+    return *screens.data;
 }
 
 bool X11Connection::has(xcb_extension_t* extension) const
@@ -114,7 +74,26 @@ void X11Connection::selectRootEvents(std::uint32_t mask)
     if ((m_rootEvents & mask) == mask)
         return;
     m_rootEvents |= mask;
-    xcb_change_window_attributes(m_connection, root(), XCB_CW_EVENT_MASK, &m_rootEvents);
+    selectEvents(root(), m_rootEvents);
+}
+
+bool X11Connection::mayListenTo(xcb_window_t window) const
+{
+    const auto* setup = xcb_get_setup(m_connection);
+    return window != XCB_WINDOW_NONE && window != root() &&
+           (window & ~setup->resource_id_mask) != setup->resource_id_base;
+}
+
+void X11Connection::listenTo(xcb_window_t window)
+{
+    selectEvents(window, XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+}
+
+void X11Connection::ignore(xcb_window_t window) { selectEvents(window, XCB_EVENT_MASK_NO_EVENT); }
+
+void X11Connection::selectEvents(xcb_window_t window, std::uint32_t mask)
+{
+    xcb_change_window_attributes(m_connection, window, XCB_CW_EVENT_MASK, &mask);
 }
 
 bool X11Connection::dispatchPending()
@@ -133,7 +112,7 @@ void X11Connection::dispatch(const xcb_generic_event_t& event)
     if (type == 0)
         return; // an error of a request without a reply
     if (type == XCB_GE_GENERIC) {
-        const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
+        const auto& generic = eventAs<xcb_ge_generic_event_t>(event);
         const auto found = m_genericEvents.find(generic.extension);
         if (found != m_genericEvents.end())
             found->second.publish(event);

@@ -1,6 +1,9 @@
 #include "hosts/x11/server/X11Property.h"
 
+#include "hosts/x11/server/XcbReply.h"
+
 #include <cstring>
+#include <utility>
 
 namespace haloric {
 
@@ -58,6 +61,36 @@ std::string_view X11Property::text(std::size_t part) const
         rest.remove_prefix(end + 1);
     }
     return rest.substr(0, rest.find('\0'));
+}
+
+X11PropertyRequest::X11PropertyRequest(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property,
+                                       std::uint32_t maximumWords)
+    : m_connection(connection),
+      m_cookie(xcb_get_property(connection, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, maximumWords))
+{
+}
+
+X11PropertyRequest::X11PropertyRequest(X11PropertyRequest&& other) noexcept
+    : m_connection(std::exchange(other.m_connection, nullptr)),
+      m_cookie(other.m_cookie)
+{
+}
+
+X11PropertyRequest::~X11PropertyRequest()
+{
+    if (m_connection)
+        xcb_discard_reply(m_connection, m_cookie.sequence);
+}
+
+X11Property X11PropertyRequest::take()
+{
+    auto* connection = std::exchange(m_connection, nullptr);
+    const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection, m_cookie, nullptr));
+    if (!reply || reply->type == XCB_ATOM_NONE)
+        return {};
+    const auto* bytes = static_cast<const char*>(xcb_get_property_value(reply.get()));
+    const auto length = static_cast<std::size_t>(xcb_get_property_value_length(reply.get()));
+    return {reply->type, reply->format, std::string(bytes, length)};
 }
 
 } // namespace haloric

@@ -1,5 +1,5 @@
-// The value of a window property as it was found. Anybody may write anything into a property, so every reading
-// checks type, format and length, and a property that is not what it should be counts as absent.
+// The value of a window property, and the request for one. Any client may write anything into a property, so every
+// accessor checks type, format and length; a property with other ones counts as absent.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +24,7 @@ public:
 
     bool exists() const { return m_type != XCB_ATOM_NONE; }
 
-    // 32-bit values of a property that has this type; what does not fill a whole value is left out.
+    // 32-bit values of a property that has this type; an incomplete last value is left out.
     std::size_t count(xcb_atom_t type) const;
     std::uint32_t value(std::size_t index) const; // index below count()
     std::optional<std::uint32_t> first(xcb_atom_t type) const;
@@ -37,7 +37,7 @@ public:
     std::optional<xcb_window_t> window() const { return first(XCB_ATOM_WINDOW); }
     std::vector<xcb_window_t> windows() const { return values(XCB_ATOM_WINDOW); }
 
-    // 8-bit text of any type, up to its first zero byte; empty when it is none.
+    // 8-bit text of any type, up to its first zero byte; empty for other formats.
     std::string_view text() const { return text(0); }
 
     // The part of 8-bit text with zero bytes between parts; empty past the last one.
@@ -47,6 +47,27 @@ private:
     xcb_atom_t m_type = XCB_ATOM_NONE;
     std::uint8_t m_format = 0;
     std::string m_bytes;
+};
+
+// A request for a property whose reply has not been read yet. The constructor neither flushes nor waits, so many
+// requests share a round trip; `take` blocks on the X server. A reply that is never taken is dropped.
+class X11PropertyRequest {
+public:
+    static constexpr std::uint32_t kDefaultMaximumWords = 64; // enough for states, types, extents and names
+    static constexpr std::uint32_t kUnlimitedWords = 1U << 20;
+
+    X11PropertyRequest(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property,
+                       std::uint32_t maximumWords = kDefaultMaximumWords);
+    X11PropertyRequest(X11PropertyRequest&& other) noexcept;
+    X11PropertyRequest& operator=(X11PropertyRequest&&) = delete;
+    ~X11PropertyRequest();
+
+    // Call it once. Absent when the window is gone or has no such property.
+    X11Property take();
+
+private:
+    xcb_connection_t* m_connection;
+    xcb_get_property_cookie_t m_cookie;
 };
 
 } // namespace haloric

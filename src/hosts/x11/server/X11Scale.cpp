@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 
 namespace haloric {
 
@@ -20,6 +22,50 @@ std::string_view withoutLeadingBlanks(std::string_view text)
 }
 
 } // namespace
+
+PixelRect withinProtocol(const PixelRect& rect)
+{
+    using Limits = std::numeric_limits<std::int16_t>;
+    return {std::clamp<int>(rect.x, Limits::min(), Limits::max()),
+            std::clamp<int>(rect.y, Limits::min(), Limits::max()), std::clamp<int>(rect.width, 1, Limits::max()),
+            std::clamp<int>(rect.height, 1, Limits::max())};
+}
+
+Rect X11Space::toGlobal(const PixelRect& pixels) const
+{
+    return {(pixels.x - primary.x) / pixelsPerPoint, (pixels.y - primary.y) / pixelsPerPoint,
+            pixels.width / pixelsPerPoint, pixels.height / pixelsPerPoint};
+}
+
+PixelRect X11Space::fromGlobal(const Rect& points) const
+{
+    return {rounded(points.x) + primary.x, rounded(points.y) + primary.y, rounded(points.width),
+            rounded(points.height)};
+}
+
+Point X11Space::offsetFromScreenSpace(const Rect& points) const
+{
+    const Rect global = flippedVertically(points, primaryHeight());
+    return {offset(global.x), offset(global.y)};
+}
+
+double X11Space::exact(double points) const
+{
+    constexpr double kFarthest = 1e8; // far outside of any root window, and safe to add to
+    return std::clamp(points * pixelsPerPoint, -kFarthest, kFarthest);
+}
+
+int X11Space::rounded(double points) const
+{
+    constexpr double kNoise = 1e-6; // a half stays one through the noise of earlier sums
+    return static_cast<int>(std::floor(exact(points) + 0.5 + kNoise));
+}
+
+double X11Space::offset(double points) const
+{
+    constexpr double kSteps = 256; // finer ones would be noise to the eye, and in the sums
+    return std::round((exact(points) - rounded(points)) * kSteps) / kSteps;
+}
 
 double X11Scale::fromDotsPerInch(double dotsPerInch)
 {

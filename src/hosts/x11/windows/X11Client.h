@@ -39,7 +39,7 @@ struct X11Client {
         return type == X11WindowType::normal || type == X11WindowType::dialog || type == X11WindowType::utility;
     }
 
-    X11Rect visibleFrame() const { return shaded ? geometry.rolledUpFrame() : geometry.visibleFrame(); }
+    PixelRect visibleFrame() const { return shaded ? geometry.rolledUpFrame() : geometry.visibleFrame(); }
 
     // Some window managers call a window that is rolled up hidden; its title bar is still there.
     bool isMinimised() const { return (hidden || iconic) && !shaded; }

@@ -9,8 +9,8 @@ void X11ClientNotice::appendChanges(std::vector<X11ClientNotice>& notices, const
         if (happened)
             notices.push_back({now.pid, now.window, change});
     };
-    const X11Rect old = before.visibleFrame();
-    const X11Rect current = now.visibleFrame();
+    const PixelRect old = before.visibleFrame();
+    const PixelRect current = now.visibleFrame();
     note(old.x != current.x || old.y != current.y, X11ClientChange::moved);
     note(old.width != current.width || old.height != current.height, X11ClientChange::resized);
     note(before.geometry.decoration != now.geometry.decoration || before.geometry.shadow != now.geometry.shadow,

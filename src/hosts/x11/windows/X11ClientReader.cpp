@@ -1,6 +1,6 @@
 #include "hosts/x11/windows/X11ClientReader.h"
 
-#include "hosts/x11/server/X11PropertyRequest.h"
+#include "hosts/x11/server/X11Property.h"
 #include "hosts/x11/server/XcbReply.h"
 #include "hosts/x11/windows/X11ProcessIds.h"
 

@@ -4,7 +4,7 @@
 // Waits for the X server, never for a client. Belongs to the thread that reads its connection's replies.
 #pragma once
 
-#include "hosts/x11/server/X11DesktopAtoms.h"
+#include "hosts/x11/server/X11Atoms.h"
 #include "hosts/x11/windows/X11Client.h"
 
 #include <optional>
@@ -17,7 +17,8 @@ namespace haloric {
 
 class X11ClientReader {
 public:
-    X11ClientReader(xcb_connection_t* connection, xcb_window_t root, const X11DesktopAtoms& atoms)
+    // `atoms` outlives it.
+    X11ClientReader(xcb_connection_t* connection, xcb_window_t root, const X11Atoms& atoms)
         : m_connection(connection),
           m_root(root),
           m_atoms(atoms)
@@ -46,7 +47,7 @@ private:
 
     xcb_connection_t* m_connection;
     xcb_window_t m_root;
-    X11DesktopAtoms m_atoms;
+    const X11Atoms& m_atoms;
 };
 
 } // namespace haloric

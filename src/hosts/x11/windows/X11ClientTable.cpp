@@ -170,7 +170,7 @@ void X11ClientTable::setStacking(std::span<const xcb_window_t> bottomToTop)
     }
 }
 
-std::optional<X11ClientTable::Configured> X11ClientTable::configureFrame(xcb_window_t frame, const X11Rect& outer,
+std::optional<X11ClientTable::Configured> X11ClientTable::configureFrame(xcb_window_t frame, const PixelRect& outer,
                                                                          std::uint32_t sequence)
 {
     const std::lock_guard guard(m_lock);
@@ -180,7 +180,7 @@ std::optional<X11ClientTable::Configured> X11ClientTable::configureFrame(xcb_win
             continue;
         if (static_cast<std::int32_t>(sequence - client.measuredAt) < 0)
             return std::nullopt;
-        const X11Rect before = client.geometry.frame;
+        const PixelRect before = client.geometry.frame;
         client.geometry.frameConfigured(outer);
         return Configured{client.window, before.width != outer.width || before.height != outer.height};
     }

@@ -53,7 +53,7 @@ public:
         xcb_window_t client = XCB_WINDOW_NONE;
         bool resized = false;
     };
-    std::optional<Configured> configureFrame(xcb_window_t frame, const X11Rect& outer, std::uint32_t sequence);
+    std::optional<Configured> configureFrame(xcb_window_t frame, const PixelRect& outer, std::uint32_t sequence);
 
     // What has changed since the last call, window by window.
     std::vector<X11ClientNotice> takeNotices();

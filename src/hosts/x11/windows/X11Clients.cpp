@@ -1,7 +1,6 @@
 #include "hosts/x11/windows/X11Clients.h"
 
-#include "hosts/x11/server/X11PropertyRequest.h"
-#include "hosts/x11/server/X11WindowEvents.h"
+#include "hosts/x11/server/X11Property.h"
 
 #include <algorithm>
 #include <array>
@@ -12,20 +11,13 @@ namespace haloric {
 
 namespace {
 
-constexpr std::uint8_t kSentEventBit = 0x80;
 constexpr std::uint32_t kMostWindows = 4096; // a longer list is taken for broken and cut
-
-template <class Event>
-const Event& as(const xcb_generic_event_t& event)
-{
-    return reinterpret_cast<const Event&>(event);
-}
 
 } // namespace
 
 X11Clients::X11Clients(X11Connection& connection, LinuxRunLoop& runLoop)
     : m_connection(connection),
-      m_atoms(connection),
+      m_atoms(connection.atoms()),
       m_reader(connection.raw(), connection.root(), m_atoms)
 {
     listen();
@@ -36,15 +28,18 @@ X11Clients::X11Clients(X11Connection& connection, LinuxRunLoop& runLoop)
 void X11Clients::listen()
 {
     m_connection.selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
-    const auto on = [this](std::uint8_t type, X11Connection::EventHandler handler) {
-        m_subscriptions.push_back(m_connection.onEvent(type, std::move(handler)));
-    };
-    on(XCB_PROPERTY_NOTIFY, [this](const auto& event) { propertyChanged(as<xcb_property_notify_event_t>(event)); });
-    on(XCB_CONFIGURE_NOTIFY, [this](const auto& event) { configured(event); });
-    on(XCB_REPARENT_NOTIFY, [this](const auto& event) { changed(as<xcb_reparent_notify_event_t>(event).window); });
-    on(XCB_MAP_NOTIFY, [this](const auto& event) { changed(as<xcb_map_notify_event_t>(event).window); });
-    on(XCB_UNMAP_NOTIFY, [this](const auto& event) { changed(as<xcb_unmap_notify_event_t>(event).window); });
-    on(XCB_DESTROY_NOTIFY, [this](const auto& event) { destroyed(as<xcb_destroy_notify_event_t>(event).window); });
+    m_subscriptions.push_back(m_connection.onEvent<xcb_property_notify_event_t>(
+        XCB_PROPERTY_NOTIFY, [this](const auto& event) { propertyChanged(event); }));
+    m_subscriptions.push_back(
+        m_connection.onEvent(XCB_CONFIGURE_NOTIFY, [this](const auto& event) { configured(event); }));
+    m_subscriptions.push_back(m_connection.onEvent<xcb_reparent_notify_event_t>(
+        XCB_REPARENT_NOTIFY, [this](const auto& event) { changed(event.window); }));
+    m_subscriptions.push_back(m_connection.onEvent<xcb_map_notify_event_t>(
+        XCB_MAP_NOTIFY, [this](const auto& event) { changed(event.window); }));
+    m_subscriptions.push_back(m_connection.onEvent<xcb_unmap_notify_event_t>(
+        XCB_UNMAP_NOTIFY, [this](const auto& event) { changed(event.window); }));
+    m_subscriptions.push_back(m_connection.onEvent<xcb_destroy_notify_event_t>(
+        XCB_DESTROY_NOTIFY, [this](const auto& event) { destroyed(event.window); }));
 }
 
 bool X11Clients::describesClient(xcb_atom_t property) const
@@ -73,9 +68,9 @@ void X11Clients::configured(const xcb_generic_event_t& event)
     // Window managers tell clients where they are with events of their own making; the frame's tell us.
     if ((event.response_type & kSentEventBit) != 0)
         return;
-    const auto& configure = as<xcb_configure_notify_event_t>(event);
-    const X11Rect outer = X11FrameGeometry::outerRect(configure.x, configure.y, configure.width, configure.height,
-                                                      configure.border_width);
+    const auto& configure = eventAs<xcb_configure_notify_event_t>(event);
+    const PixelRect outer = X11FrameGeometry::outerRect(configure.x, configure.y, configure.width, configure.height,
+                                                        configure.border_width);
     if (configure.event != m_connection.root()) {
         m_toMeasure.insert(configure.window); // a client inside its frame
     } else if (const auto framed = m_table.configureFrame(configure.window, outer, event.full_sequence)) {
@@ -149,16 +144,16 @@ void X11Clients::adopt(const std::vector<xcb_window_t>& listed, xcb_window_t act
 {
     std::set<xcb_window_t> wanted(listed.begin(), listed.end());
     wanted.insert(activeWindow);
-    std::erase_if(wanted, [this](xcb_window_t window) { return !X11WindowEvents::mayListen(m_connection, window); });
+    std::erase_if(wanted, [this](xcb_window_t window) { return !m_connection.mayListenTo(window); });
     for (const xcb_window_t window : m_table.windows()) {
         if (wanted.erase(window) > 0)
             continue;
         m_table.remove(window);
         m_toRead.erase(window);
-        X11WindowEvents::ignore(m_connection, window);
+        m_connection.ignore(window);
     }
     for (const xcb_window_t window : wanted) {
-        X11WindowEvents::listen(m_connection, window); // before reading, so that nothing is missed
+        m_connection.listenTo(window); // before reading, so that nothing is missed
         m_toRead.insert(window);
     }
 }

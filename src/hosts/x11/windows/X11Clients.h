@@ -7,7 +7,6 @@
 #include "foundation/Subscription.h"
 #include "hosts/linux/loop/LinuxRunLoop.h"
 #include "hosts/x11/server/X11Connection.h"
-#include "hosts/x11/server/X11DesktopAtoms.h"
 #include "hosts/x11/windows/X11ClientReader.h"
 #include "hosts/x11/windows/X11ClientTable.h"
 
@@ -24,7 +23,6 @@ public:
     X11Clients& operator=(const X11Clients&) = delete;
 
     const X11ClientTable& table() const { return m_table; }
-    const X11DesktopAtoms& atoms() const { return m_atoms; }
 
     // What happened to each window, after the table has been brought up to date.
     Subscription onNotice(Publisher<X11ClientNotice>::Handler handler)
@@ -49,7 +47,7 @@ private:
     bool describesClient(xcb_atom_t property) const;
 
     X11Connection& m_connection;
-    X11DesktopAtoms m_atoms;
+    const X11Atoms& m_atoms;
     X11ClientReader m_reader;
     X11ClientTable m_table;
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::uint32_t kLargestExtent = 4096; // beyond it, a property is taken for broken
 
-X11Rect grownBy(const X11Rect& rect, const X11Extents& extents, int sign)
+PixelRect grownBy(const PixelRect& rect, const X11Extents& extents, int sign)
 {
     return {rect.x - sign * extents.left, rect.y - sign * extents.top,
             rect.width + sign * (extents.left + extents.right), rect.height + sign * (extents.top + extents.bottom)};
@@ -29,34 +29,34 @@ std::optional<X11Extents> X11Extents::from(const X11Property& property)
     return X11Extents{side(0), side(1), side(2), side(3)};
 }
 
-X11Rect X11FrameGeometry::outerRect(int x, int y, int width, int height, int borderWidth)
+PixelRect X11FrameGeometry::outerRect(int x, int y, int width, int height, int borderWidth)
 {
     return {x, y, width + 2 * borderWidth, height + 2 * borderWidth};
 }
 
-void X11FrameGeometry::frameConfigured(const X11Rect& outer)
+void X11FrameGeometry::frameConfigured(const PixelRect& outer)
 {
     client.width = std::max(0, client.width + outer.width - frame.width);
     client.height = std::max(0, client.height + outer.height - frame.height);
     frame = outer;
 }
 
-X11Rect X11FrameGeometry::visibleFrame() const
+PixelRect X11FrameGeometry::visibleFrame() const
 {
-    X11Rect visible{frame.x + client.x, frame.y + client.y, client.width, client.height};
+    PixelRect visible{frame.x + client.x, frame.y + client.y, client.width, client.height};
     if (decoration)
         visible = grownBy(visible, *decoration, 1);
     if (shadow) {
-        const X11Rect withoutShadow = grownBy(visible, *shadow, -1);
+        const PixelRect withoutShadow = grownBy(visible, *shadow, -1);
         if (withoutShadow.width > 0 && withoutShadow.height > 0)
             visible = withoutShadow;
     }
     return visible;
 }
 
-X11Rect X11FrameGeometry::rolledUpFrame() const
+PixelRect X11FrameGeometry::rolledUpFrame() const
 {
-    X11Rect visible = visibleFrame();
+    PixelRect visible = visibleFrame();
     if (decoration && decoration->top > 0)
         visible.height = decoration->top + decoration->bottom;
     return visible;

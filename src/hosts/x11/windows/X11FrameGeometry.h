@@ -7,7 +7,7 @@
 // frame is measured once; afterwards the frame's own events are enough. Root pixels.
 #pragma once
 
-#include "hosts/x11/server/X11Rect.h"
+#include "drawing/PixelRect.h"
 
 #include <cstdint>
 #include <optional>
@@ -30,22 +30,22 @@ struct X11Extents {
 };
 
 struct X11FrameGeometry {
-    X11Rect frame;                        // of the frame window, borders included
-    X11Rect client;                       // of the client's content; x and y relative to the frame's corner
+    PixelRect frame;                      // of the frame window, borders included
+    PixelRect client;                     // of the client's content; x and y relative to the frame's corner
     std::optional<X11Extents> decoration; // _NET_FRAME_EXTENTS
     std::optional<X11Extents> shadow;     // _GTK_FRAME_EXTENTS
 
     // A window's rectangle with its borders, from its core geometry.
-    static X11Rect outerRect(int x, int y, int width, int height, int borderWidth);
+    static PixelRect outerRect(int x, int y, int width, int height, int borderWidth);
 
     // The frame has moved or changed its size. A change of size is taken to be the client's as well until somebody
     // measures again.
-    void frameConfigured(const X11Rect& outer);
+    void frameConfigured(const PixelRect& outer);
 
-    X11Rect visibleFrame() const;
+    PixelRect visibleFrame() const;
 
     // What is seen of a window that is rolled up: its decoration alone.
-    X11Rect rolledUpFrame() const;
+    PixelRect rolledUpFrame() const;
 
     friend bool operator==(const X11FrameGeometry&, const X11FrameGeometry&) = default;
 };

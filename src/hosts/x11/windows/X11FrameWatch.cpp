@@ -1,6 +1,6 @@
 #include "hosts/x11/windows/X11FrameWatch.h"
 
-#include "hosts/x11/server/XcbReply.h"
+#include "hosts/x11/server/X11Connection.h"
 
 #include <array>
 #include <cerrno>
@@ -21,17 +21,9 @@ void signal(int descriptor)
     [[maybe_unused]] const auto written = write(descriptor, &one, sizeof one); // full means: already signalled
 }
 
-xcb_window_t rootOf(xcb_connection_t* connection, int screenNumber)
-{
-    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
-    for (; screens.rem > 1 && screenNumber > 0; --screenNumber)
-        xcb_screen_next(&screens);
-    return screens.data->root;
-}
-
 } // namespace
 
-X11FrameWatch::X11FrameWatch(const char* display, const X11DesktopAtoms& atoms, Handler handler)
+X11FrameWatch::X11FrameWatch(const char* display, const X11Atoms& atoms, Handler handler)
     : m_handler(std::move(handler))
 {
     int screenNumber = 0;
@@ -46,7 +38,7 @@ X11FrameWatch::X11FrameWatch(const char* display, const X11DesktopAtoms& atoms, 
         throw std::system_error(errno, std::generic_category(), "eventfd");
     }
     m_connection = connection;
-    m_watched.emplace(connection, rootOf(connection, screenNumber), atoms);
+    m_watched.emplace(connection, X11Connection::findScreen(connection, screenNumber).root, atoms);
     m_thread = std::thread([this] { run(); });
 }
 
@@ -124,7 +116,7 @@ void X11FrameWatch::tell()
         return;
     const auto now = m_watched->visibleFrame();
     const bool exists = m_watched->exists();
-    std::optional<X11Rect> before;
+    std::optional<PixelRect> before;
     {
         const std::lock_guard guard(m_lock);
         if (m_target.serial != m_serial)

@@ -6,7 +6,7 @@
 // alone.
 #pragma once
 
-#include "hosts/x11/server/X11DesktopAtoms.h"
+#include "hosts/x11/server/X11Atoms.h"
 #include "hosts/x11/windows/X11Client.h"
 #include "hosts/x11/windows/X11WatchedWindow.h"
 
@@ -27,7 +27,7 @@ public:
 
     // Connects to `display` (null: what DISPLAY names) and starts the thread. Without a connection nothing is ever
     // watched.
-    X11FrameWatch(const char* display, const X11DesktopAtoms& atoms, Handler handler);
+    X11FrameWatch(const char* display, const X11Atoms& atoms, Handler handler);
     ~X11FrameWatch();
     X11FrameWatch(const X11FrameWatch&) = delete;
     X11FrameWatch& operator=(const X11FrameWatch&) = delete;
@@ -41,8 +41,8 @@ public:
 
     // Where the watched window is at the moment. Any thread; costs a lock.
     struct Sighting {
-        bool isWatched = false;              // false: some other window, or not seen yet
-        std::optional<X11Rect> visibleFrame; // absent when it is hidden or gone
+        bool isWatched = false;                // false: some other window, or not seen yet
+        std::optional<PixelRect> visibleFrame; // absent when it is hidden or gone
     };
     Sighting look(xcb_window_t window) const;
 
@@ -52,7 +52,7 @@ private:
         std::uint64_t serial = 0; // tells one call of `watch` from the next
         bool isSeen = false;
         bool exists = true;
-        std::optional<X11Rect> visibleFrame;
+        std::optional<PixelRect> visibleFrame;
     };
 
     void run();

@@ -1,5 +1,7 @@
 #include "hosts/x11/windows/X11WatchedWindow.h"
 
+#include "hosts/x11/server/XcbReply.h"
+
 #include <array>
 #include <utility>
 
@@ -9,15 +11,9 @@ namespace {
 
 constexpr std::uint32_t kClientEvents = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
 
-template <class Event>
-const Event& as(const xcb_generic_event_t& event)
-{
-    return reinterpret_cast<const Event&>(event);
-}
-
 } // namespace
 
-X11WatchedWindow::X11WatchedWindow(xcb_connection_t* connection, xcb_window_t root, const X11DesktopAtoms& atoms)
+X11WatchedWindow::X11WatchedWindow(xcb_connection_t* connection, xcb_window_t root, const X11Atoms& atoms)
     : m_connection(connection),
       m_root(root),
       m_atoms(atoms),
@@ -43,7 +39,7 @@ void X11WatchedWindow::become(xcb_window_t window)
     readAgain();
 }
 
-std::optional<X11Rect> X11WatchedWindow::visibleFrame() const
+std::optional<PixelRect> X11WatchedWindow::visibleFrame() const
 {
     const bool isSeen = m_exists && !m_client.isMinimised() && (m_client.mapped || m_client.shaded);
     return isSeen ? std::optional(m_client.visibleFrame()) : std::nullopt;
@@ -77,19 +73,19 @@ void X11WatchedWindow::handle(const xcb_generic_event_t& event)
         configured(event);
         break;
     case XCB_PROPERTY_NOTIFY:
-        propertyChanged(as<xcb_property_notify_event_t>(event).atom);
+        propertyChanged(eventAs<xcb_property_notify_event_t>(event).atom);
         break;
     case XCB_REPARENT_NOTIFY:
-        m_mustRead = m_mustRead || as<xcb_reparent_notify_event_t>(event).window == m_client.window;
+        m_mustRead = m_mustRead || eventAs<xcb_reparent_notify_event_t>(event).window == m_client.window;
         break;
     case XCB_MAP_NOTIFY:
-        mapped(as<xcb_map_notify_event_t>(event).window, true);
+        mapped(eventAs<xcb_map_notify_event_t>(event).window, true);
         break;
     case XCB_UNMAP_NOTIFY:
-        mapped(as<xcb_unmap_notify_event_t>(event).window, false);
+        mapped(eventAs<xcb_unmap_notify_event_t>(event).window, false);
         break;
     case XCB_DESTROY_NOTIFY:
-        destroyed(as<xcb_destroy_notify_event_t>(event).window);
+        destroyed(eventAs<xcb_destroy_notify_event_t>(event).window);
         break;
     default:
         break;
@@ -104,7 +100,7 @@ void X11WatchedWindow::propertyChanged(xcb_atom_t property)
 
 void X11WatchedWindow::configured(const xcb_generic_event_t& event)
 {
-    const auto& configure = as<xcb_configure_notify_event_t>(event);
+    const auto& configure = eventAs<xcb_configure_notify_event_t>(event);
     if (configure.event != m_root) {
         m_mustMeasure = true; // the client inside its frame
         return;
@@ -112,9 +108,9 @@ void X11WatchedWindow::configured(const xcb_generic_event_t& event)
     const bool isStale = static_cast<std::int32_t>(event.full_sequence - m_client.measuredAt) < 0;
     if (configure.window != m_client.frame || isStale)
         return;
-    const X11Rect outer = X11FrameGeometry::outerRect(configure.x, configure.y, configure.width, configure.height,
-                                                      configure.border_width);
-    const X11Rect& before = m_client.geometry.frame;
+    const PixelRect outer = X11FrameGeometry::outerRect(configure.x, configure.y, configure.width, configure.height,
+                                                        configure.border_width);
+    const PixelRect& before = m_client.geometry.frame;
     m_mustMeasure = m_mustMeasure || before.width != outer.width || before.height != outer.height;
     m_client.geometry.frameConfigured(outer);
 }

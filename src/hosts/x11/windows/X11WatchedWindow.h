@@ -2,7 +2,7 @@
 // where it is seen. Belongs to that thread.
 #pragma once
 
-#include "hosts/x11/server/X11DesktopAtoms.h"
+#include "hosts/x11/server/X11Atoms.h"
 #include "hosts/x11/windows/X11Client.h"
 #include "hosts/x11/windows/X11ClientReader.h"
 
@@ -16,7 +16,7 @@ namespace haloric {
 class X11WatchedWindow {
 public:
     // Listens to the frames on the root of this connection from now on.
-    X11WatchedWindow(xcb_connection_t* connection, xcb_window_t root, const X11DesktopAtoms& atoms);
+    X11WatchedWindow(xcb_connection_t* connection, xcb_window_t root, const X11Atoms& atoms);
 
     // Follows another window, or none, and reads it.
     void become(xcb_window_t window);
@@ -30,7 +30,7 @@ public:
     bool readAgain();
 
     bool exists() const { return m_exists; }
-    std::optional<X11Rect> visibleFrame() const; // absent when it is minimised, not mapped or gone
+    std::optional<PixelRect> visibleFrame() const; // absent when it is minimised, not mapped or gone
 
 private:
     void propertyChanged(xcb_atom_t property);
@@ -41,7 +41,7 @@ private:
 
     xcb_connection_t* m_connection;
     xcb_window_t m_root;
-    X11DesktopAtoms m_atoms;
+    X11Atoms m_atoms;
     X11ClientReader m_reader;
 
     X11Client m_client;

@@ -1,7 +1,6 @@
 #include "hosts/x11/windows/X11WindowManager.h"
 
-#include "hosts/x11/server/X11PropertyRequest.h"
-#include "hosts/x11/server/X11WindowEvents.h"
+#include "hosts/x11/server/X11Property.h"
 
 #include <algorithm>
 #include <tuple>
@@ -17,18 +16,17 @@ constexpr std::uint32_t kMostHints = 1024;
 
 X11WindowManager::X11WindowManager(X11Connection& connection, LinuxRunLoop& runLoop)
     : m_connection(connection),
-      m_atoms(connection)
+      m_atoms(connection.atoms())
 {
     m_connection.selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
-    m_subscriptions.push_back(m_connection.onEvent(XCB_PROPERTY_NOTIFY, [this](const auto& event) {
-        propertyChanged(reinterpret_cast<const xcb_property_notify_event_t&>(event));
-    }));
-    m_subscriptions.push_back(m_connection.onEvent(XCB_DESTROY_NOTIFY, [this](const auto& event) {
-        const auto window = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
-        m_mayHaveChanged = m_mayHaveChanged || window == m_checkWindow;
-    }));
+    m_subscriptions.push_back(m_connection.onEvent<xcb_property_notify_event_t>(
+        XCB_PROPERTY_NOTIFY, [this](const auto& event) { propertyChanged(event); }));
+    m_subscriptions.push_back(
+        m_connection.onEvent<xcb_destroy_notify_event_t>(XCB_DESTROY_NOTIFY, [this](const auto& event) {
+            m_mayHaveChanged = m_mayHaveChanged || event.window == m_checkWindow;
+        }));
     look();
-    m_tellsDecoration = supports("_NET_FRAME_EXTENTS");
+    m_tellsDecoration = supports(m_atoms.frameExtents);
     m_subscriptions.push_back(runLoop.onBeforeWait([this] { return lookAgain(); }));
 }
 
@@ -46,7 +44,7 @@ bool X11WindowManager::lookAgain()
         return false;
     const auto before = std::tuple(m_isRunning, m_checkWindow, m_name);
     look();
-    m_tellsDecoration = supports("_NET_FRAME_EXTENTS");
+    m_tellsDecoration = supports(m_atoms.frameExtents);
     if (before != std::tie(m_isRunning, m_checkWindow, m_name))
         m_changes.publish();
     return true;
@@ -60,11 +58,11 @@ void X11WindowManager::look()
     m_supported = supported.take().atoms();
     m_isRunning = false;
     m_name.clear();
-    m_checkWindow = X11WindowEvents::mayListen(m_connection, named) ? named : xcb_window_t{XCB_WINDOW_NONE};
+    m_checkWindow = m_connection.mayListenTo(named) ? named : xcb_window_t{XCB_WINDOW_NONE};
     if (m_checkWindow == XCB_WINDOW_NONE)
         return;
     // Listening first: the window's own half may be written only after the root's.
-    X11WindowEvents::listen(m_connection, m_checkWindow);
+    m_connection.listenTo(m_checkWindow);
     X11PropertyRequest itself(m_connection.raw(), m_checkWindow, m_atoms.supportingCheck);
     X11PropertyRequest name(m_connection.raw(), m_checkWindow, m_atoms.name);
     m_isRunning = itself.take().window() == m_checkWindow;
@@ -72,9 +70,9 @@ void X11WindowManager::look()
         m_name = name.take().text();
 }
 
-bool X11WindowManager::supports(std::string_view hint)
+bool X11WindowManager::supports(xcb_atom_t hint) const
 {
-    return m_isRunning && std::ranges::find(m_supported, m_connection.atom(hint)) != m_supported.end();
+    return m_isRunning && std::ranges::find(m_supported, hint) != m_supported.end();
 }
 
 } // namespace haloric

@@ -7,11 +7,9 @@
 #include "foundation/Subscription.h"
 #include "hosts/linux/loop/LinuxRunLoop.h"
 #include "hosts/x11/server/X11Connection.h"
-#include "hosts/x11/server/X11DesktopAtoms.h"
 
 #include <atomic>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace haloric {
@@ -26,8 +24,8 @@ public:
     bool isRunning() const { return m_isRunning; }
     const std::string& name() const { return m_name; } // empty when none runs or it has no name
 
-    // Whether it announces a hint, such as "_NET_FRAME_EXTENTS".
-    bool supports(std::string_view hint);
+    // Whether it announces a hint, such as _NET_FRAME_EXTENTS.
+    bool supports(xcb_atom_t hint) const;
 
     // Whether it tells how windows are decorated; then one that it tells nothing of has no decoration. Any thread.
     bool tellsDecoration() const { return m_tellsDecoration; }
@@ -41,7 +39,7 @@ private:
     void look();
 
     X11Connection& m_connection;
-    X11DesktopAtoms m_atoms;
+    const X11Atoms& m_atoms;
     xcb_window_t m_checkWindow = XCB_WINDOW_NONE;
     bool m_mayHaveChanged = false;
     bool m_isRunning = false;

@@ -31,14 +31,14 @@ X11WindowServer::X11WindowServer(X11Connection& connection, const char* display,
     : m_connection(connection),
       m_clients(clients),
       m_scale(scale),
-      m_watch(display, clients.atoms(),
+      m_watch(display, connection.atoms(),
               [this](xcb_window_t window, X11FrameWatch::Event event) { notify(window, numberOf(event)); })
 {
 }
 
 std::optional<Rect> X11WindowServer::bounds(xcb_window_t window)
 {
-    std::optional<X11Rect> pixels;
+    std::optional<PixelRect> pixels;
     if (const auto sighting = m_watch.look(window); sighting.isWatched)
         pixels = sighting.visibleFrame;
     else if (const auto client = m_clients.table().find(window))
@@ -48,7 +48,7 @@ std::optional<Rect> X11WindowServer::bounds(xcb_window_t window)
     return pixels ? std::optional(m_scale.current().toGlobal(*pixels)) : std::nullopt;
 }
 
-std::optional<X11Rect> X11WindowServer::askForRectangle(xcb_window_t window) const
+std::optional<PixelRect> X11WindowServer::askForRectangle(xcb_window_t window) const
 {
     xcb_connection_t* raw = m_connection.raw();
     const auto geometryCookie = xcb_get_geometry(raw, window);
@@ -109,7 +109,7 @@ void X11WindowServer::commit(Transaction& transaction)
 {
     const X11Space space = m_scale.current();
     for (const auto& [window, origin] : transaction.moves) {
-        const X11Rect pixels = withinProtocol(space.fromGlobal({origin.x, origin.y, 0, 0}));
+        const PixelRect pixels = withinProtocol(space.fromGlobal({origin.x, origin.y, 0, 0}));
         const std::array values{static_cast<std::uint32_t>(pixels.x), static_cast<std::uint32_t>(pixels.y)};
         xcb_configure_window(m_connection.raw(), window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values.data());
     }

@@ -56,7 +56,7 @@ public:
 private:
     using Registration = std::pair<WindowServerEntries::NotifyProc, std::uint32_t>;
 
-    std::optional<X11Rect> askForRectangle(xcb_window_t window) const;
+    std::optional<PixelRect> askForRectangle(xcb_window_t window) const;
     void notify(xcb_window_t window, std::uint32_t event);
 
     X11Connection& m_connection;

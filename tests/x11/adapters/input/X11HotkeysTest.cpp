@@ -45,7 +45,7 @@ struct X11HotkeysTest : testing::Test {
         xcb_map_window(user.raw(), window);
         xcb_set_input_focus(user.raw(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
         user.onEvent = [this](const xcb_generic_event_t& event) {
-            const auto& press = reinterpret_cast<const xcb_key_press_event_t&>(event);
+            const auto& press = eventAs<xcb_key_press_event_t>(event);
             if (event.response_type == XCB_KEY_PRESS && press.detail == kKeyCodeOfF)
                 ++pressesSeenByFocus;
         };

@@ -103,7 +103,7 @@ TEST_P(X11OverlayStackTest, a_window_that_is_shown_is_never_on_top_of_a_menu)
     // At the moment when the server maps the window, it stands in its place.
     std::vector<int> order;
     const auto subscription = adapters.connection->onEvent(XCB_MAP_NOTIFY, [&](const xcb_generic_event_t& event) {
-        if (reinterpret_cast<const xcb_map_notify_event_t&>(event).window == upper->windowNumber())
+        if (eventAs<xcb_map_notify_event_t>(event).window == upper->windowNumber())
             order = {indexOf(*upper), indexOf(menu->window())};
     });
     adapters.settle(); // the client is known, as when it is tracked
@@ -138,7 +138,7 @@ TEST_P(X11OverlayStackTest, restacking_comes_to_rest_by_itself)
     ASSERT_TRUE(first->showFocused());
     int restacks = 0;
     const auto subscription = adapters.connection->onEvent(XCB_CONFIGURE_NOTIFY, [&](const xcb_generic_event_t& event) {
-        const auto window = reinterpret_cast<const xcb_configure_notify_event_t&>(event).window;
+        const auto window = eventAs<xcb_configure_notify_event_t>(event).window;
         restacks += window == lower->windowNumber() || window == upper->windowNumber() ? 1 : 0;
     });
     showBoth();

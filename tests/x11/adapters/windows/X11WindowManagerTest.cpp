@@ -11,7 +11,7 @@ TEST(X11WindowManager, without_a_window_manager_there_is_no_trust)
     EXPECT_FALSE(adapters.accessibility.isProcessTrusted());
     EXPECT_FALSE(adapters.accessibility.isProcessTrustedWithPrompt(true));
     EXPECT_EQ(adapters.windowManager.name(), "");
-    EXPECT_FALSE(adapters.windowManager.supports("_NET_ACTIVE_WINDOW"));
+    EXPECT_FALSE(adapters.windowManager.supports(adapters.connection->atoms().activeWindow));
 }
 
 TEST(X11WindowManager, trust_follows_the_window_manager_as_it_goes_and_comes_back)
@@ -20,8 +20,8 @@ TEST(X11WindowManager, trust_follows_the_window_manager_as_it_goes_and_comes_bac
     DesktopAdapters adapters(session.display());
     EXPECT_TRUE(adapters.accessibility.isProcessTrusted());
     EXPECT_EQ(adapters.windowManager.name(), "Openbox");
-    EXPECT_TRUE(adapters.windowManager.supports("_NET_ACTIVE_WINDOW"));
-    EXPECT_FALSE(adapters.windowManager.supports("_NET_SOMETHING_ELSE"));
+    EXPECT_TRUE(adapters.windowManager.supports(adapters.connection->atoms().activeWindow));
+    EXPECT_FALSE(adapters.windowManager.supports(adapters.connection->atoms().manager));
 
     int changes = 0;
     const auto subscription = adapters.windowManager.onChange([&] { ++changes; });

@@ -116,7 +116,7 @@ TEST_F(X11ClientTableTest, a_frame_that_moves_takes_its_client_along)
     ASSERT_TRUE(configured);
     EXPECT_EQ(configured->client, 2U);
     EXPECT_FALSE(configured->resized);
-    EXPECT_EQ(table.find(2)->visibleFrame(), (X11Rect{30, 40, 100, 100}));
+    EXPECT_EQ(table.find(2)->visibleFrame(), (PixelRect{30, 40, 100, 100}));
     EXPECT_TRUE(table.configureFrame(1002, {30, 40, 120, 100}, 2)->resized);
     EXPECT_FALSE(table.configureFrame(555, {0, 0, 1, 1}, 3));
 }
@@ -125,7 +125,7 @@ TEST_F(X11ClientTableTest, an_event_older_than_the_measurement_changes_nothing)
 {
     alter(2, [](X11Client& client) { client.measuredAt = 100; });
     EXPECT_FALSE(table.configureFrame(1002, {30, 40, 100, 100}, 99));
-    EXPECT_EQ(table.find(2)->visibleFrame(), (X11Rect{0, 0, 100, 100}));
+    EXPECT_EQ(table.find(2)->visibleFrame(), (PixelRect{0, 0, 100, 100}));
     EXPECT_TRUE(table.configureFrame(1002, {30, 40, 100, 100}, 100));
 }
 

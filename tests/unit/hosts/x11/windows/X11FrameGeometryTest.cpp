@@ -16,47 +16,47 @@ X11FrameGeometry snug() { return {{100, 100, 412, 330}, {5, 29, 402, 296}, X11Ex
 
 TEST(X11FrameGeometry, the_visible_frame_is_the_client_with_its_decoration)
 {
-    EXPECT_EQ(snug().visibleFrame(), (X11Rect{100, 100, 412, 330}));
+    EXPECT_EQ(snug().visibleFrame(), (PixelRect{100, 100, 412, 330}));
 }
 
 TEST(X11FrameGeometry, an_invisible_margin_of_the_frame_is_not_part_of_it)
 {
     const X11FrameGeometry margin{{90, 92, 420, 360}, {10, 45, 400, 300}, X11Extents{0, 0, 37, 0}, std::nullopt};
-    EXPECT_EQ(margin.visibleFrame(), (X11Rect{100, 100, 400, 337}));
+    EXPECT_EQ(margin.visibleFrame(), (PixelRect{100, 100, 400, 337}));
 }
 
 TEST(X11FrameGeometry, a_shadow_that_the_client_draws_is_not_part_of_it)
 {
     const X11FrameGeometry shadowed{{0, 0, 852, 648}, {0, 0, 852, 648}, X11Extents{}, X11Extents{26, 26, 23, 29}};
-    EXPECT_EQ(shadowed.visibleFrame(), (X11Rect{26, 23, 800, 596}));
+    EXPECT_EQ(shadowed.visibleFrame(), (PixelRect{26, 23, 800, 596}));
 }
 
 TEST(X11FrameGeometry, a_shadow_larger_than_the_window_is_taken_for_broken)
 {
     const X11FrameGeometry broken{{0, 0, 40, 40}, {0, 0, 40, 40}, std::nullopt, X11Extents{26, 26, 23, 29}};
-    EXPECT_EQ(broken.visibleFrame(), (X11Rect{0, 0, 40, 40}));
+    EXPECT_EQ(broken.visibleFrame(), (PixelRect{0, 0, 40, 40}));
 }
 
 TEST(X11FrameGeometry, a_window_without_a_frame_is_its_own)
 {
     X11FrameGeometry bare{{7, 8, 30, 20}, {1, 1, 28, 18}, std::nullopt, std::nullopt};
-    EXPECT_EQ(bare.visibleFrame(), (X11Rect{8, 9, 28, 18})) << "the border of the window itself is not content";
+    EXPECT_EQ(bare.visibleFrame(), (PixelRect{8, 9, 28, 18})) << "the border of the window itself is not content";
     bare.frameConfigured({17, 18, 30, 20});
-    EXPECT_EQ(bare.visibleFrame(), (X11Rect{18, 19, 28, 18}));
+    EXPECT_EQ(bare.visibleFrame(), (PixelRect{18, 19, 28, 18}));
 }
 
 TEST(X11FrameGeometry, the_visible_frame_moves_with_the_frame)
 {
     X11FrameGeometry geometry = snug();
     geometry.frameConfigured({-2000, 3000, 412, 330});
-    EXPECT_EQ(geometry.visibleFrame(), (X11Rect{-2000, 3000, 412, 330}));
+    EXPECT_EQ(geometry.visibleFrame(), (PixelRect{-2000, 3000, 412, 330}));
 }
 
 TEST(X11FrameGeometry, the_visible_frame_grows_and_shrinks_with_the_frame)
 {
     X11FrameGeometry geometry = snug();
     geometry.frameConfigured({100, 100, 512, 230});
-    EXPECT_EQ(geometry.visibleFrame(), (X11Rect{100, 100, 512, 230}));
+    EXPECT_EQ(geometry.visibleFrame(), (PixelRect{100, 100, 512, 230}));
     geometry.frameConfigured({100, 100, 2, 2});
     EXPECT_GE(geometry.visibleFrame().width, 0);
     EXPECT_GE(geometry.visibleFrame().height, 0);
@@ -64,12 +64,12 @@ TEST(X11FrameGeometry, the_visible_frame_grows_and_shrinks_with_the_frame)
 
 TEST(X11FrameGeometry, a_border_belongs_to_the_frame)
 {
-    EXPECT_EQ(X11FrameGeometry::outerRect(10, 20, 100, 50, 3), (X11Rect{10, 20, 106, 56}));
+    EXPECT_EQ(X11FrameGeometry::outerRect(10, 20, 100, 50, 3), (PixelRect{10, 20, 106, 56}));
 }
 
 TEST(X11FrameGeometry, a_rolled_up_window_shows_its_decoration_alone)
 {
-    EXPECT_EQ(snug().rolledUpFrame(), (X11Rect{100, 100, 412, 34}));
+    EXPECT_EQ(snug().rolledUpFrame(), (PixelRect{100, 100, 412, 34}));
     X11FrameGeometry bare = snug();
     bare.decoration.reset();
     EXPECT_EQ(bare.rolledUpFrame(), bare.visibleFrame());

@@ -1,15 +1,14 @@
-// The atoms that describe windows and the desktop. Atoms belong to the server, so those of one connection hold for
-// every other.
+// The atoms that this program uses, interned in one batch when it connects. A new atom is a member here and a line of
+// the table in X11Atoms.cpp. Atoms belong to the server, so those of one connection hold for every other.
 #pragma once
 
 #include <xcb/xcb.h>
 
 namespace haloric {
 
-class X11Connection;
-
-struct X11DesktopAtoms {
-    explicit X11DesktopAtoms(X11Connection& connection);
+struct X11Atoms {
+    // One round trip. `screenNumber`: the screen of the connection, which is part of the selections' names.
+    X11Atoms(xcb_connection_t* connection, int screenNumber);
 
     // On the root window.
     xcb_atom_t activeWindow;
@@ -22,6 +21,7 @@ struct X11DesktopAtoms {
 
     // On client windows.
     xcb_atom_t applicationId;
+    xcb_atom_t bypassCompositor;
     xcb_atom_t desktop;
     xcb_atom_t frameExtents;
     xcb_atom_t gtkFrameExtents;
@@ -29,12 +29,12 @@ struct X11DesktopAtoms {
     xcb_atom_t name;
     xcb_atom_t opacity;
     xcb_atom_t pid;
+    xcb_atom_t shadow;
     xcb_atom_t state;
     xcb_atom_t windowType;
 
     // Values of `state`.
     xcb_atom_t stateAbove;
-    xcb_atom_t stateFullScreen;
     xcb_atom_t stateHidden;
     xcb_atom_t stateShaded;
 
@@ -42,13 +42,20 @@ struct X11DesktopAtoms {
     xcb_atom_t typeDesktop;
     xcb_atom_t typeDialog;
     xcb_atom_t typeDock;
-    xcb_atom_t typeNormal;
-    xcb_atom_t typeUtility;
     xcb_atom_t typeMenu;
+    xcb_atom_t typeNormal;
     xcb_atom_t typeNotification;
     xcb_atom_t typeSplash;
     xcb_atom_t typeToolbar;
     xcb_atom_t typeTooltip;
+    xcb_atom_t typeUtility;
+
+    xcb_atom_t utf8String; // the type of a text
+
+    // Selections of the screen, and the client message that announces a new owner.
+    xcb_atom_t compositor;
+    xcb_atom_t tray;
+    xcb_atom_t manager;
 };
 
 } // namespace haloric

@@ -1,8 +1,8 @@
 // haloric-demo [FOLDER]: demonstrates the program and writes pictures to FOLDER (default: pictures).
 // haloric-demo --documentation FOLDER PROGRAM: writes the pictures of the documents, and the frames of the animated
 // one, from PROGRAM.
-#include "demo/DemoWalk.h"
-#include "demo/DocumentationWalk.h"
+#include "demo/Demonstration.h"
+#include "demo/DocumentationPictures.h"
 
 #include <cstdio>
 #include <exception>
@@ -23,9 +23,9 @@ int main(int argumentCount, char** arguments)
     const std::filesystem::path folder = std::filesystem::absolute(words.empty() ? "pictures" : words.front());
     try {
         if (isForDocumentation)
-            haloric::DocumentationWalk(folder, words.back()).run();
+            haloric::DocumentationPictures(folder, words.back()).run();
         else
-            haloric::DemoWalk(folder).run();
+            haloric::Demonstration(folder).run();
     } catch (const std::exception& error) {
         std::fprintf(stderr, "haloric-demo: %s\n", error.what());
         return 1;

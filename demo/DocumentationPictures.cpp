@@ -1,4 +1,4 @@
-#include "demo/DocumentationWalk.h"
+#include "demo/DocumentationPictures.h"
 
 #include "demo/DemoSteps.h"
 #include "demo/FormPictures.h"
@@ -34,7 +34,7 @@ ScreenRect united(const ScreenRect& a, const ScreenRect& b)
 
 } // namespace
 
-void DocumentationWalk::run()
+void DocumentationPictures::run()
 {
     showEffects();
     SampleDesktop light(560, 720, Tone::light);
@@ -44,7 +44,7 @@ void DocumentationWalk::run()
     showSettings(dark, "settings-dark");
 }
 
-void DocumentationWalk::showEffects()
+void DocumentationPictures::showEffects()
 {
     SampleDesktop desktop(900, 580, Tone::light);
     Windows windows;
@@ -70,8 +70,8 @@ void DocumentationWalk::showEffects()
                  R"({"pulseEnabled": false, "tintEnabled": true, "tintOpacity": 0.4})");
 }
 
-void DocumentationWalk::showWhole(SampleDesktop& desktop, TestClient& focused, const char* name,
-                                  const std::string& settings)
+void DocumentationPictures::showWhole(SampleDesktop& desktop, TestClient& focused, const char* name,
+                                      const std::string& settings)
 {
     HaloricProcess haloric = start(desktop, settings);
     requireHighlight(haloric, focused.visibleFrame());
@@ -79,8 +79,8 @@ void DocumentationWalk::showWhole(SampleDesktop& desktop, TestClient& focused, c
     stop(haloric);
 }
 
-void DocumentationWalk::showTitleBar(SampleDesktop& desktop, TestClient& focused, const char* name,
-                                     const std::string& settings)
+void DocumentationPictures::showTitleBar(SampleDesktop& desktop, TestClient& focused, const char* name,
+                                         const std::string& settings)
 {
     constexpr int kBefore = 34;  // points beside the window and above it
     constexpr int kHeight = 178; // of the picture; it ends between two lines of the window's text
@@ -93,7 +93,7 @@ void DocumentationWalk::showTitleBar(SampleDesktop& desktop, TestClient& focused
     stop(haloric);
 }
 
-void DocumentationWalk::showPulse(SampleDesktop& desktop, Windows& windows)
+void DocumentationPictures::showPulse(SampleDesktop& desktop, Windows& windows)
 {
     X11Session& session = desktop.session();
     HaloricProcess haloric = start(desktop, "{}");
@@ -120,7 +120,7 @@ void DocumentationWalk::showPulse(SampleDesktop& desktop, Windows& windows)
     stop(haloric);
 }
 
-void DocumentationWalk::showMenu(SampleDesktop& desktop, TestClient& focused)
+void DocumentationPictures::showMenu(SampleDesktop& desktop, TestClient& focused)
 {
     HaloricProcess haloric = start(desktop, "{}");
     requireHighlight(haloric, focused.visibleFrame());
@@ -141,7 +141,7 @@ void DocumentationWalk::showMenu(SampleDesktop& desktop, TestClient& focused)
 }
 
 // No other window is open, so that none appears in the picture.
-void DocumentationWalk::showSettings(SampleDesktop& desktop, const char* name)
+void DocumentationPictures::showSettings(SampleDesktop& desktop, const char* name)
 {
     HaloricProcess haloric = start(desktop, "{}", {"--settings"});
     ProgramShell shell(desktop.session(), desktop.panel(), haloric);
@@ -153,7 +153,7 @@ void DocumentationWalk::showSettings(SampleDesktop& desktop, const char* name)
 }
 
 // A running application that is not in the list fills its menu.
-void DocumentationWalk::showSections(SampleDesktop& desktop)
+void DocumentationPictures::showSections(SampleDesktop& desktop)
 {
     const auto gallery = openSample(desktop.session(), SampleApplication::gallery, {80, 80, 398, 266}, kScale);
     HaloricProcess haloric = start(desktop, kManyShown, {"--settings"});
@@ -167,13 +167,13 @@ void DocumentationWalk::showSections(SampleDesktop& desktop)
     stop(haloric);
 }
 
-HaloricProcess DocumentationWalk::start(SampleDesktop& desktop, const std::string& settings,
-                                        const std::vector<std::string>& arguments)
+HaloricProcess DocumentationPictures::start(SampleDesktop& desktop, const std::string& settings,
+                                            const std::vector<std::string>& arguments)
 {
     return {desktop.session(), settings, arguments, desktop.environmentOfTone(), m_program};
 }
 
-void DocumentationWalk::keep(const ScreenImage& picture, const std::string& name, const std::string& description)
+void DocumentationPictures::keep(const ScreenImage& picture, const std::string& name, const std::string& description)
 {
     keepPicture(picture, m_folder / (name + ".png"), description);
 }

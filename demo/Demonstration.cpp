@@ -1,4 +1,4 @@
-#include "demo/DemoWalk.h"
+#include "demo/Demonstration.h"
 
 #include "demo/DemoPictures.h"
 #include "demo/DemoSteps.h"
@@ -28,7 +28,7 @@ std::size_t changedPixels(const ScreenImage& a, const ScreenImage& b)
 
 } // namespace
 
-DemoWalk::DemoWalk(std::filesystem::path folder)
+Demonstration::Demonstration(std::filesystem::path folder)
     : m_folder(std::move(folder)),
       m_session(WindowManager::openbox, Compositor::picom, {.width = kWidth, .height = kHeight})
 {
@@ -38,7 +38,7 @@ DemoWalk::DemoWalk(std::filesystem::path folder)
     m_terminal = openSample(m_session, SampleApplication::terminal, {560, 480, 600, 380});
 }
 
-void DemoWalk::run()
+void Demonstration::run()
 {
     focus(*m_notes);
     start("{}");
@@ -53,23 +53,26 @@ void DemoWalk::run()
         R"({"dimEnabled": true, "dimOpacity": 0.6, "dimScope": "selectedApps", "dimApps": ["SampleTerminal"]})");
 }
 
-void DemoWalk::start(const std::string& settings) { m_haloric = std::make_unique<HaloricProcess>(m_session, settings); }
+void Demonstration::start(const std::string& settings)
+{
+    m_haloric = std::make_unique<HaloricProcess>(m_session, settings);
+}
 
-void DemoWalk::stop()
+void Demonstration::stop()
 {
     haloric::stop(*m_haloric);
     m_haloric.reset();
 }
 
-void DemoWalk::focus(TestClient& client) { require(client.focus(), "the focus cannot be moved"); }
+void Demonstration::focus(TestClient& client) { require(client.focus(), "the focus cannot be moved"); }
 
-void DemoWalk::showFocus()
+void Demonstration::showFocus()
 {
     requireHighlight(*m_haloric, m_notes->visibleFrame());
     keep(settledScreen(m_session), "1-focus", "the focused window has a border and a glow");
 }
 
-void DemoWalk::showPulse()
+void Demonstration::showPulse()
 {
     const ScreenRect around = grown(m_gallery->visibleFrame(), kPulseMargin);
     const ScreenImage before = m_session.observer().capture(around);
@@ -91,11 +94,11 @@ void DemoWalk::showPulse()
     const ScreenImage after = settledScreen(m_session);
     const std::size_t remaining = changedPixels(before, m_session.observer().capture(around));
     require(most > remaining, "no pulse was seen after the focus had moved");
-    keep(widest, "2-pulse", "the focus moves: a pulse runs out from the window that has it now");
+    keep(widest, "2-pulse", "the focus moves: a pulse runs outwards from the newly focused window");
     keep(after, "3-focus-moved", "the border and the glow have followed the focus");
 }
 
-void DemoWalk::showDrag()
+void Demonstration::showDrag()
 {
     require(m_session.dragByTitleBar(*m_gallery, -160, 80), "the window cannot be dragged");
     requireHighlight(*m_haloric, m_gallery->visibleFrame());
@@ -104,7 +107,7 @@ void DemoWalk::showDrag()
     settledScreen(m_session);
 }
 
-void DemoWalk::showDimming(const char* name, const char* description, const std::string& settings)
+void Demonstration::showDimming(const char* name, const char* description, const std::string& settings)
 {
     const ScreenImage before = settledScreen(m_session); // the previous program's highlight is gone by then
     start(settings);
@@ -119,7 +122,7 @@ void DemoWalk::showDimming(const char* name, const char* description, const std:
     stop();
 }
 
-void DemoWalk::keep(const ScreenImage& picture, const char* name, const char* description)
+void Demonstration::keep(const ScreenImage& picture, const char* name, const char* description)
 {
     keepPicture(picture, m_folder / (std::string(name) + ".png"), description);
 }

@@ -12,10 +12,10 @@
 
 namespace haloric {
 
-class DocumentationWalk {
+class DocumentationPictures {
 public:
     // Writes the pictures of `program` to `folder` and creates it if necessary.
-    DocumentationWalk(std::filesystem::path folder, std::filesystem::path program)
+    DocumentationPictures(std::filesystem::path folder, std::filesystem::path program)
         : m_folder(std::move(folder)),
           m_program(std::move(program))
     {

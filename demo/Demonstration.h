@@ -10,10 +10,10 @@
 
 namespace haloric {
 
-class DemoWalk {
+class Demonstration {
 public:
     // Writes the pictures to `folder` and creates it if necessary.
-    explicit DemoWalk(std::filesystem::path folder);
+    explicit Demonstration(std::filesystem::path folder);
 
     // Throws std::runtime_error when an effect is not visible.
     void run();

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Builds the benchmarks fully optimised and runs them. Ends with 1 when a bound of drawing is missed. Figures and what
-# they mean: docs/performance.md.
+# Builds the benchmarks fully optimised and runs them. Exits with 1 when a bound of drawing is missed. The figures are
+# explained in docs/performance.md.
 #
 #   ./bench.sh                     all of them, on private displays
-#   ./bench.sh drawing [option…]   drawing alone; options are Google Benchmark's, as --benchmark_filter=glow
+#   ./bench.sh drawing [option…]   only drawing; options are Google Benchmark's, for instance --benchmark_filter=glow
 #   ./bench.sh logic [option…]     one tick of the tracker and one pass of the overlay
 #   ./bench.sh lag|idle|start|ui   the whole program on a desktop
 set -euo pipefail

@@ -1,4 +1,4 @@
-// A background queue that runs one block at a time, in the order of submission.
+// A queue that runs one block at a time, in the order of submission, on a thread of its own or on the main thread.
 #pragma once
 
 #include "foundation/Task.h"
@@ -12,10 +12,10 @@ enum class QualityOfService { userInitiated, utility };
 
 class SerialQueue {
 public:
-    // Blocks that were submitted before still run; on hosts with threads of their own the destructor waits for them.
+    // Blocks that were submitted before still run, inside the destructor or after it.
     virtual ~SerialQueue() = default;
 
-    // Any thread; does not block. Blocks must not throw.
+    // Main thread; does not block. The block runs later, never inside this call, and must not throw.
     virtual void async(Task block) = 0;
 };
 

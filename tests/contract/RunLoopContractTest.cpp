@@ -3,6 +3,7 @@
 #include "platform/Screens.h"
 
 #include <atomic>
+#include <thread>
 #include <vector>
 
 namespace haloric {
@@ -115,6 +116,37 @@ TEST_P(RunLoopContract, a_serial_queue_runs_its_blocks_in_order_and_answers_on_t
     ASSERT_EQ(order.size(), 20u);
     for (int i = 0; i < 20; ++i)
         EXPECT_EQ(order[static_cast<std::size_t>(i)], i);
+}
+
+TEST_P(RunLoopContract, a_serial_queue_never_runs_a_block_inside_the_submitting_call)
+{
+    const auto queue = host->serialQueues().make("com.kestrow.haloric.contract.later", QualityOfService::utility);
+    const auto submitter = std::this_thread::get_id();
+    bool isSubmitting = true; // touched on this thread only
+    std::atomic<int> inside = 0;
+    std::atomic<int> ran = 0;
+    for (int i = 0; i < 3; ++i) {
+        queue->async([&] {
+            if (std::this_thread::get_id() == submitter && isSubmitting)
+                ++inside;
+            ++ran;
+        });
+    }
+    isSubmitting = false;
+
+    EXPECT_TRUE(host->waitUntil([&] { return ran == 3; }));
+    EXPECT_EQ(inside, 0);
+}
+
+TEST_P(RunLoopContract, blocks_of_a_serial_queue_that_ends_still_run)
+{
+    auto queue = host->serialQueues().make("com.kestrow.haloric.contract.end", QualityOfService::utility);
+    std::atomic<int> ran = 0;
+    for (int i = 0; i < 3; ++i)
+        queue->async([&] { ++ran; });
+    queue.reset();
+
+    EXPECT_TRUE(host->waitUntil([&] { return ran == 3; }));
 }
 
 TEST_P(RunLoopContract, a_data_add_source_adds_up_and_falls_silent_when_cancelled)

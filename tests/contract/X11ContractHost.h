@@ -83,7 +83,7 @@ private:
     X11OwnWindows m_ownWindows{*m_desktop.connection};
     X11InputMonitors m_input{m_rawInput, m_ownWindows};
     X11DisplayLinks m_displayLinks{*m_desktop.connection, m_desktop.loop, m_desktop.scale};
-    LinuxSerialQueues m_serialQueues;
+    LinuxSerialQueues m_serialQueues{m_desktop.loop};
     X11WindowServerLibrary m_windowServerLibrary{*m_desktop.connection, m_desktop.display.c_str(), m_desktop.clients,
                                                  m_desktop.scale};
     LinuxBundle m_bundle;

@@ -1,15 +1,37 @@
-// The running program: its event loop, the events of its life for its delegate, and its windows. Main thread.
+// The running program: its event loop, the launch, reopening and end for its delegate, and its windows. Main thread.
 #pragma once
 
 #include "hosts/linux/loop/EventLoop.h"
-#include "hosts/x11/X11ApplicationWindows.h"
+#include "hosts/x11/server/X11Scale.h"
+#include "hosts/x11/windows/X11ClientTable.h"
 #include "platform/Application.h"
+
+#include <optional>
 
 namespace haloric {
 
+// The ordinary windows of this program, as the window manager lists them.
+class X11ApplicationWindows {
+public:
+    // Both outlive it.
+    X11ApplicationWindows(const X11ClientTable& clients, const X11Scale& scale) : m_clients(clients), m_scale(scale) {}
+
+    // The active window; absent when it belongs to another program.
+    std::optional<OwnWindow> key() const;
+
+    // The one that was active last; absent when there is none.
+    std::optional<OwnWindow> main() const;
+
+private:
+    OwnWindow describe(const X11Client& client) const;
+
+    const X11ClientTable& m_clients;
+    const X11Scale& m_scale;
+};
+
 class X11Application final : public Application {
 public:
-    // Both outlive it. Without `windows`, it has none.
+    // Both outlive it. `windows` may be null: no windows.
     explicit X11Application(EventLoop& loop, const X11ApplicationWindows* windows = nullptr)
         : m_loop(loop),
           m_windows(windows)
@@ -27,8 +49,8 @@ public:
     void terminate() override; // the second time it does nothing
     bool isTerminated() const { return m_terminated; }
 
-    // The user has started the program again, or wants its settings from the start: tells the delegate, once launching
-    // has finished.
+    // The user has started the program again, or has asked for its settings at the start: notifies the delegate, once
+    // launching has finished.
     void reopen();
 
     ProcessID processID() const override;

@@ -1,4 +1,4 @@
-// What of the desktop is in use, as text for people who wonder why something looks or lags the way it does.
+// Which features of the desktop are in use, as text for bug reports.
 #pragma once
 
 #include "platform/Screens.h"

@@ -21,7 +21,6 @@
 #include "hosts/linux/update/AppcastFetcher.h"
 #include "hosts/linux/update/LinuxUpdaterFramework.h"
 #include "hosts/x11/X11Application.h"
-#include "hosts/x11/X11Onboarding.h"
 #include "hosts/x11/input/X11Hotkeys.h"
 #include "hosts/x11/input/X11InputMonitors.h"
 #include "hosts/x11/input/X11Keyboard.h"
@@ -54,6 +53,22 @@ namespace {
 
 constexpr int kDisplayLost = 1;
 constexpr const char* kDisplay = nullptr; // what DISPLAY names
+constexpr Seconds kWindowManagerPatience{3};
+
+// Shown at launch while no window manager reports the focus. Its one button changes nothing.
+AlertModel onboardingAlert()
+{
+    return {
+        .messageText = "Haloric needs a window manager",
+        .informativeText =
+            "Haloric asks the window manager which window has the focus and where it is. None runs on this display, or "
+            "the one that runs does not tell (it would have to follow the Extended Window Manager Hints).\n\nThe "
+            "highlight appears as soon as one does.",
+        .style = AlertStyle::informational,
+        .icon = AlertIcon::application,
+        .buttons = {"OK"},
+    };
+}
 
 // What is read from the desktop, and the windows that are laid over it.
 struct Desktop {
@@ -158,7 +173,7 @@ int runX11Program(const InstanceStart& start)
     Desktop desktop(start.connection, start.runLoop, start.log);
     LinuxUserDefaults userDefaults(LinuxUserDefaults::standardFolder(start.processes));
     Shell shell(start, desktop, userDefaults);
-    LinuxSerialQueues serialQueues;
+    LinuxSerialQueues serialQueues(start.runLoop);
     const X11ApplicationWindows applicationWindows(desktop.clients.table(), desktop.scale);
     X11Application application(loop, &applicationWindows);
 
@@ -170,7 +185,7 @@ int runX11Program(const InstanceStart& start)
     };
     const auto lost = start.connection.onLost(displayLost);
     const auto termination = start.signals.watch(start.runLoop, [&application] { application.terminate(); });
-    const AlertModel onboarding = X11Onboarding::alert();
+    const AlertModel onboarding = onboardingAlert();
     const auto windowManagerCame = desktop.windowManager.onChange([&] {
         if (desktop.windowManager.isRunning())
             shell.alerts.dismiss(onboarding.messageText);
@@ -201,8 +216,8 @@ int runX11Program(const InstanceStart& start)
                          .log = start.log,
                          .onboardingAlert = onboarding});
     const Contact contact(start, entry, application);
-    X11Onboarding::waitForWindowManager(desktop.windowManager, start.runLoop,
-                                        [&application] { return application.isTerminated(); });
+    desktop.windowManager.waitUntilRunning(start.runLoop, kWindowManagerPatience,
+                                           [&application] { return application.isTerminated(); });
     entry.run();
     return exitCode;
 }

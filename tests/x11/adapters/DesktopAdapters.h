@@ -7,7 +7,6 @@
 #include "hosts/x11/server/X11Connection.h"
 #include "hosts/x11/server/X11Scale.h"
 #include "hosts/x11/windows/X11Accessibility.h"
-#include "hosts/x11/windows/X11AccessibilityElement.h"
 #include "hosts/x11/windows/X11Clients.h"
 #include "hosts/x11/windows/X11WindowInfoSource.h"
 #include "hosts/x11/windows/X11WindowManager.h"

@@ -147,11 +147,11 @@ std::vector<X11StackEntry> X11OverlayStack::readChildren() const
 
     std::unordered_map<xcb_window_t, X11StackRole> roles;
     const std::uint32_t desktop = m_clients.state().currentDesktop;
-    for (const X11Client& client : m_clients.stacking()) {
-        if (isOrdinary(client, desktop))
-            roles[client.frame] = X11StackRole::ordinary;
+    for (const X11Client* client : m_clients.stacking()) {
+        if (isOrdinary(*client, desktop))
+            roles[client->frame] = X11StackRole::ordinary;
     }
-    if (const auto active = m_clients.active())
+    if (const X11Client* active = m_clients.active())
         roles[active->frame] = X11StackRole::focused;
     for (const xcb_window_t overlay : m_shown)
         roles[overlay] = X11StackRole::overlay;

@@ -6,7 +6,6 @@
 #include "drawing/PixelRect.h"
 #include "foundation/Geometry.h"
 
-#include <mutex>
 #include <string_view>
 
 namespace haloric {
@@ -50,22 +49,13 @@ private:
 };
 
 // The space in force. The screens set it when monitors or the user's text resolution change; everything that converts
-// between pixels and points reads it, on any thread.
+// between pixels and points reads it. Main thread.
 class X11Scale {
 public:
     explicit X11Scale(const X11Space& space = {}) : m_space(space) {}
 
-    X11Space current() const
-    {
-        const std::lock_guard guard(m_lock);
-        return m_space;
-    }
-
-    void set(const X11Space& space)
-    {
-        const std::lock_guard guard(m_lock);
-        m_space = space;
-    }
+    const X11Space& current() const { return m_space; }
+    void set(const X11Space& space) { m_space = space; }
 
     // Pixels a point at a text resolution: the resolution over 96, rounded down to a quarter, within 1 to 4. Down,
     // because people set 100 or 110 for slightly larger text without meaning a larger desktop.
@@ -75,7 +65,6 @@ public:
     static double fromResources(std::string_view resources);
 
 private:
-    mutable std::mutex m_lock;
     X11Space m_space;
 };
 

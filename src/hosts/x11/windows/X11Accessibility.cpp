@@ -1,6 +1,5 @@
 #include "hosts/x11/windows/X11Accessibility.h"
 
-#include "hosts/x11/windows/X11AccessibilityElement.h"
 #include "hosts/x11/windows/X11AccessibilityObserver.h"
 
 #include <utility>
@@ -13,12 +12,12 @@ using Kind = X11AccessibilityElement::Kind;
 
 constexpr AXAttribute kUnsupported{AXError::attributeUnsupported, {}};
 constexpr AXAttribute kNoValue{AXError::noValue, {}};
-constexpr AXAttribute kCannotTell{AXError::failure, {}};
+constexpr AXAttribute kUnknown{AXError::failure, {}};
 constexpr AXAttribute kInvalid{AXError::invalidElement, {}};
 
 AXAttribute success(AXValue value) { return {AXError::success, std::move(value)}; }
 
-AXAttribute elementOf(const std::optional<X11Client>& client, Kind kind)
+AXAttribute elementOf(const X11Client* client, Kind kind)
 {
     if (!client)
         return kNoValue;
@@ -48,7 +47,7 @@ AXAttribute X11Accessibility::copyAttribute(const AXElement& element, std::strin
         return kInvalid;
     if (target->kind() == Kind::application)
         return applicationAttribute(*target, name);
-    const auto client = m_clients.table().find(target->window());
+    const X11Client* client = m_clients.table().find(target->window());
     if (!client)
         return kInvalid;
     return target->kind() == Kind::window ? windowAttribute(*client, name) : closeButtonAttribute(*client, name);
@@ -57,7 +56,7 @@ AXAttribute X11Accessibility::copyAttribute(const AXElement& element, std::strin
 AXAttribute X11Accessibility::applicationAttribute(const X11AccessibilityElement& element, std::string_view name) const
 {
     if (name == "AXFocusedWindow") {
-        const auto active = m_clients.table().active();
+        const X11Client* active = m_clients.table().active();
         return active && active->pid == element.pid() ? elementOf(active, Kind::window) : kNoValue;
     }
     if (name == "AXMainWindow")
@@ -85,18 +84,18 @@ AXAttribute X11Accessibility::closeButton(const X11Client& client) const
 {
     switch (client.decoration()) {
     case X11Decoration::windowManager:
-        return elementOf(client, Kind::closeButton);
+        return elementOf(&client, Kind::closeButton);
     case X11Decoration::none:
         return kNoValue;
     case X11Decoration::client:
-        return kCannotTell; // nothing tells how tall a title bar is that the client draws
+        return kUnknown; // no property has the height of a title bar that the client draws
     case X11Decoration::unknown:
         break;
     }
-    return m_windowManager.tellsDecoration() ? kNoValue : kCannotTell;
+    return m_windowManager.reportsDecoration() ? kNoValue : kUnknown;
 }
 
-// A square half as tall as the title bar, in its middle: its centre tells the title bar's height.
+// A square half as tall as the title bar, in its middle: the title bar's height follows from its centre.
 AXAttribute X11Accessibility::closeButtonAttribute(const X11Client& client, std::string_view name) const
 {
     if (client.decoration() != X11Decoration::windowManager)

@@ -1,8 +1,9 @@
-// The Accessibility attributes that the focus query reads, answered from the properties of managed windows.
+// The Accessibility attributes that the focus query reads, answered from the properties of managed windows. Main
+// thread.
 //
-// Trust means that a window manager runs which tells the focus and the frames. Attributes come from the table of
-// clients, which any thread may read: nothing here waits for a client or for the server, so timeouts have nothing
-// to limit and no call ever reports that an application did not answer.
+// The program is trusted when a window manager runs that reports the focus and the frames. Attributes come from the
+// table of clients: nothing here blocks on a client or on the server, so timeouts have no effect and no call reports
+// that an application did not answer.
 #pragma once
 
 #include "hosts/x11/server/X11Scale.h"
@@ -11,13 +12,33 @@
 #include "platform/Accessibility.h"
 #include "platform/RunLoop.h"
 
+#include <xcb/xcb.h>
+
 namespace haloric {
 
-class X11AccessibilityElement;
+// What an element stands for: an application, one of its windows, or the close button of a window's title bar. A value;
+// the window may be gone.
+class X11AccessibilityElement final : public AXElementObject {
+public:
+    enum class Kind { application, window, closeButton };
+
+    X11AccessibilityElement(Kind kind, ProcessID pid, xcb_window_t window) : m_kind(kind), m_pid(pid), m_window(window)
+    {
+    }
+
+    Kind kind() const { return m_kind; }
+    ProcessID pid() const { return m_pid; }
+    xcb_window_t window() const { return m_window; } // XCB_WINDOW_NONE for an application
+
+private:
+    Kind m_kind;
+    ProcessID m_pid;
+    xcb_window_t m_window;
+};
 
 class X11Accessibility final : public Accessibility {
 public:
-    // All outlive it, its elements and its observers.
+    // All outlive it and its observers.
     X11Accessibility(RunLoop& runLoop, X11Clients& clients, const X11WindowManager& windowManager,
                      const X11Scale& scale)
         : m_runLoop(runLoop),
@@ -28,7 +49,7 @@ public:
     }
 
     bool isProcessTrusted() const override { return m_windowManager.isRunning(); }
-    bool isProcessTrustedWithPrompt(bool) override { return isProcessTrusted(); } // there is nothing to ask for
+    bool isProcessTrustedWithPrompt(bool) override { return isProcessTrusted(); } // X11 has no permission to ask for
 
     AXElement createApplicationElement(ProcessID pid) override;
     void setMessagingTimeout(const AXElement&, float) override {}

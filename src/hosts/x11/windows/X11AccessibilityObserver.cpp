@@ -1,12 +1,10 @@
 #include "hosts/x11/windows/X11AccessibilityObserver.h"
 
-#include "hosts/x11/windows/X11AccessibilityElement.h"
+#include "hosts/x11/windows/X11Accessibility.h"
 
 #include <algorithm>
 #include <array>
-#include <string>
 #include <utility>
-#include <vector>
 
 namespace haloric {
 
@@ -28,7 +26,7 @@ std::string_view notificationFor(X11ClientChange change)
     case X11ClientChange::moved:
         return "AXWindowMoved";
     case X11ClientChange::resized:
-    case X11ClientChange::redecorated: // has the title bar measured again
+    case X11ClientChange::redecorated: // makes the tracker measure the title bar again
         return "AXWindowResized";
     case X11ClientChange::minimised:
         return "AXWindowMiniaturized";
@@ -42,78 +40,72 @@ std::string_view notificationFor(X11ClientChange change)
 
 } // namespace
 
-struct X11AccessibilityObserver::Delivery {
-    ProcessID pid;
-    Accessibility::ObserverCallback callback;
-    std::vector<std::string> names; // complete before the observer is put on the run loop
-    bool isOnRunLoop = false;
-    xcb_window_t focused = XCB_WINDOW_NONE; // the window of the process that was active last
-    bool isHidden = false;
-
-    void tell(std::string_view name) const
-    {
-        if (isOnRunLoop && std::ranges::find(names, name) != names.end())
-            callback(name);
-    }
-
-    void takeIn(const X11ClientTable& clients)
-    {
-        const auto active = clients.active();
-        if (active && active->pid == pid && std::exchange(focused, active->window) != active->window) {
-            tell("AXFocusedWindowChanged");
-            tell("AXMainWindowChanged");
-        }
-        const bool nowHidden = clients.isHidden(pid);
-        if (std::exchange(isHidden, nowHidden) != nowHidden)
-            tell(nowHidden ? "AXApplicationHidden" : "AXApplicationShown");
-    }
-};
-
 X11AccessibilityObserver::X11AccessibilityObserver(RunLoop& runLoop, X11Clients& clients, ProcessID pid,
                                                    Accessibility::ObserverCallback callback)
     : m_runLoop(runLoop),
       m_clients(clients),
-      m_delivery(std::make_shared<Delivery>())
+      m_pid(pid),
+      m_callback(std::move(callback)),
+      m_isHidden(clients.table().isHidden(pid))
 {
-    m_delivery->pid = pid;
-    m_delivery->callback = std::move(callback);
-    const auto main = clients.table().mainWindow(pid);
-    m_delivery->focused = main ? main->window : xcb_window_t{XCB_WINDOW_NONE};
-    m_delivery->isHidden = clients.table().isHidden(pid);
+    const X11Client* main = clients.table().mainWindow(pid);
+    m_focused = main ? main->window : xcb_window_t{XCB_WINDOW_NONE};
 }
-
-X11AccessibilityObserver::~X11AccessibilityObserver() = default;
 
 AXError X11AccessibilityObserver::addNotification(const AXElement& element, std::string_view name)
 {
     const auto* target = dynamic_cast<const X11AccessibilityElement*>(element.get());
-    if (!target || target->kind() != X11AccessibilityElement::Kind::application || target->pid() != m_delivery->pid)
+    if (!target || target->kind() != X11AccessibilityElement::Kind::application || target->pid() != m_pid)
         return AXError::invalidElement;
     if (std::ranges::find(kNotifications, name) == kNotifications.end())
         return AXError::notificationUnsupported;
-    m_delivery->names.emplace_back(name);
+    m_names.emplace_back(name);
     return AXError::success;
 }
 
 void X11AccessibilityObserver::addToMainRunLoop()
 {
-    m_delivery->isOnRunLoop = true;
-    m_notices = m_clients.onNotice([delivery = m_delivery](const X11ClientNotice& notice) {
-        if (notice.pid == delivery->pid)
-            delivery->tell(notificationFor(notice.change));
+    m_isOnRunLoop = true;
+    m_notices = m_clients.onNotice([this](const X11ClientNotice& notice) {
+        if (notice.pid == m_pid)
+            report(notificationFor(notice.change));
     });
-    const auto compare = [delivery = m_delivery, &clients = m_clients] { delivery->takeIn(clients.table()); };
-    m_passes = m_clients.onPass(compare);
-    // The focus may have changed since this was made, and the next pass may be far off.
-    m_firstComparison = m_runLoop.scheduleOnce(Seconds(0), compare);
+    m_passes = m_clients.onPass([this] { compareState(); });
+    // The focus may have changed since the construction, and the next pass may be far off.
+    m_firstComparison = m_runLoop.scheduleOnce(Seconds(0), [this] { compareState(); });
 }
 
 void X11AccessibilityObserver::removeFromMainRunLoop()
 {
-    m_delivery->isOnRunLoop = false;
+    m_isOnRunLoop = false;
     m_notices.reset();
     m_passes.reset();
     m_firstComparison.reset();
+}
+
+// The callback may release this observer: it is copied, and nothing is touched after the call.
+void X11AccessibilityObserver::report(std::string_view name) const
+{
+    if (!m_isOnRunLoop || std::ranges::find(m_names, name) == m_names.end())
+        return;
+    const auto callback = m_callback;
+    callback(name);
+}
+
+void X11AccessibilityObserver::compareState()
+{
+    const X11ClientTable& clients = m_clients.table();
+    const X11Client* active = clients.active();
+    const bool hasOtherFocus =
+        active && active->pid == m_pid && std::exchange(m_focused, active->window) != active->window;
+    const bool isHidden = clients.isHidden(m_pid);
+    const bool hasOtherVisibility = std::exchange(m_isHidden, isHidden) != isHidden;
+
+    const auto self = m_anchor.ref();
+    if (hasOtherFocus)
+        report("AXFocusedWindowChanged");
+    if (hasOtherVisibility && self.get())
+        report(isHidden ? "AXApplicationHidden" : "AXApplicationShown");
 }
 
 } // namespace haloric

@@ -1,17 +1,20 @@
-// Tells the Accessibility notifications of one process, made out of what happens to its windows: each change under
-// its notification's name, after the table of clients has been brought up to date.
+// Reports the Accessibility notifications of one process, made from the changes of its windows, after the table of
+// clients has been brought up to date. Main thread.
 //
-// Made and released on the Accessibility queue; everything else happens on the main thread while it is on the main
-// run loop. A delivery that is under way keeps what it uses, so the observer may be taken off and released meanwhile.
-// A change of the focus between the making and the installation is told on the next turn of the loop.
+// A change of focus is one notification, "AXFocusedWindowChanged": on X11 the focused window and the main window of the
+// active application are the same, and "AXMainWindowChanged" would only repeat the query. A change of focus between the
+// construction and the installation is reported on the next turn of the loop.
 #pragma once
 
 #include "foundation/Subscription.h"
+#include "foundation/WeakAnchor.h"
 #include "hosts/x11/windows/X11Clients.h"
 #include "platform/Accessibility.h"
 #include "platform/RunLoop.h"
 
-#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace haloric {
 
@@ -20,21 +23,27 @@ public:
     // The loop and the clients outlive it.
     X11AccessibilityObserver(RunLoop& runLoop, X11Clients& clients, ProcessID pid,
                              Accessibility::ObserverCallback callback);
-    ~X11AccessibilityObserver() override;
 
     AXError addNotification(const AXElement& element, std::string_view name) override;
     void addToMainRunLoop() override;
     void removeFromMainRunLoop() override;
 
 private:
-    struct Delivery;
+    void report(std::string_view name) const;
+    void compareState();
 
     RunLoop& m_runLoop;
     X11Clients& m_clients;
-    std::shared_ptr<Delivery> m_delivery;
+    ProcessID m_pid;
+    Accessibility::ObserverCallback m_callback;
+    std::vector<std::string> m_names; // of the notifications that were added
+    bool m_isOnRunLoop = false;
+    xcb_window_t m_focused; // the window of the process that was active last
+    bool m_isHidden;
     Subscription m_notices;
     Subscription m_passes;
     Subscription m_firstComparison;
+    WeakAnchor<X11AccessibilityObserver> m_anchor{*this};
 };
 
 } // namespace haloric

@@ -32,12 +32,12 @@ Text withoutCase(const std::string& text)
 std::vector<RunningApplication> X11ApplicationCatalog::runningApplications() const
 {
     std::map<ProcessID, bool> isRegular;
-    for (const X11Client& client : m_clients.stacking())
-        isRegular[client.pid] = isRegular[client.pid] || isOrdinary(client);
+    for (const X11Client* client : m_clients.stacking())
+        isRegular[client->pid] = isRegular[client->pid] || isOrdinary(*client);
     std::vector<RunningApplication> applications;
     for (auto& [pid, regular] : isRegular) {
-        regular = regular && pid != static_cast<ProcessID>(
-                                        ::getpid()); // this program stays in the background, whatever windows it has
+        // This program stays in the background, whatever windows it has.
+        regular = regular && pid != static_cast<ProcessID>(::getpid());
         applications.push_back(
             {regular ? ActivationPolicy::regular : ActivationPolicy::accessory, m_workspace.bundleIdentifier(pid)});
     }

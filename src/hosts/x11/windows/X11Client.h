@@ -1,4 +1,4 @@
-// What is known of one managed window, and of the desktop as a whole. Plain values.
+// What is known of one managed window and of the desktop as a whole, and how a window can change. Plain values.
 #pragma once
 
 #include "foundation/Ids.h"
@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include <xcb/xcb.h>
 
@@ -13,7 +14,7 @@ namespace haloric {
 
 enum class X11WindowType { normal, dialog, utility, dock, desktop, other };
 
-// Who draws the title bar. `unknown`: nobody told.
+// What draws the title bar. `unknown`: no property says.
 enum class X11Decoration { unknown, none, windowManager, client };
 
 struct X11Client {
@@ -30,7 +31,7 @@ struct X11Client {
     bool iconic = false; // by the older convention's state
     bool shaded = false;
     bool above = false;
-    std::uint32_t desktop = kEveryDesktop; // also when nobody told
+    std::uint32_t desktop = kEveryDesktop; // also without a property
     double opacity = 1;
 
     // Whether people work in it, as opposed to panels, menus, splash screens and the desktop.
@@ -47,14 +48,7 @@ struct X11Client {
     bool isOnDesktop(std::uint32_t current) const { return desktop == kEveryDesktop || desktop == current; }
     bool isSeenOn(std::uint32_t current) const { return isOnDesktop(current) && !isMinimised() && (mapped || shaded); }
 
-    X11Decoration decoration() const
-    {
-        if (geometry.shadow)
-            return X11Decoration::client;
-        if (!geometry.decoration)
-            return X11Decoration::unknown;
-        return geometry.decoration->top > 0 ? X11Decoration::windowManager : X11Decoration::none;
-    }
+    X11Decoration decoration() const;
 };
 
 // How a window names the application it belongs to.
@@ -75,6 +69,29 @@ struct X11DesktopState {
     std::uint32_t currentDesktop = 0;
     bool showingDesktop = false;
     friend bool operator==(const X11DesktopState&, const X11DesktopState&) = default;
+};
+
+enum class X11ClientChange {
+    appeared,
+    vanished,
+    moved,
+    resized,
+    minimised,
+    restored,
+    redecorated, // the height of its title bar may have changed
+    otherwise,
+};
+
+// One change of a managed window.
+struct X11ClientNotice {
+    ProcessID pid = ProcessID::none;
+    xcb_window_t window = XCB_WINDOW_NONE;
+    X11ClientChange change = X11ClientChange::otherwise;
+
+    // Appends a notice for each way in which a window differs from how it was.
+    static void appendChanges(std::vector<X11ClientNotice>& notices, const X11Client& before, const X11Client& now);
+
+    friend bool operator==(const X11ClientNotice&, const X11ClientNotice&) = default;
 };
 
 } // namespace haloric

@@ -27,43 +27,28 @@ const X11ClientTable::Entry* X11ClientTable::mainEntry(ProcessID pid) const
     return best;
 }
 
-X11DesktopState X11ClientTable::state() const
+const X11Client* X11ClientTable::find(xcb_window_t window) const
 {
-    const std::lock_guard guard(m_lock);
-    return m_state;
-}
-
-std::optional<X11Client> X11ClientTable::find(xcb_window_t window) const
-{
-    const std::lock_guard guard(m_lock);
     const Entry* found = entry(window);
-    return found ? std::optional(found->record.client) : std::nullopt;
+    return found ? &found->record.client : nullptr;
 }
 
-std::optional<X11Client> X11ClientTable::active() const
-{
-    const std::lock_guard guard(m_lock);
-    const Entry* found = entry(m_state.activeWindow);
-    return found ? std::optional(found->record.client) : std::nullopt;
-}
+const X11Client* X11ClientTable::active() const { return find(m_state.activeWindow); }
 
-std::optional<X11Client> X11ClientTable::mainWindow(ProcessID pid) const
+const X11Client* X11ClientTable::mainWindow(ProcessID pid) const
 {
-    const std::lock_guard guard(m_lock);
     const Entry* found = mainEntry(pid);
-    return found ? std::optional(found->record.client) : std::nullopt;
+    return found ? &found->record.client : nullptr;
 }
 
-std::optional<ApplicationNames> X11ClientTable::names(ProcessID pid) const
+const ApplicationNames* X11ClientTable::names(ProcessID pid) const
 {
-    const std::lock_guard guard(m_lock);
     const Entry* found = mainEntry(pid);
-    return found ? std::optional(found->record.names) : std::nullopt;
+    return found ? &found->record.names : nullptr;
 }
 
 bool X11ClientTable::isHidden(ProcessID pid) const
 {
-    const std::lock_guard guard(m_lock);
     if (m_state.showingDesktop)
         return true;
     bool hasWindow = false;
@@ -77,21 +62,19 @@ bool X11ClientTable::isHidden(ProcessID pid) const
     return hasWindow;
 }
 
-std::vector<X11Client> X11ClientTable::stacking() const
+std::vector<const X11Client*> X11ClientTable::stacking() const
 {
-    const std::lock_guard guard(m_lock);
-    std::vector<X11Client> clients;
+    std::vector<const X11Client*> clients;
     clients.reserve(m_entries.size());
     for (const Entry& listed : m_entries) {
         if (listed.isListed)
-            clients.push_back(listed.record.client);
+            clients.push_back(&listed.record.client);
     }
     return clients;
 }
 
 std::vector<ProcessID> X11ClientTable::processes() const
 {
-    const std::lock_guard guard(m_lock);
     std::vector<ProcessID> pids;
     for (const Entry& listed : m_entries) {
         if (listed.isListed)
@@ -104,7 +87,6 @@ std::vector<ProcessID> X11ClientTable::processes() const
 
 xcb_window_t X11ClientTable::clientOf(xcb_window_t window) const
 {
-    const std::lock_guard guard(m_lock);
     const auto found = std::ranges::find_if(m_entries, [window](const Entry& known) {
         return known.record.client.window == window || known.record.client.frame == window;
     });
@@ -113,7 +95,6 @@ xcb_window_t X11ClientTable::clientOf(xcb_window_t window) const
 
 std::vector<xcb_window_t> X11ClientTable::windows() const
 {
-    const std::lock_guard guard(m_lock);
     std::vector<xcb_window_t> windows;
     for (const Entry& known : m_entries)
         windows.push_back(known.record.client.window);
@@ -122,23 +103,20 @@ std::vector<xcb_window_t> X11ClientTable::windows() const
 
 void X11ClientTable::store(X11ClientRecord record)
 {
-    const std::lock_guard guard(m_lock);
     if (Entry* known = entry(record.client.window))
         known->record = std::move(record);
     else
         m_entries.push_back({std::move(record), std::nullopt, 0, false});
 }
 
-void X11ClientTable::update(const X11Client& client)
+X11Client* X11ClientTable::edit(xcb_window_t window)
 {
-    const std::lock_guard guard(m_lock);
-    if (Entry* known = entry(client.window))
-        known->record.client = client;
+    Entry* found = entry(window);
+    return found ? &found->record.client : nullptr;
 }
 
 void X11ClientTable::remove(xcb_window_t window)
 {
-    const std::lock_guard guard(m_lock);
     const Entry* known = entry(window);
     if (!known)
         return;
@@ -149,7 +127,6 @@ void X11ClientTable::remove(xcb_window_t window)
 
 void X11ClientTable::setState(const X11DesktopState& state)
 {
-    const std::lock_guard guard(m_lock);
     m_state = state;
     if (Entry* known = entry(state.activeWindow))
         known->activation = ++m_activations;
@@ -157,7 +134,6 @@ void X11ClientTable::setState(const X11DesktopState& state)
 
 void X11ClientTable::setStacking(std::span<const xcb_window_t> bottomToTop)
 {
-    const std::lock_guard guard(m_lock);
     for (Entry& known : m_entries)
         known.isListed = false;
     std::size_t sorted = 0;
@@ -173,7 +149,6 @@ void X11ClientTable::setStacking(std::span<const xcb_window_t> bottomToTop)
 std::optional<X11ClientTable::Configured> X11ClientTable::configureFrame(xcb_window_t frame, const PixelRect& outer,
                                                                          std::uint32_t sequence)
 {
-    const std::lock_guard guard(m_lock);
     for (Entry& candidate : m_entries) {
         X11Client& client = candidate.record.client;
         if (client.frame != frame)
@@ -189,7 +164,6 @@ std::optional<X11ClientTable::Configured> X11ClientTable::configureFrame(xcb_win
 
 std::vector<X11ClientNotice> X11ClientTable::takeNotices()
 {
-    const std::lock_guard guard(m_lock);
     auto notices = std::exchange(m_vanished, {});
     for (Entry& known : m_entries) {
         const X11Client& now = known.record.client;

@@ -176,19 +176,12 @@ void X11Clients::readClients()
 
 void X11Clients::measureClients()
 {
-    std::vector<X11Client> clients;
+    std::vector<X11Client*> clients;
     for (const xcb_window_t window : std::exchange(m_toMeasure, {})) {
-        if (const auto client = m_table.find(window))
-            clients.push_back(*client);
+        if (X11Client* client = m_table.edit(window))
+            clients.push_back(client);
     }
-    if (clients.empty())
-        return;
-    std::vector<X11Client*> toMeasure;
-    for (X11Client& client : clients)
-        toMeasure.push_back(&client);
-    m_reader.measure(toMeasure);
-    for (const X11Client& client : clients)
-        m_table.update(client);
+    m_reader.measure(clients);
 }
 
 } // namespace haloric

@@ -56,13 +56,13 @@ X11FrameWatch::~X11FrameWatch()
     close(m_wakeDescriptor);
 }
 
-void X11FrameWatch::watch(xcb_window_t window, const std::optional<X11Client>& known)
+void X11FrameWatch::watch(xcb_window_t window, const X11Client* known)
 {
     if (!m_connection)
         return;
     {
         const std::lock_guard guard(m_lock);
-        m_target = {window, m_target.serial + 1, known.has_value(), true, std::nullopt};
+        m_target = {window, m_target.serial + 1, known != nullptr, true, std::nullopt};
         if (known)
             m_target.visibleFrame = known->visibleFrame();
     }

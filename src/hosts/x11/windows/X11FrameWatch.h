@@ -34,10 +34,11 @@ public:
 
     bool isConnected() const { return m_connection != nullptr; }
 
-    // Watches a window in place of the previous one. `known` is what the caller knows of it already, in force until
-    // the thread has looked for itself; whatever changed since is then told as an event. Main thread; does not wait.
-    void watch(xcb_window_t window, const std::optional<X11Client>& known);
-    void stop() { watch(XCB_WINDOW_NONE, std::nullopt); }
+    // Watches a window in place of the previous one. `known` (null: nothing) is what the caller knows of it already, in
+    // force until the thread has looked for itself; whatever changed since is then told as an event. Main thread; does
+    // not wait.
+    void watch(xcb_window_t window, const X11Client* known);
+    void stop() { watch(XCB_WINDOW_NONE, nullptr); }
 
     // Where the watched window is at the moment. Any thread; costs a lock.
     struct Sighting {

@@ -34,21 +34,21 @@ std::optional<std::vector<WindowInfo>> X11WindowInfoSource::copyWindowInfo(Windo
                                                                            WindowNumber relativeTo)
 {
     const X11Space space = m_scale.current();
-    const X11DesktopState state = m_clients.state();
+    const X11DesktopState& state = m_clients.state();
     std::vector<WindowInfo> list;
     if (contains(options, WindowListOptions::includingWindow)) {
-        if (const auto client = m_clients.find(static_cast<xcb_window_t>(relativeTo)))
+        if (const X11Client* client = m_clients.find(static_cast<xcb_window_t>(relativeTo)))
             list.push_back(describe(*client, state, space));
         return list;
     }
     const bool desktopToo = !contains(options, WindowListOptions::excludeDesktopElements);
     auto frontToBack = m_clients.stacking();
     std::reverse(frontToBack.begin(), frontToBack.end());
-    for (const X11Client& client : frontToBack) {
-        const bool isDesktop = client.type == X11WindowType::desktop;
-        const bool isSeen = client.isSeenOn(state.currentDesktop) && (isDesktop || !state.showingDesktop);
+    for (const X11Client* client : frontToBack) {
+        const bool isDesktop = client->type == X11WindowType::desktop;
+        const bool isSeen = client->isSeenOn(state.currentDesktop) && (isDesktop || !state.showingDesktop);
         if (isDesktop ? desktopToo : (isSeen || !contains(options, WindowListOptions::onScreenOnly)))
-            list.push_back(describe(client, state, space));
+            list.push_back(describe(*client, state, space));
     }
     return list;
 }

@@ -26,7 +26,6 @@ X11WindowManager::X11WindowManager(X11Connection& connection, LinuxRunLoop& runL
             m_mayHaveChanged = m_mayHaveChanged || event.window == m_checkWindow;
         }));
     look();
-    m_tellsDecoration = supports(m_atoms.frameExtents);
     m_subscriptions.push_back(runLoop.onBeforeWait([this] { return lookAgain(); }));
 }
 
@@ -44,7 +43,6 @@ bool X11WindowManager::lookAgain()
         return false;
     const auto before = std::tuple(m_isRunning, m_checkWindow, m_name);
     look();
-    m_tellsDecoration = supports(m_atoms.frameExtents);
     if (before != std::tie(m_isRunning, m_checkWindow, m_name))
         m_changes.publish();
     return true;
@@ -73,6 +71,14 @@ void X11WindowManager::look()
 bool X11WindowManager::supports(xcb_atom_t hint) const
 {
     return m_isRunning && std::ranges::find(m_supported, hint) != m_supported.end();
+}
+
+void X11WindowManager::waitUntilRunning(LinuxRunLoop& runLoop, Seconds patience,
+                                        const std::function<bool()>& isEnding) const
+{
+    const Seconds deadline = runLoop.systemUptime() + patience;
+    while (!m_isRunning && !isEnding() && runLoop.systemUptime() < deadline)
+        runLoop.turn(deadline - runLoop.systemUptime());
 }
 
 } // namespace haloric

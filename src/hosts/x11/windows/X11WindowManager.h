@@ -1,6 +1,6 @@
-// The window manager that runs on the display, if it is one that speaks the common hints: it names a check window on
-// the root, and that window names itself. A window manager that was killed leaves the first half behind, so only
-// both together count. Window managers come and go. Main thread, unless said otherwise.
+// The window manager that runs on the display, if it supports the Extended Window Manager Hints: it names a check
+// window on the root, and that window names itself. A window manager that was killed leaves the first half behind, so
+// both are required. Window managers come and go. Main thread.
 #pragma once
 
 #include "foundation/Publisher.h"
@@ -8,7 +8,7 @@
 #include "hosts/linux/loop/LinuxRunLoop.h"
 #include "hosts/x11/server/X11Connection.h"
 
-#include <atomic>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,8 +27,12 @@ public:
     // Whether it announces a hint, such as _NET_FRAME_EXTENTS.
     bool supports(xcb_atom_t hint) const;
 
-    // Whether it tells how windows are decorated; then one that it tells nothing of has no decoration. Any thread.
-    bool tellsDecoration() const { return m_tellsDecoration; }
+    // Whether it sets the extents of decorations; then a window without extents has no decoration.
+    bool reportsDecoration() const { return supports(m_atoms.frameExtents); }
+
+    // Turns the loop until one runs, `isEnding` returns true, or `patience` is over. A desktop starts its parts in any
+    // order, so a window manager may start just after this program.
+    void waitUntilRunning(LinuxRunLoop& runLoop, Seconds patience, const std::function<bool()>& isEnding) const;
 
     // One came, went, or was replaced by another.
     Subscription onChange(Task handler) { return m_changes.subscribe(std::move(handler)); }
@@ -44,7 +48,6 @@ private:
     bool m_mayHaveChanged = false;
     bool m_isRunning = false;
     std::string m_name;
-    std::atomic<bool> m_tellsDecoration = false;
     std::vector<xcb_atom_t> m_supported;
     Publisher<> m_changes;
     std::vector<Subscription> m_subscriptions;

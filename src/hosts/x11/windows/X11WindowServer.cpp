@@ -41,7 +41,7 @@ std::optional<Rect> X11WindowServer::bounds(xcb_window_t window)
     std::optional<PixelRect> pixels;
     if (const auto sighting = m_watch.look(window); sighting.isWatched)
         pixels = sighting.visibleFrame;
-    else if (const auto client = m_clients.table().find(window))
+    else if (const X11Client* client = m_clients.table().find(window))
         pixels = client->visibleFrame();
     else
         pixels = askForRectangle(window);

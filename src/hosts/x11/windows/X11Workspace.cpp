@@ -44,7 +44,7 @@ X11Workspace::X11Workspace(X11Clients& clients, RunLoop& runLoop)
 
 std::optional<FrontmostApplication> X11Workspace::lookForFrontmost() const
 {
-    const auto active = m_clients.table().active();
+    const X11Client* active = m_clients.table().active();
     if (!active)
         return std::nullopt;
     return FrontmostApplication{active->pid, m_clients.table().isHidden(active->pid)};
@@ -105,7 +105,7 @@ void X11Workspace::publish(WorkspaceNotification notification)
 
 std::optional<std::string> X11Workspace::bundleIdentifier(ProcessID pid) const
 {
-    const auto names = m_clients.table().names(pid);
+    const ApplicationNames* names = m_clients.table().names(pid);
     return names ? m_entries.identifier(*names) : std::nullopt;
 }
 

@@ -1,7 +1,6 @@
 #include "hosts/x11/X11Application.h"
 
 #include "hosts/linux/loop/LinuxRunLoop.h"
-#include "hosts/x11/X11ApplicationWindows.h"
 
 #include <unistd.h>
 

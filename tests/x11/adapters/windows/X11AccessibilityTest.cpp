@@ -1,8 +1,5 @@
 #include "x11/adapters/AccessibilityAdapters.h"
 
-#include <atomic>
-#include <thread>
-
 namespace haloric {
 namespace {
 
@@ -76,7 +73,7 @@ TEST_P(X11AccessibilityTest, only_windows_that_people_work_in_have_the_role_of_a
         made.push_back(session.makeClient({.type = type}));
         const auto& client = made.back();
         EXPECT_TRUE(client->show());
-        EXPECT_TRUE(adapters.waitUntil([&] { return adapters.clients.table().find(client->window()).has_value(); }));
+        EXPECT_TRUE(adapters.waitUntil([&] { return adapters.clients.table().find(client->window()) != nullptr; }));
         const X11AccessibilityElement element(X11AccessibilityElement::Kind::window, kSelf, client->window());
         return adapters.valueOf<std::string>(std::make_shared<X11AccessibilityElement>(element), "AXRole").value_or("");
     };
@@ -94,29 +91,6 @@ TEST_P(X11AccessibilityTest, a_window_that_is_gone_is_an_invalid_element)
     ASSERT_TRUE(client->destroy());
     EXPECT_TRUE(
         adapters.waitUntil([&] { return adapters.attributeOf(element, "AXRole").error == AXError::invalidElement; }));
-}
-
-TEST_P(X11AccessibilityTest, attributes_may_be_read_on_another_thread_while_windows_move)
-{
-    const auto client = session.makeClient();
-    const AXElement element = focus(*client);
-    std::atomic<bool> isEnding = false;
-    std::atomic<int> reads = 0;
-    std::thread queue([&] {
-        while (!isEnding) {
-            const auto application = adapters.accessibility.createApplicationElement(kSelf);
-            if (adapters.valueOf<AXElement>(application, "AXFocusedWindow") &&
-                adapters.valueOf<Point>(element, "AXPosition"))
-                ++reads;
-        }
-    });
-    for (int step = 0; step < 50; ++step) {
-        client->requestContent({300 + step, 250, 600, 400});
-        adapters.settle();
-    }
-    EXPECT_TRUE(adapters.waitUntil([&] { return reads > 0; }));
-    isEnding = true;
-    queue.join();
 }
 
 TEST_P(X11AccessibilityTest, only_the_known_notifications_of_the_application_can_be_asked_for)

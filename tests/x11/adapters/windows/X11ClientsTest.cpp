@@ -10,7 +10,7 @@ class X11ClientsTest : public testing::Test {
 protected:
     bool knows(xcb_window_t window)
     {
-        return adapters.waitUntil([&] { return adapters.clients.table().find(window).has_value(); });
+        return adapters.waitUntil([&] { return adapters.clients.table().find(window) != nullptr; });
     }
 
     X11Session session{WindowManager::openbox};
@@ -32,7 +32,7 @@ TEST_F(X11ClientsTest, broken_properties_count_as_absent)
     own.synchronize();
     ASSERT_TRUE(
         adapters.waitUntil([&] { return !adapters.workspace.bundleIdentifier(adapters.frontmost()).has_value(); }));
-    const auto known = adapters.clients.table().find(client->window());
+    const X11Client* known = adapters.clients.table().find(client->window());
     ASSERT_TRUE(known);
     EXPECT_EQ(known->type, X11WindowType::normal);
     EXPECT_EQ(known->opacity, 1);
@@ -84,7 +84,7 @@ TEST_F(X11ClientsTest, a_client_that_is_killed_is_forgotten)
     const xcb_window_t window = client->window();
     ASSERT_TRUE(knows(window));
     client.reset(); // its connection closes
-    EXPECT_TRUE(adapters.waitUntil([&] { return !adapters.clients.table().find(window).has_value(); }));
+    EXPECT_TRUE(adapters.waitUntil([&] { return adapters.clients.table().find(window) == nullptr; }));
     EXPECT_TRUE(adapters.waitUntil([&] { return adapters.frontmost() == ProcessID::none; }));
 }
 

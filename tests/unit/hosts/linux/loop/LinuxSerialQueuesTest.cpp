@@ -1,23 +1,23 @@
 #include "hosts/linux/loop/LinuxSerialQueues.h"
 
-#include <atomic>
-#include <future>
-#include <thread>
+#include "hosts/linux/loop/LinuxRunLoop.h"
 
-#include <pthread.h>
+#include <memory>
+#include <thread>
+#include <vector>
 
 namespace haloric {
 namespace {
 
-std::unique_ptr<SerialQueue> makeQueue()
-{
-    return LinuxSerialQueues().make("com.kestrow.haloric.accessibility", QualityOfService::userInitiated);
-}
-
-TEST(LinuxSerialQueues, blocks_run_in_order_on_one_other_thread)
-{
-    const auto queue = makeQueue();
+struct LinuxSerialQueuesTest : testing::Test {
+    LinuxRunLoop loop;
+    std::unique_ptr<SerialQueue> queue =
+        LinuxSerialQueues(loop).make("com.kestrow.haloric.accessibility", QualityOfService::userInitiated);
     std::vector<int> order;
+};
+
+TEST_F(LinuxSerialQueuesTest, blocks_run_on_the_main_thread_in_their_order)
+{
     std::vector<std::thread::id> threads;
     for (int index = 0; index < 100; ++index) {
         queue->async([&, index] {
@@ -25,55 +25,62 @@ TEST(LinuxSerialQueues, blocks_run_in_order_on_one_other_thread)
             threads.push_back(std::this_thread::get_id());
         });
     }
-    std::promise<void> done;
-    queue->async([&] { done.set_value(); });
-    done.get_future().wait();
+    EXPECT_TRUE(order.empty()) << "not within the submission";
+    loop.turn(Seconds(0));
     EXPECT_TRUE(std::ranges::is_sorted(order));
     EXPECT_EQ(order.size(), 100U);
-    EXPECT_EQ(std::ranges::count(threads, threads.front()), 100);
-    EXPECT_NE(threads.front(), std::this_thread::get_id());
+    EXPECT_EQ(std::ranges::count(threads, std::this_thread::get_id()), 100);
 }
 
-TEST(LinuxSerialQueues, the_thread_bears_the_last_part_of_the_label)
+TEST_F(LinuxSerialQueuesTest, blocks_and_posted_tasks_run_in_one_order)
 {
-    const auto queue = makeQueue();
-    std::promise<std::string> name;
-    queue->async([&] {
-        char text[32] = {};
-        pthread_getname_np(pthread_self(), text, sizeof text);
-        name.set_value(text);
-    });
-    EXPECT_EQ(name.get_future().get(), "accessibility");
+    queue->async([&] { order.push_back(1); });
+    loop.post([&] { order.push_back(2); });
+    queue->async([&] { order.push_back(3); });
+    loop.turn(Seconds(0));
+    EXPECT_THAT(order, testing::ElementsAre(1, 2, 3));
 }
 
-TEST(LinuxSerialQueues, the_end_of_a_queue_waits_for_what_was_submitted)
+TEST_F(LinuxSerialQueuesTest, the_end_of_a_queue_runs_what_was_submitted_once)
 {
-    std::atomic<int> ran = 0;
-    auto queue = makeQueue();
-    for (int index = 0; index < 20; ++index)
-        queue->async([&] { ++ran; });
+    for (int index = 0; index < 3; ++index)
+        queue->async([&, index] { order.push_back(index); });
     queue.reset();
-    EXPECT_EQ(ran, 20);
+    EXPECT_THAT(order, testing::ElementsAre(0, 1, 2));
+    loop.turn(Seconds(0));
+    EXPECT_EQ(order.size(), 3U);
 }
 
-TEST(LinuxSerialQueues, a_block_may_submit_another)
+TEST_F(LinuxSerialQueuesTest, the_end_of_one_queue_leaves_the_blocks_of_others)
 {
-    auto queue = makeQueue();
-    std::promise<void> done;
-    queue->async([&] { queue->async([&] { done.set_value(); }); });
-    done.get_future().wait();
+    const auto other = LinuxSerialQueues(loop).make("", QualityOfService::utility);
+    other->async([&] { order.push_back(1); });
+    queue->async([&] { order.push_back(2); });
+    queue.reset();
+    EXPECT_THAT(order, testing::ElementsAre(2));
+    loop.turn(Seconds(0));
+    EXPECT_THAT(order, testing::ElementsAre(2, 1));
 }
 
-TEST(LinuxSerialQueues, what_a_block_holds_is_released_on_the_queue)
+TEST_F(LinuxSerialQueuesTest, a_block_may_submit_another_which_runs_after_it)
 {
-    auto queue = makeQueue();
-    std::promise<std::thread::id> released;
-    auto held = std::shared_ptr<int>(new int, [&](const int* value) {
-        delete value;
-        released.set_value(std::this_thread::get_id());
+    queue->async([&] {
+        queue->async([&] { order.push_back(2); });
+        order.push_back(1);
     });
-    queue->async([alone = std::move(held)] {});
-    EXPECT_NE(released.get_future().get(), std::this_thread::get_id());
+    while (order.size() < 2)
+        loop.turn(Seconds(1));
+    EXPECT_THAT(order, testing::ElementsAre(1, 2));
+}
+
+TEST_F(LinuxSerialQueuesTest, what_a_block_holds_is_released_when_it_has_run)
+{
+    auto held = std::make_shared<int>(1);
+    const std::weak_ptr<int> released = held;
+    queue->async([kept = std::move(held)] {});
+    EXPECT_FALSE(released.expired());
+    loop.turn(Seconds(0));
+    EXPECT_TRUE(released.expired());
 }
 
 } // namespace

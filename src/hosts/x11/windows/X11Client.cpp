@@ -1,6 +1,15 @@
-#include "hosts/x11/windows/X11ClientNotice.h"
+#include "hosts/x11/windows/X11Client.h"
 
 namespace haloric {
+
+X11Decoration X11Client::decoration() const
+{
+    if (geometry.shadow)
+        return X11Decoration::client;
+    if (!geometry.decoration)
+        return X11Decoration::unknown;
+    return geometry.decoration->top > 0 ? X11Decoration::windowManager : X11Decoration::none;
+}
 
 void X11ClientNotice::appendChanges(std::vector<X11ClientNotice>& notices, const X11Client& before,
                                     const X11Client& now)

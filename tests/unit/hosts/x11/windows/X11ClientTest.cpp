@@ -1,4 +1,4 @@
-#include "hosts/x11/windows/X11ClientNotice.h"
+#include "hosts/x11/windows/X11Client.h"
 
 namespace haloric {
 namespace {

@@ -32,10 +32,25 @@ if(HALORIC_SANITIZERS)
     target_link_options(haloric_options INTERFACE "-fsanitize=${HALORIC_SANITIZERS}")
 endif()
 
+# Most of a compilation is the reading of headers, so the sources of a target are compiled in batches. The batches are
+# small, because one changed source compiles its whole batch again.
+option(HALORIC_UNITY "Compile several sources of a target at once" ON)
+set(HALORIC_UNITY_BATCH 8 CACHE STRING "How many sources are compiled at once")
+mark_as_advanced(HALORIC_UNITY_BATCH)
+
+function(haloric_compile_in_batches name)
+    set_target_properties(${name} PROPERTIES
+        UNITY_BUILD ${HALORIC_UNITY} UNITY_BUILD_BATCH_SIZE ${HALORIC_UNITY_BATCH})
+    if(name MATCHES "^haloric_linux_(files|form|qt|shell)$")
+        set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
+    endif()
+endfunction()
+
 # haloric_library(NAME SOURCES… [DEPENDS targets…]): a static library of one folder.
 function(haloric_library name)
     cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})
     add_library(${name} STATIC ${arg_UNPARSED_ARGUMENTS})
+    haloric_compile_in_batches(${name})
     target_link_libraries(${name} PUBLIC haloric_options ${arg_DEPENDS})
 endfunction()
 
@@ -50,6 +65,10 @@ set(HALORIC_TEST_OPTIONS "$<$<CONFIG:RelWithDebInfo>:-O1;-g1>")
 function(haloric_test name)
     cmake_parse_arguments(arg "" "" "DEPENDS;LABELS" ${ARGN})
     add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
+    haloric_compile_in_batches(${name})
+    # It replaces the allocation functions, which the compiler must not look through in the tests that it counts in.
+    set_source_files_properties("${PROJECT_SOURCE_DIR}/tests/support/AllocationCounter.cpp"
+        PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
     target_link_libraries(${name} PRIVATE haloric_options ${arg_DEPENDS} GTest::gmock_main)
     target_compile_options(${name} PRIVATE "${HALORIC_TEST_OPTIONS}")

@@ -2,6 +2,7 @@
 
 #include "drawing/Canvas.h"
 #include "overlay/DimColor.h"
+#include "overlay/FrameStrips.h"
 
 #include <algorithm>
 
@@ -27,7 +28,6 @@ std::vector<Rect> AppDimView::paintedArea(const Rect& bounds) const
 {
     if (!isShown())
         return {};
-    constexpr double kAntialiasing = 1; // a point, in which an item's edge may be drawn
     std::vector<Rect> area;
     for (const Window& window : windows) {
         if (window.dim && intersects(window.rect, bounds))

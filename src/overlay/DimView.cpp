@@ -8,12 +8,6 @@
 
 namespace haloric {
 
-namespace {
-
-constexpr double kAntialiasing = 1; // points by which the hole's edge can spill over
-
-} // namespace
-
 void DimView::draw(Canvas& canvas, const Rect& bounds)
 {
     if (!settings.dimEnabled)

@@ -8,6 +8,9 @@
 
 namespace haloric {
 
+// Points by which an edge between two pixels can spill over.
+inline constexpr double kAntialiasing = 1;
+
 // Up to four rectangles that cover `outer` but not `interior`, and do not overlap: one above and one below, as wide
 // as `outer`, and one at either side. `interior` may be empty or lie wholly or partly outside.
 inline std::vector<Rect> stripsAround(const Rect& outer, const Rect& interior)

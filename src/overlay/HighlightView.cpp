@@ -13,7 +13,6 @@ namespace {
 constexpr double kPulseGrowth = 26.0;   // points that the ring travels outward
 constexpr double kPulseLineWidth = 3.0; // points
 constexpr double kPulseAlpha = 0.9;     // at the start of the pulse
-constexpr double kAntialiasing = 1.0;   // points by which an edge between two pixels can spill over
 
 // Fast at first, slowing down towards the end.
 double pulseGrowth(double progress)

@@ -19,6 +19,7 @@ import project as common
 LINTED = re.compile(r"(src|bench|demo|packaging|testing|tests/support)/.*\.cpp$")
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 INCLUDE_ROOTS = ("src", "tests", "bench", "packaging", ".")
+BATCHED = re.compile(r'^#include "(.+\.cpp)"$', re.MULTILINE)
 WARNING = re.compile(r"^.*(?:warning|error): .*$", re.MULTILINE)
 
 
@@ -38,9 +39,17 @@ def arguments_of(command):
             skip = False
         elif word in ("-o", "-MT", "-MF", "-include"):
             skip = True
-        elif not word.endswith(".cpp") and not word.startswith("-fsanitize"):
+        elif not word.endswith((".cpp", ".cxx")) and not word.startswith("-fsanitize"):
             kept.append(word)
     return kept
+
+
+def sources_of(entry):
+    """The source that the command compiles; of a batch made by CMake, each of its sources."""
+    file = pathlib.Path(entry["directory"], entry["file"]).resolve()
+    if file.parent.name == "Unity":
+        return [pathlib.Path(name) for name in BATCHED.findall(file.read_text())]
+    return [file]
 
 
 def reached_files(project, path, seen):
@@ -87,15 +96,15 @@ def check(project, options):
     constant = version + (project.root / ".clang-tidy").read_bytes()
     pending = {}
     for entry in json.loads((build / "compile_commands.json").read_text()):
-        file = pathlib.Path(entry["directory"], entry["file"]).resolve()
-        if not file.is_relative_to(project.root) or not file.is_file():
-            continue
-        path = pathlib.PurePosixPath(file.relative_to(project.root))
-        if LINTED.match(str(path)):
-            arguments = arguments_of(entry["command"])
-            mark = cache / fingerprint(project, path, arguments, constant)
-            if not mark.exists():
-                pending[path] = (arguments, mark)
+        for file in sources_of(entry):
+            if not file.is_relative_to(project.root) or not file.is_file():
+                continue
+            path = pathlib.PurePosixPath(file.relative_to(project.root))
+            if LINTED.match(str(path)):
+                arguments = arguments_of(entry["command"])
+                mark = cache / fingerprint(project, path, arguments, constant)
+                if not mark.exists():
+                    pending[path] = (arguments, mark)
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
         results = {path: pool.submit(lint, project, path, arguments) for path, (arguments, _) in pending.items()}
     for path, result in results.items():

@@ -8,12 +8,12 @@ namespace {
 using testing::ElementsAre;
 using Recording = RecordingCanvas;
 
-const Color kRed{1, 0, 0, 1};
-const Rect kRect{1, 2, 30, 40};
-const Rect kFlipped{1, 58, 30, 40}; // in a view 100 high
-
 class FlippedCanvasTest : public testing::Test {
 protected:
+    static constexpr Color kRed{1, 0, 0, 1};
+    static constexpr Rect kRect{1, 2, 30, 40};
+    static constexpr Rect kFlipped{1, 58, 30, 40}; // in a view 100 high
+
     RecordingCanvas below;
     FlippedCanvas canvas{below, 100};
 };

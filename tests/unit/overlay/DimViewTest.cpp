@@ -8,11 +8,11 @@ namespace {
 using Recorded = RecordingCanvas;
 using Calls = std::vector<RecordingCanvas::Call>;
 
-constexpr Rect kBounds{0, 0, 1000, 800};
-constexpr Color kDim{0.1, 0.2, 0.3, 0.35};
-
 class DimViewTest : public testing::Test {
 protected:
+    static constexpr Rect kBounds{0, 0, 1000, 800};
+    static constexpr Color kDim{0.1, 0.2, 0.3, 0.35};
+
     DimViewTest()
     {
         view.settings.dimEnabled = true;

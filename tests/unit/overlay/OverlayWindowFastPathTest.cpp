@@ -6,8 +6,6 @@ namespace {
 
 using OverlayWindowFastPathTest = OverlayWindowFixture;
 
-constexpr Rect kMoved{105, 93, 300, 200};
-
 TEST_F(OverlayWindowFastPathTest, makes_no_call_when_it_is_there_already)
 {
     show();

@@ -26,6 +26,7 @@ protected:
     static constexpr Screen kPrimary{{0, 0, 1000, 800}, DisplayID{1}};
     static constexpr Screen kSecondary{{1000, 0, 1000, 800}, DisplayID{2}};
     static constexpr Rect kStart{100, 100, 300, 200};
+    static constexpr Rect kMoved{105, 93, 300, 200};
     static constexpr const char* kUnavailable =
         "WindowServer overlay transactions unavailable; using AppKit positioning";
     static constexpr const char* kVerified = "WindowServer fast path: direct overlay position verified";

@@ -6,8 +6,6 @@ namespace {
 
 using OverlayWindowTest = OverlayWindowFixture;
 
-constexpr Rect kMoved{105, 93, 300, 200};
-
 TEST_F(OverlayWindowTest, is_made_borderless_transparent_and_click_through)
 {
     ToolkitWindowConfiguration expected;

@@ -74,12 +74,12 @@ double anyNumber()
                                             Limits::lowest(), -0.0));
 }
 
-Color anyColor() { return {anyNumber(), anyNumber(), anyNumber(), anyNumber()}; }
+Color strangeColor() { return {anyNumber(), anyNumber(), anyNumber(), anyNumber()}; }
 
 struct Act {
     void operator()(const FormToggle& toggle) const { toggle.set(*rc::gen::arbitrary<bool>()); }
     void operator()(const FormSlider& slider) const { slider.set(anyNumber()); }
-    void operator()(const FormColorWell& well) const { well.set(anyColor()); }
+    void operator()(const FormColorWell& well) const { well.set(strangeColor()); }
     void operator()(const FormPicker& picker) const { picker.choose(*rc::gen::inRange<std::size_t>(0, 4)); }
     void operator()(const FormListRow& row) const { row.remove(); }
     void operator()(const FormButton& button) const { button.perform(); }

@@ -12,13 +12,14 @@ using Snapshot = AXFocusWorker::Snapshot;
 using QueryResult = AXFocusWorker::QueryResult;
 using testing::ElementsAre;
 
-constexpr ProcessID kPid{7};
-constexpr WindowNumber kNumber{42};
 const QueryResult kNoWindow = AXFocusWorker::NoWindow{};
 const QueryResult kUnavailable = AXFocusWorker::Unavailable{};
 
 class AXFocusWorkerTest : public testing::Test {
 protected:
+    static constexpr ProcessID kPid{7};
+    static constexpr WindowNumber kNumber{42};
+
     AXFocusWorkerTest()
     {
         accessibility.applications[kPid] = app;

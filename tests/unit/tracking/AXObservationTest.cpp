@@ -10,10 +10,10 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 
-constexpr ProcessID kPid{7};
-
 class AXObservationTest : public testing::Test {
 protected:
+    static constexpr ProcessID kPid{7};
+
     std::unique_ptr<AXObservation> make() { return AXObservation::make(accessibility, kPid, app); }
 
     FakeAccessibility accessibility;

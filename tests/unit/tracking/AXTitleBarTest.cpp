@@ -8,11 +8,11 @@ namespace {
 
 using TitleBar = FocusState::TitleBar;
 
-constexpr ProcessID kPid{7};
-constexpr WindowNumber kNumber{42};
-
 class AXTitleBarTest : public testing::Test {
 protected:
+    static constexpr ProcessID kPid{7};
+    static constexpr WindowNumber kNumber{42};
+
     AXTitleBarTest()
     {
         for (const auto& [pid, app] : {std::pair(kPid, app7), std::pair(ProcessID{8}, app8)}) {

@@ -5,7 +5,7 @@
 namespace haloric {
 namespace {
 
-constexpr std::uint32_t kRedPixel = 0xffff0000;
+constexpr std::uint32_t kStripePixel = 0xffff0000;
 
 // A red stripe, one point high, along the edge where y is zero.
 DrawnImage stripe(bool isFlipped)
@@ -25,15 +25,15 @@ TEST(ImageRaster, a_picture_has_its_size_in_pixels_of_the_scale)
 TEST(ImageRaster, the_origin_is_at_the_bottom)
 {
     const Picture picture = ImageRaster::render(stripe(false), 1, {});
-    EXPECT_EQ(picture.at(0, 2), kRedPixel);
+    EXPECT_EQ(picture.at(0, 2), kStripePixel);
     EXPECT_EQ(picture.at(0, 0), 0U);
 }
 
 TEST(ImageRaster, a_flipped_picture_has_its_origin_at_the_top)
 {
     const Picture picture = ImageRaster::render(stripe(true), 2, {});
-    EXPECT_EQ(picture.at(7, 0), kRedPixel);
-    EXPECT_EQ(picture.at(7, 1), kRedPixel);
+    EXPECT_EQ(picture.at(7, 0), kStripePixel);
+    EXPECT_EQ(picture.at(7, 1), kStripePixel);
     EXPECT_EQ(picture.at(7, 2), 0U);
 }
 

@@ -11,7 +11,7 @@ constexpr std::uint32_t kRedPixel = 0xffff0000;
 constexpr std::uint32_t kHalfBluePixel = 0x80000080;
 const Rect kAll{0, 0, 20, 10};
 
-struct Fixture : testing::Test {
+struct RasterCanvasDrawing : testing::Test {
     Picture picture{20, 10};
     RasterResources resources;
     RasterCanvas canvas{resources, picture.buffer(), {1, {20, 10}, 0, 0}, RasterContents::transparent};
@@ -22,7 +22,6 @@ struct Fixture : testing::Test {
                                               [](std::uint32_t pixel) { return pixel != 0; }));
     }
 };
-using RasterCanvasDrawing = Fixture;
 
 TEST_F(RasterCanvasDrawing, a_rectangle_is_painted_with_y_upward)
 {

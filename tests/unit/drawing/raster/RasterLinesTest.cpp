@@ -7,16 +7,16 @@
 namespace haloric {
 namespace {
 
-const Color kRed{1, 0, 0, 1};
-const Color kHalfBlue{0, 0, 1, 0.5};
-constexpr std::uint32_t kRedPixel = 0xffff0000;
-constexpr std::uint32_t kHalfBluePixel = 0x80000080;
-
 constexpr LineStyle kButt{4, LineCap::butt, LineJoin::miter};
 constexpr LineStyle kRound{4, LineCap::round, LineJoin::round};
 
 class RasterLines : public testing::Test {
 protected:
+    static constexpr Color kRed{1, 0, 0, 1};
+    static constexpr Color kHalfBlue{0, 0, 1, 0.5};
+    static constexpr std::uint32_t kRedPixel = 0xffff0000;
+    static constexpr std::uint32_t kHalfBluePixel = 0x80000080;
+
     void stroke(std::vector<Polyline> lines, const Color& color, const LineStyle& style)
     {
         canvas.strokeLines(lines, color, style);

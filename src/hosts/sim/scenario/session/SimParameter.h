@@ -25,6 +25,8 @@ enum class SimType {
 };
 
 enum class SimPresence { required, optional };
+inline constexpr auto kRequired = SimPresence::required; // short, for the tables of steps
+inline constexpr auto kOptional = SimPresence::optional;
 
 struct SimParameter {
     std::string_view name;

@@ -6,7 +6,6 @@ namespace haloric {
 
 namespace {
 
-constexpr auto kOptional = SimPresence::optional;
 const SimParameter kApp{"app", SimType::text, SimPresence::required, "the application's name"};
 
 void launch(SimPlayer& player, const SimJson& arguments)

@@ -4,8 +4,6 @@ namespace haloric {
 
 namespace {
 
-constexpr auto kRequired = SimPresence::required;
-
 void notifySpuriously(SimPlayer& player, const SimJson& arguments)
 {
     const auto window = arguments["number"].get<std::uint32_t>();

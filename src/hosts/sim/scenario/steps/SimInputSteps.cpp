@@ -7,8 +7,6 @@ namespace haloric {
 
 namespace {
 
-constexpr auto kRequired = SimPresence::required;
-constexpr auto kOptional = SimPresence::optional;
 const SimParameter kButton{"button", SimType::text, kRequired, "which", {"left", "right", "other"}};
 
 SimButton buttonFrom(const SimJson& arguments)

@@ -6,9 +6,6 @@ namespace {
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
 
-constexpr ProcessID kEditor{10};
-constexpr ProcessID kShell{20};
-
 X11ClientRecord record(xcb_window_t window, ProcessID pid)
 {
     X11ClientRecord made;
@@ -23,6 +20,9 @@ X11ClientRecord record(xcb_window_t window, ProcessID pid)
 
 class X11ClientTableTest : public testing::Test {
 protected:
+    static constexpr ProcessID kEditor{10};
+    static constexpr ProcessID kShell{20};
+
     void SetUp() override
     {
         for (const xcb_window_t window : {1U, 2U})

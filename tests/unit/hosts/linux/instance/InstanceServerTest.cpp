@@ -30,7 +30,7 @@ struct InstanceServerTest : testing::Test, InstanceFolder {
     }
     bool waitUntil(const std::function<bool()>& predicate)
     {
-        const Deadline deadline(kPatience);
+        const Deadline deadline(kTimeout);
         while (!predicate() && !deadline.isOver())
             loop.turn(Seconds(0.01));
         return predicate();

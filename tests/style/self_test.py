@@ -122,11 +122,11 @@ class SelfTest(unittest.TestCase):
 
     def test_a_constant_that_is_not_what_it_should_be(self):
         def assert_slip(file, right, wrong, expected):
-            paths = [*(REPOSITORY / "src/hosts/macos").iterdir(), *(REPOSITORY / path for path in PORTABLE)]
+            paths = [*(REPOSITORY / "src/hosts/macos").rglob("*"), *(REPOSITORY / path for path in PORTABLE)]
             sources = {str(path.relative_to(REPOSITORY)): path.read_text()
                        for path in paths if path.suffix in (".h", ".mm", ".cpp")}
             self.assert_passes("macos", sources)
-            path = file if "/" in file else f"src/hosts/macos/{file}"
+            path = next(name for name in sources if f"/{name}".endswith(f"/{file}"))
             self.assertIn(right, sources[path])
             self.assert_fails("macos", sources | {path: sources[path].replace(right, wrong)}, expected)
 

@@ -1,4 +1,4 @@
-# Haloric.app: the program, its information dictionary, its icon and, where one is at hand, the update framework.
+# Haloric.app: the program, its Info.plist, its icon and, if SPARKLE_FRAMEWORK names one, the update framework.
 set(HALORIC_FEED_URL "" CACHE STRING "Address of the update feed (SUFeedURL); empty: no update checks")
 set(HALORIC_UPDATE_KEY "" CACHE STRING "Public key that updates are signed with (SUPublicEDKey)")
 set(SPARKLE_FRAMEWORK "" CACHE PATH "The update framework to put into the bundle; empty: none")
@@ -6,7 +6,7 @@ set(HALORIC_BUILD_NUMBER "1" CACHE STRING "CFBundleVersion: raised with each rel
 
 set(packaging "${PROJECT_SOURCE_DIR}/packaging/macos")
 
-# The update keys are there only when a feed is: without one the program offers no updates.
+# Without a feed the update keys are left out, and the program offers no updates.
 set(HALORIC_UPDATE_KEYS "")
 if(HALORIC_FEED_URL)
     string(REPLACE "&" "&amp;" feed "${HALORIC_FEED_URL}")
@@ -24,7 +24,7 @@ if(HALORIC_FEED_URL AND NOT SPARKLE_FRAMEWORK)
         "this build has no update framework, and so no command that checks for updates.")
 endif()
 if(SPARKLE_FRAMEWORK)
-    # Its links stay links, so not by CMake's own copying; and cp writes no link over the one that is there.
+    # cp keeps symbolic links, which CMake's own copying does not; it does not replace existing links, hence the rm.
     add_custom_command(TARGET Haloric POST_BUILD
         COMMAND "${CMAKE_COMMAND}" -E rm -rf "$<TARGET_BUNDLE_CONTENT_DIR:Haloric>/Frameworks"
         COMMAND "${CMAKE_COMMAND}" -E make_directory "$<TARGET_BUNDLE_CONTENT_DIR:Haloric>/Frameworks"
@@ -32,7 +32,7 @@ if(SPARKLE_FRAMEWORK)
         VERBATIM)
 endif()
 
-# The linker signs the program alone. macOS wants the whole bundle signed before it keeps a grant for it.
+# The linker signs the executable only. macOS keeps a grant only for a bundle that is signed as a whole.
 find_program(HALORIC_CODESIGN codesign)
 if(HALORIC_CODESIGN)
     add_custom_command(TARGET Haloric POST_BUILD COMMAND "${packaging}/sign" "$<TARGET_BUNDLE_DIR:Haloric>" VERBATIM)

@@ -1,4 +1,4 @@
-// The program on macOS: its adapters, and the entry sequence that they are handed to.
+// The program on macOS: makes the adapters and runs the program on them.
 #include "app/ApplicationDependencies.h"
 #include "app/EntrySequence.h"
 #include "hosts/macos/base/MacBundle.h"
@@ -31,7 +31,7 @@ int main()
 {
     using namespace haloric;
     @autoreleasepool {
-        MacApplication application; // first: AppKit's other classes expect the application object
+        MacApplication application; // first: AppKit's other classes need the NSApplication
         MacRunLoop runLoop;
         MacSerialQueues serialQueues;
         MacDisplayLinks displayLinks;
@@ -78,7 +78,7 @@ int main()
                              .userDefaults = userDefaults,
                              .processes = processes,
                              .log = log});
-        entry.run(); // ends with the process
+        entry.run(); // returns only when the process ends
     }
     return 0;
 }

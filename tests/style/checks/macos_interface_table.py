@@ -13,16 +13,16 @@ INTERFACE_ADAPTERS = {
         "for (const std::string& title : model.buttons) [alert addButtonWithTitle:nsStringFrom(title)]",
         "return [alert runModal]", "[[NSAlert alertWithError:nsErrorFrom(error)] runModal]",
     ],
-    "MacFormListRows.mm": [
-        "_removeButton.bordered = NO", "icon.size = NSMakeSize(row->iconSize.width, row->iconSize.height)",
-        "_removeButton.image = haloric::nsImageFrom(row->removeImage)",
-    ],
     "MacFormRowView.mm": [
         "label.lineBreakMode = NSLineBreakByTruncatingTail",
         "setContentCompressionResistancePriority:NSLayoutPriorityDragThatCannotResizeWindow "
         "forOrientation:NSLayoutConstraintOrientationHorizontal",
     ],
-    "MacFormRows.mm": ["_well.supportsAlpha = NO", "showsAlpha = NO"],
+    "MacFormRows.mm": [
+        "_well.supportsAlpha = NO", "showsAlpha = NO",
+        "_removeButton.bordered = NO", "icon.size = NSMakeSize(row->iconSize.width, row->iconSize.height)",
+        "_removeButton.image = haloric::nsImageFrom(row->removeImage)",
+    ],
     "MacFormWindows.mm": [
         "(NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskMiniaturizable) == 7",
         "initWithContentRect:NSMakeRect(0, 0, configuration.contentSize.width, configuration.contentSize.height)",

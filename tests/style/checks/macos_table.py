@@ -28,13 +28,6 @@ ADAPTERS = {
         "NSApplicationActivationPolicyAccessory == static_cast<NSInteger>(ActivationPolicy::accessory)",
         "[m_application setActivationPolicy:static_cast<NSApplicationActivationPolicy>(policy)]",
         "m_delegate.receiver = delegate; m_application.delegate = m_delegate;", "[m_application run]",
-    ],
-    "MacApplicationCatalog.mm": [
-        "NSWorkspace.sharedWorkspace.runningApplications", "URLForApplicationWithBundleIdentifier:",
-        "NSFileManager.defaultManager displayNameAtPath:", "localizedCaseInsensitiveCompare:",
-        "imageWithSystemSymbolName:",
-    ],
-    "MacApplicationDelegate.mm": [
         "- (void)applicationDidFinishLaunching:(NSNotification*)__unused notification "
         "{ if (self.receiver) self.receiver->applicationDidFinishLaunching(); }",
         "- (BOOL)applicationShouldHandleReopen:(NSApplication*)__unused sender "
@@ -42,6 +35,11 @@ ADAPTERS = {
         "{ return !self.receiver || self.receiver->applicationShouldHandleReopen(hasVisibleWindows); }",
         "- (void)applicationWillTerminate:(NSNotification*)__unused notification "
         "{ if (self.receiver) self.receiver->applicationWillTerminate(); }",
+    ],
+    "MacApplicationCatalog.mm": [
+        "NSWorkspace.sharedWorkspace.runningApplications", "URLForApplicationWithBundleIdentifier:",
+        "NSFileManager.defaultManager displayNameAtPath:", "localizedCaseInsensitiveCompare:",
+        "imageWithSystemSymbolName:",
     ],
     "MacBundle.mm": ["NSBundle.mainBundle.bundlePath", "NSBundle.mainBundle.infoDictionary["],
     "MacCanvas.mm": [
@@ -58,22 +56,12 @@ ADAPTERS = {
         "{source.redComponent, source.greenComponent, source.blueComponent, source.alphaComponent}",
         "kCFStringEncodingUTF8", "kCFAllocatorDefault",
         "dispatch_time(DISPATCH_TIME_NOW, ", "NSEC_PER_SEC",
+        "NSLocalizedDescriptionKey", "NSLocalizedRecoverySuggestionErrorKey",
     ],
     "MacDataAddSource.mm": [
         "dispatch_source_create(DISPATCH_SOURCE_TYPE_DATA_ADD, 0, 0, dispatch_get_main_queue())",
     ],
     "MacDisplayLinks.mm": ["@available(macOS 14.0, *)"],
-    "MacErrors.mm": ["NSLocalizedDescriptionKey", "NSLocalizedRecoverySuggestionErrorKey"],
-    "MacEventTap.mm": [
-        "kCGSessionEventTap", "kCGHeadInsertEventTap", "kCGEventTapOptionListenOnly", "kCGEventTapDisabledByTimeout",
-        "kCGEventTapDisabledByUserInput", "CGEventMaskBit(kCGEventKeyDown) | CGEventMaskBit(kCGEventLeftMouseUp)) == 1028",
-        "static_cast<CGEventTapLocation>(description.location)", "static_cast<CGEventTapPlacement>(description.placement)",
-        "static_cast<CGEventTapOptions>(description.options)",
-        "CGEventGetIntegerValueField(event, kCGKeyboardEventKeycode)", "type == kCGEventKeyDown",
-        "CFMachPortCreateRunLoopSource(kCFAllocatorDefault, m_port.get(), 0)",
-        "CFRunLoopAddSource(CFRunLoopGetMain(), source.get(), kCFRunLoopCommonModes)",
-        "CGEventTapEnable(m_port.get(), true)",
-    ],
     "MacHotkeys.mm": [
         "InstallEventHandler(GetApplicationEventTarget(), &takeEvent, 1, &spec, context, &installed)",
         "RegisterEventHotKey(hotkey.keyCode, hotkey.modifiers, identity, GetApplicationEventTarget(), options, &registered)",
@@ -88,6 +76,14 @@ ADAPTERS = {
         "NSEventMaskOtherMouseDown | NSEventMaskOtherMouseUp", "== 0x600001E",
         "addGlobalMonitorForEventsMatchingMask:eventMask(mask)", "addLocalMonitorForEventsMatchingMask:eventMask(mask)",
         "return event;", "NSEvent.pressedMouseButtons",
+        "kCGSessionEventTap", "kCGHeadInsertEventTap", "kCGEventTapOptionListenOnly", "kCGEventTapDisabledByTimeout",
+        "kCGEventTapDisabledByUserInput", "CGEventMaskBit(kCGEventKeyDown) | CGEventMaskBit(kCGEventLeftMouseUp)) == 1028",
+        "static_cast<CGEventTapLocation>(description.location)", "static_cast<CGEventTapPlacement>(description.placement)",
+        "static_cast<CGEventTapOptions>(description.options)",
+        "CGEventGetIntegerValueField(event, kCGKeyboardEventKeycode)", "type == kCGEventKeyDown",
+        "CFMachPortCreateRunLoopSource(kCFAllocatorDefault, m_port.get(), 0)",
+        "CFRunLoopAddSource(CFRunLoopGetMain(), source.get(), kCFRunLoopCommonModes)",
+        "CGEventTapEnable(m_port.get(), true)",
     ],
     "MacLog.mm": ['NSLog(@"%@", nsStringFrom(text))'],
     "MacLoginItemService.mm": [

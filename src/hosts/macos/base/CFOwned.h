@@ -1,6 +1,5 @@
-// Owns one reference to a Core Foundation object, and gives it back when it goes. Automatic reference counting looks
-// after Objective-C objects alone; every Core Foundation object that an adapter creates or copies lives in one of
-// these.
+// Owns one reference to a Core Foundation object and releases it. Automatic reference counting covers Objective-C
+// objects only; every Core Foundation object that an adapter creates or copies is kept in one of these.
 #pragma once
 
 #import <CoreFoundation/CoreFoundation.h>
@@ -17,7 +16,7 @@ public:
     // Takes over what a function named "Create" or "Copy" returned; may be null.
     explicit CFOwned(Reference owned) : m_reference(owned) {}
 
-    // Shares what belongs to somebody else, as a function named "Get" returns it; may be null.
+    // Retains a borrowed reference, as a function named "Get" returns it; may be null.
     static CFOwned retaining(Reference borrowed)
     {
         if (borrowed)
@@ -42,13 +41,13 @@ public:
             CFRelease(m_reference);
     }
 
-    // Hands the reference over to a caller who gives it back.
+    // Hands the reference over to the caller, which releases it.
     Reference take() { return std::exchange(m_reference, nullptr); }
 
     Reference get() const { return m_reference; }
     explicit operator bool() const { return m_reference != nullptr; }
 
-    // Where a function stores a reference that it gives away. Only while this owns nothing.
+    // Where a function stores a reference that the caller owns. Only while this is null.
     Reference* receiver() { return &m_reference; }
 
 private:

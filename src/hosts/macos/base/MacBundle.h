@@ -1,4 +1,4 @@
-// The main bundle.
+// The main bundle: its path, its identifier and its Info.plist.
 #pragma once
 
 #include "platform/Bundle.h"

@@ -1,6 +1,6 @@
-// Values of the seam as values of the system, and back. Any thread.
+// Values of src/platform and src/foundation as values of macOS, and back. Any thread.
 //
-// Coordinate spaces. Both sides speak of the same two, so nothing is ever flipped here: AppKit's screen coordinates
+// Coordinate spaces. Both sides use the same two, so nothing is ever flipped here: AppKit's screen coordinates
 // are screen space (origin at the bottom left of the first screen, y upward), and what Accessibility, the window list
 // and the window server report is global space (origin at the top left of the primary display, y downward). Portable
 // code converts between them, by flippedVertically. All lengths are points on both sides: AppKit and Core Graphics
@@ -11,6 +11,7 @@
 #include "foundation/Geometry.h"
 #include "foundation/Time.h"
 #include "hosts/macos/base/CFOwned.h"
+#include "platform/PlatformError.h"
 
 #import <AppKit/AppKit.h>
 
@@ -36,6 +37,10 @@ CFOwned<CGColorRef> cgColorFrom(const Color& color);
 
 // The components in the sRGB colour space; those of the colour's own space when it has none there.
 Color colorFrom(NSColor* color);
+
+// Domain, code, description and recovery suggestion; the rest of an NSError has no place in PlatformError.
+PlatformError platformErrorFrom(NSError* error);
+NSError* nsErrorFrom(const PlatformError& error);
 
 // From now on, for dispatch functions.
 dispatch_time_t dispatchTimeAfter(Seconds delay);

@@ -46,6 +46,25 @@ Color colorFrom(NSColor* color)
     return {source.redComponent, source.greenComponent, source.blueComponent, source.alphaComponent};
 }
 
+PlatformError platformErrorFrom(NSError* error)
+{
+    return {
+        .domain = stringFrom(error.domain),
+        .code = error.code,
+        .localizedDescription = stringFrom(error.localizedDescription),
+        .localizedRecoverySuggestion = stringFrom(error.localizedRecoverySuggestion),
+    };
+}
+
+NSError* nsErrorFrom(const PlatformError& error)
+{
+    NSMutableDictionary<NSErrorUserInfoKey, id>* words = [NSMutableDictionary dictionary];
+    words[NSLocalizedDescriptionKey] = nsStringFrom(error.localizedDescription);
+    if (!error.localizedRecoverySuggestion.empty())
+        words[NSLocalizedRecoverySuggestionErrorKey] = nsStringFrom(error.localizedRecoverySuggestion);
+    return [NSError errorWithDomain:nsStringFrom(error.domain) code:error.code userInfo:words];
+}
+
 dispatch_time_t dispatchTimeAfter(Seconds delay)
 {
     const double nanoseconds = std::max(delay.count(), 0.0) * static_cast<double>(NSEC_PER_SEC);

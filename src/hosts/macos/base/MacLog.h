@@ -1,4 +1,4 @@
-// The system's log.
+// The unified log of macOS, through NSLog.
 #pragma once
 
 #include "platform/Log.h"

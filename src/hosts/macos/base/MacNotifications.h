@@ -1,4 +1,4 @@
-// Observers at a notification center, as subscriptions. Main thread.
+// Observers of a notification center as subscriptions. Main thread.
 #pragma once
 
 #include "foundation/Subscription.h"

@@ -1,4 +1,4 @@
-// Child processes as the system's tasks, and this process's environment.
+// Child processes as NSTask, and this process's environment.
 #pragma once
 
 #include "platform/Processes.h"

@@ -1,4 +1,4 @@
-// The application's domain of the standard user defaults.
+// The settings in the standard user defaults, in the application's own domain.
 #pragma once
 
 #include "platform/UserDefaults.h"

@@ -1,10 +1,10 @@
-// Calls from the system's loops and queues into the program.
+// An autorelease pool around each call from a macOS loop or queue into the program.
 #pragma once
 
 namespace haloric {
 
-// Calls `call`, and releases afterwards what it left to an autorelease pool. The queues drain theirs at no certain
-// time, and the application's loop only with an event of its own, which may take hours to come in the background.
+// Calls `call` and then releases what it left to an autorelease pool. The queues drain their pools at no fixed time,
+// and the application's loop drains its own only after an event, which may take hours in the background.
 template <class Call>
 void withOwnPool(const Call& call)
 {

@@ -39,7 +39,7 @@ Class classFor(const haloric::FormButton&) { return MacButtonRow.class; }
 
 - (BOOL)showControl:(const haloric::FormControl&)__unused control
 {
-    return NO; // each subclass knows its kind
+    return NO; // each subclass accepts one kind
 }
 
 - (NSView*)control

@@ -1,4 +1,4 @@
-// Ordinary windows of AppKit with a form in them.
+// Ordinary NSWindows that show a form.
 #pragma once
 
 #include "platform/FormWindows.h"

@@ -25,7 +25,7 @@ static_assert((NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowSty
     return [super performKeyEquivalent:event];
 }
 
-// A colour panel without the form that it belongs to would change colours nobody sees.
+// Left open without its form, the colour panel would change colours that are not shown.
 - (void)close
 {
     [super close];
@@ -57,7 +57,7 @@ public:
 
     ~MacFormWindow() override
     {
-        [m_view showForm:{}]; // no control calls anybody any more
+        [m_view showForm:{}]; // controls that AppKit still keeps call nothing
         [m_window close];
     }
 

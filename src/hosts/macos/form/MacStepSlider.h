@@ -1,5 +1,5 @@
-// A slider that the arrow keys and assistive technology move by one step at a time. AppKit's own moves by a part of
-// the range, which an owner who rounds to steps might round away.
+// A slider that the arrow keys and assistive technology move by one step at a time. NSSlider moves by a part of the
+// range, which rounding to steps could undo.
 #pragma once
 
 #import <AppKit/AppKit.h>

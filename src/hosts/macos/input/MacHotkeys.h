@@ -1,4 +1,4 @@
-// Hotkeys of the Carbon event manager, on the application's event target.
+// System-wide hotkeys of the Carbon event manager, on the application's event target.
 #pragma once
 
 #include "platform/Hotkeys.h"
@@ -16,7 +16,7 @@ public:
     void unregisterHotkey(HotkeyRef hotkey) override;
 
 private:
-    // The event manager is handed their addresses.
+    // The event manager keeps their addresses.
     std::map<EventHandlerRef, std::unique_ptr<const std::function<std::int32_t()>>> m_handlers;
 };
 

@@ -15,7 +15,7 @@ OSStatus takeEvent(EventHandlerCallRef, EventRef, void* context)
     return handler();
 }
 
-// The seam's references are the system's pointers, as numbers.
+// The references of platform/Hotkeys.h are the event manager's pointers, as numbers.
 template <class Reference, class Pointer>
 Reference referenceFrom(Pointer pointer)
 {

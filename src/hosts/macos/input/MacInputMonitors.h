@@ -1,4 +1,4 @@
-// AppKit's event monitors and Core Graphics' event taps.
+// Mouse monitors of AppKit and event taps of Core Graphics.
 #pragma once
 
 #include "platform/InputMonitors.h"

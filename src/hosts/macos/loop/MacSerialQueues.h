@@ -1,4 +1,4 @@
-// Serial dispatch queues.
+// Serial queues as dispatch queues.
 #pragma once
 
 #include "platform/SerialQueue.h"

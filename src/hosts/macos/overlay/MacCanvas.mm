@@ -59,7 +59,7 @@ void MacCanvas::fill(const Path& path, const Color& color, FillRule rule)
 
 void MacCanvas::fillRect(const Rect& rect, const Color& color, CompositingOperation operation)
 {
-    save(); // the operation is this rectangle's alone
+    save(); // the operation applies to this rectangle only
     CGContextSetBlendMode(m_context, operation == CompositingOperation::copy ? kCGBlendModeCopy : kCGBlendModeNormal);
     CGContextSetFillColorWithColor(m_context, cgColorFrom(color).get());
     CGContextFillRect(m_context, cgRectFrom(rect));
@@ -76,7 +76,7 @@ void MacCanvas::stroke(const Path& path, const Color& color, double lineWidth)
 
 void MacCanvas::strokeLines(std::span<const Polyline> lines, const Color& color, const LineStyle& style)
 {
-    save(); // the style is these lines' alone
+    save(); // the style applies to these lines only
     CGContextSetStrokeColorWithColor(m_context, cgColorFrom(color).get());
     CGContextSetLineWidth(m_context, style.width);
     CGContextSetLineCap(m_context, style.cap == LineCap::round ? kCGLineCapRound : kCGLineCapButt);

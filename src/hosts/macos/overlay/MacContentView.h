@@ -9,7 +9,7 @@
 
 - (instancetype)initWithContent:(haloric::ContentView*)content;
 
-// From now on nothing is drawn: AppKit may keep a view longer than the program keeps its content.
+// Stops drawing: AppKit may keep a view longer than the program keeps its content.
 - (void)forgetContent;
 
 @end

@@ -1,4 +1,4 @@
-// A window of the overlay: made from its configuration, and asking its delegate what AppKit asks it.
+// An NSWindow of the overlay. Its delegate answers what AppKit asks: whether it takes the focus, and its frame.
 #pragma once
 
 #include "platform/ToolkitWindow.h"
@@ -7,11 +7,11 @@
 
 @interface MacOverlayWindow : NSWindow
 
-// The one way to make an overlay; NSWindow's own initialiser stops the program.
+// The only way to make an overlay; NSWindow's own initialiser aborts.
 - (instancetype)initWithConfiguration:(const haloric::ToolkitWindowConfiguration&)configuration
                              delegate:(const haloric::ToolkitWindowDelegate*)delegate;
 
-// From now on nobody is asked: AppKit may keep a window longer than the program does.
+// Stops calls to the delegate: AppKit may keep a window longer than the program does.
 - (void)forgetOverlayDelegate;
 
 @end

@@ -4,7 +4,7 @@
 
 #include <cstdlib>
 
-// The seam's numbers are the system's.
+// The numbers of platform/ToolkitWindow.h are those of AppKit.
 static_assert(NSWindowStyleMaskBorderless == 0);
 static_assert(NSBackingStoreBuffered == 2);
 static_assert(NSWindowAnimationBehaviorNone == 2);

@@ -1,4 +1,4 @@
-// Overlay windows of AppKit.
+// The program's overlay windows as NSWindow.
 #pragma once
 
 #include "platform/ToolkitWindow.h"

@@ -18,7 +18,7 @@ public:
     std::span<const Screen> all() const override { return m_screens; }
     Subscription onParametersChange(Task handler) override;
 
-    // The system's object for a screen: by its display number, which stays when the frame changes, else by its frame.
+    // The NSScreen of a screen: by its display number, which stays when the frame changes, else by its frame.
     // Null when that screen is gone.
     static NSScreen* find(const Screen& screen);
 

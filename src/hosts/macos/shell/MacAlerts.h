@@ -1,4 +1,4 @@
-// Modal alerts of AppKit.
+// Modal alerts as NSAlert.
 #pragma once
 
 #include "platform/Alerts.h"

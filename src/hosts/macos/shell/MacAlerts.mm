@@ -1,7 +1,6 @@
 #include "hosts/macos/shell/MacAlerts.h"
 
 #include "hosts/macos/base/MacConversions.h"
-#include "hosts/macos/base/MacErrors.h"
 
 namespace haloric {
 

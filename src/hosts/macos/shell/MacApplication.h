@@ -1,4 +1,4 @@
-// The shared application object.
+// The NSApplication and its delegate.
 #pragma once
 
 #include "platform/Application.h"
@@ -11,7 +11,7 @@ namespace haloric {
 
 class MacApplication final : public Application {
 public:
-    // Makes the system's application object, on which every other adapter of this host stands.
+    // Makes the NSApplication, which every other adapter of this host needs.
     MacApplication();
 
     void setDelegate(ApplicationDelegate* delegate) override;
@@ -25,7 +25,7 @@ public:
 
 private:
     NSApplication* const m_application;
-    MacApplicationDelegate* m_delegate; // kept here, because the application does not keep it
+    MacApplicationDelegate* m_delegate; // kept here, because NSApplication keeps it weakly
 };
 
 } // namespace haloric

@@ -2,7 +2,35 @@
 
 #include "hosts/macos/base/MacConversions.h"
 #include "hosts/macos/overlay/MacOverlayWindow.h"
-#include "hosts/macos/shell/MacApplicationDelegate.h"
+
+// The application's delegate as AppKit expects it. Passes each event on.
+@interface MacApplicationDelegate : NSObject <NSApplicationDelegate>
+
+// Events go here while it is not null.
+@property(nonatomic, assign) haloric::ApplicationDelegate* receiver;
+
+@end
+
+@implementation MacApplicationDelegate
+
+- (void)applicationDidFinishLaunching:(NSNotification*)__unused notification
+{
+    if (self.receiver)
+        self.receiver->applicationDidFinishLaunching();
+}
+
+- (BOOL)applicationShouldHandleReopen:(NSApplication*)__unused sender hasVisibleWindows:(BOOL)hasVisibleWindows
+{
+    return !self.receiver || self.receiver->applicationShouldHandleReopen(hasVisibleWindows);
+}
+
+- (void)applicationWillTerminate:(NSNotification*)__unused notification
+{
+    if (self.receiver)
+        self.receiver->applicationWillTerminate();
+}
+
+@end
 
 namespace haloric {
 namespace {

@@ -1,4 +1,4 @@
-// Pictures of the seam as AppKit's. Main thread.
+// Pictures of platform/Image.h as NSImage. Main thread.
 #pragma once
 
 #include "platform/Image.h"
@@ -7,7 +7,7 @@
 
 namespace haloric {
 
-// Null for an empty picture, and for one that the system does not have. A drawn picture is drawn anew for each scale
+// Null for an empty picture, and for a symbol that macOS does not have. A drawn picture is drawn again for each scale
 // and appearance.
 NSImage* nsImageFrom(const Image& image);
 

@@ -1,4 +1,4 @@
-// The service-management registration of the main application.
+// Starting at login through SMAppService.
 #pragma once
 
 #include "platform/LoginItemService.h"

@@ -1,12 +1,12 @@
 #include "hosts/macos/shell/MacLoginItemService.h"
 
-#include "hosts/macos/base/MacErrors.h"
+#include "hosts/macos/base/MacConversions.h"
 
 #import <ServiceManagement/ServiceManagement.h>
 
 namespace haloric {
 
-// The seam's numbers are the system's.
+// The numbers of platform/LoginItemService.h are those of macOS.
 static_assert(SMAppServiceStatusNotRegistered == static_cast<NSInteger>(LoginItemStatus::notRegistered));
 static_assert(SMAppServiceStatusEnabled == static_cast<NSInteger>(LoginItemStatus::enabled));
 static_assert(SMAppServiceStatusRequiresApproval == static_cast<NSInteger>(LoginItemStatus::requiresApproval));

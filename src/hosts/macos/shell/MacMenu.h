@@ -16,7 +16,7 @@
 // Takes over what the model's items show now.
 - (void)showModel;
 
-// From now on the menu asks and calls nobody.
+// Stops calls to the delegate and of actions: AppKit may keep the menu.
 - (void)forgetModel;
 
 @end

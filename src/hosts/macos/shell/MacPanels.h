@@ -1,4 +1,4 @@
-// AppKit's About and open panels.
+// The About panel and the open panel of AppKit.
 #pragma once
 
 #include "platform/Panels.h"

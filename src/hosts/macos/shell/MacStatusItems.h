@@ -1,4 +1,4 @@
-// Items of the system's status bar.
+// Items of the menu bar's status area.
 #pragma once
 
 #include "platform/StatusItems.h"

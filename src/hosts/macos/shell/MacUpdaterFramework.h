@@ -1,5 +1,4 @@
-// The update framework in the bundle's own Frameworks folder, loaded and looked up when it is first asked for. A bundle
-// without it has no updates.
+// The update framework in the bundle's Frameworks folder, loaded on first use. A bundle without it has no updates.
 #pragma once
 
 #include "platform/UpdaterFramework.h"

@@ -6,7 +6,7 @@
 @protocol SPUUpdaterDelegate <NSObject>
 @end
 
-// What is called of the framework's standard controller.
+// The methods of the framework's standard controller that are called here.
 @protocol MacStandardUpdaterController <NSObject>
 - (instancetype)initWithStartingUpdater:(BOOL)startingUpdater
                         updaterDelegate:(id<SPUUpdaterDelegate>)updaterDelegate

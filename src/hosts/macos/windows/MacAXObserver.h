@@ -10,7 +10,7 @@ namespace haloric {
 
 class MacAXObserver final : public AXObserver {
 public:
-    // Null when the system refuses.
+    // Null when macOS refuses.
     static std::unique_ptr<MacAXObserver> make(ProcessID pid, Accessibility::ObserverCallback callback);
 
     AXError addNotification(const AXElement& element, std::string_view name) override;

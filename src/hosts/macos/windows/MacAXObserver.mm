@@ -2,7 +2,7 @@
 
 #include "hosts/macos/base/MacConversions.h"
 #include "hosts/macos/base/OwnPool.h"
-#include "hosts/macos/windows/MacAXElement.h"
+#include "hosts/macos/windows/MacAXValues.h"
 
 #include <utility>
 
@@ -33,7 +33,7 @@ void MacAXObserver::removeFromMainRunLoop()
 
 void MacAXObserver::deliver(AXObserverRef, AXUIElementRef, CFStringRef notification, void* context)
 {
-    // A copy, and nothing touched afterwards: the callback may have the observer released on its queue meanwhile.
+    // Calls a copy and touches nothing afterwards: the callback may release the observer on its queue meanwhile.
     const auto callback = static_cast<const MacAXObserver*>(context)->m_callback;
     withOwnPool([&] { callback(stringFrom((__bridge NSString*)notification)); });
 }

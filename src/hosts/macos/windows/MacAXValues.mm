@@ -1,12 +1,11 @@
 #include "hosts/macos/windows/MacAXValues.h"
 
 #include "hosts/macos/base/MacConversions.h"
-#include "hosts/macos/windows/MacAXElement.h"
 
 namespace haloric {
 namespace {
 
-// The system declares the numbers of the types as plain numbers, but wants its own type.
+// Declared as plain numbers, but the functions take an AXValueType.
 constexpr auto kPoint = static_cast<AXValueType>(kAXValueCGPointType);
 constexpr auto kSize = static_cast<AXValueType>(kAXValueCGSizeType);
 

@@ -1,5 +1,5 @@
-// The system's Accessibility interface, and the one private call that tells an element's window number. That call is
-// looked up when the program starts; without it no window has a number.
+// Other programs' windows through the Accessibility functions (AXUIElement), and one private function that returns an
+// element's window number. It is looked up when the program starts; without it no window has a number.
 #pragma once
 
 #include "platform/Accessibility.h"

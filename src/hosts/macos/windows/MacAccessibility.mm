@@ -1,7 +1,6 @@
 #include "hosts/macos/windows/MacAccessibility.h"
 
 #include "hosts/macos/base/MacConversions.h"
-#include "hosts/macos/windows/MacAXElement.h"
 #include "hosts/macos/windows/MacAXObserver.h"
 #include "hosts/macos/windows/MacAXValues.h"
 
@@ -10,7 +9,7 @@
 
 namespace haloric {
 
-// The seam's numbers are the system's.
+// The numbers of platform/Accessibility.h are those of macOS.
 static_assert(kAXErrorCannotComplete == static_cast<std::int32_t>(AXError::cannotComplete));
 static_assert(kAXErrorAttributeUnsupported == static_cast<std::int32_t>(AXError::attributeUnsupported));
 static_assert(kAXErrorNoValue == static_cast<std::int32_t>(AXError::noValue));

@@ -1,4 +1,4 @@
-// Applications as the shared workspace and the file manager know them.
+// Running and installed applications, from NSWorkspace and NSFileManager.
 #pragma once
 
 #include "platform/ApplicationCatalog.h"

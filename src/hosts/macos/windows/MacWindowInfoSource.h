@@ -1,4 +1,4 @@
-// The system's list of windows.
+// The window list of Core Graphics.
 #pragma once
 
 #include "platform/WindowInfoSource.h"

@@ -8,7 +8,7 @@
 namespace haloric {
 namespace {
 
-// The seam's numbers are the system's.
+// The numbers of platform/WindowInfoSource.h are those of Core Graphics.
 static_assert(kCGWindowListOptionOnScreenOnly == static_cast<std::uint32_t>(WindowListOptions::onScreenOnly));
 static_assert(kCGWindowListOptionIncludingWindow == static_cast<std::uint32_t>(WindowListOptions::includingWindow));
 static_assert(kCGWindowListExcludeDesktopElements ==

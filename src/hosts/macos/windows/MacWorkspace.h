@@ -1,4 +1,4 @@
-// The shared workspace: applications, Spaces and URLs.
+// NSWorkspace: the frontmost application, Spaces and URLs.
 #pragma once
 
 #include "platform/Workspace.h"

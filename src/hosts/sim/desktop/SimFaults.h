@@ -1,4 +1,4 @@
-// What is broken, missing or scripted on the simulated desktop. Nothing is, until a scenario says so.
+// What is broken, missing or scripted on the simulated desktop. Nothing by default; scenarios set it.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@ struct SimFaults {
 
     // Accessibility.
     std::int64_t timeoutAfterCalls = 0;                      // the n-th call from now times out; 0: none does
-    std::set<std::string, std::less<>> refusedNotifications; // names that no observer may ask for
+    std::set<std::string, std::less<>> refusedNotifications; // names that observers cannot subscribe to
 
     // The public window list: so many of the next reads give nothing.
     std::int64_t missingWindowLists = 0;

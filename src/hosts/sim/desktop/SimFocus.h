@@ -1,4 +1,4 @@
-// Who has the focus on the simulated desktop: the frontmost application, and each application's own focused window.
+// The focus on the simulated desktop: the frontmost application, and each application's focused window.
 #pragma once
 
 #include "hosts/sim/desktop/SimModel.h"
@@ -10,14 +10,14 @@ class SimFocus {
 public:
     SimFocus(SimModel& model, SimNotifier& notifier) : m_model(model), m_notifier(notifier) {}
 
-    // Makes an application frontmost, or none of them (null).
+    // Makes an application frontmost; null: none.
     void setFrontmost(const SimApp* app);
 
-    // Gives a window the focus within its application; null takes it away.
+    // Gives a window the focus within its application; null: no window has it.
     void setFocused(SimApp& app, const SimWindow* window);
 
-    // Puts right what a change left behind: focus on a window that cannot have it any more, and a frontmost
-    // application that is gone or hidden while another one could take its place.
+    // Restores the invariants after a change: moves the focus off windows that can no longer have it, and replaces a
+    // frontmost application that is gone or hidden, if another one is on screen.
     void settle();
 
     // The application of the front window on screen becomes frontmost, as after a Space switch.

@@ -1,5 +1,6 @@
-// Everything that is visible on the simulated desktop, with virtual time: overlay windows that come, go, move and ask
-// to be drawn, log lines, alerts, prompts, saves, and the steps of a scenario. The same run gives the same journal.
+// A record of everything visible on the simulated desktop, with virtual time: overlay windows that appear, disappear,
+// move and need drawing, log lines, alerts, prompts, saves, and the steps of a scenario. The same run gives the same
+// journal.
 #pragma once
 
 #include "foundation/Geometry.h"
@@ -20,7 +21,7 @@ public:
         overlayCarried, // through a transaction of the window server
         overlayShown,   // or brought to the front again
         overlayHidden,
-        overlayDirty, // asked to be drawn
+        overlayDirty, // its contents are outdated
         overlayDrawn,
         log,
         alert,
@@ -52,7 +53,7 @@ public:
     // How often something of this kind happened, also when entries are not kept.
     std::uint64_t count(Kind kind) const { return m_counts[static_cast<std::size_t>(kind)]; }
 
-    // A number that differs for different journals; kept up also when entries are not.
+    // A hash of the whole journal, also when entries are not kept.
     std::uint64_t digest() const { return m_digest; }
 
     // Long random runs keep the counts and the digest only.

@@ -1,4 +1,4 @@
-// The keyboard of the simulated desktop, as far as an event tap sees it.
+// The keyboard of the simulated desktop: key-down events for event taps.
 #pragma once
 
 #include "hosts/sim/desktop/SimNotifier.h"
@@ -21,7 +21,7 @@ public:
 
     void press(std::int64_t keyCode, std::uint64_t flags) { m_notifier.postTap({EventType::keyDown, keyCode, flags}); }
 
-    // The system takes event taps out of service, as it does with slow ones; they may be enabled again.
+    // Disables event taps, as macOS does with slow ones; they may be enabled again.
     void disableTaps(EventType reason) { m_notifier.postTap({reason, 0, 0}); }
 
 private:

@@ -1,4 +1,4 @@
-// The state of the simulated desktop, and questions about it. Verbs (SimDesktop) change it; adapters read it.
+// The state of the simulated desktop, and queries of it. The verbs of SimDesktop change it; adapters read it.
 #pragma once
 
 #include "hosts/sim/desktop/SimApp.h"

@@ -1,5 +1,5 @@
-// Carries what happens on the simulated desktop to whoever listens: never inside the verb that caused it, but as an
-// event of its own on the main loop, as a system's notifications arrive. With jitter, sources overtake each other;
+// Delivers what happens on the simulated desktop to subscribers: never inside the verb that caused it, but as a
+// separate event of the main loop, as real notifications arrive. With jitter, sources overtake each other;
 // notifications of one source keep their order.
 #pragma once
 
@@ -29,7 +29,7 @@ public:
 
     SimNotifier(SimRunLoop& runLoop, SimModel& model) : m_runLoop(runLoop), m_model(model) {}
 
-    // To listen to; delivered inside an event of the main loop.
+    // Published inside an event of the main loop.
     Publisher<WorkspaceNotification> workspace;
     Publisher<> screens;
     Publisher<ProcessID, std::string> accessibility;
@@ -43,14 +43,14 @@ public:
     void postMouse(EventType type, SimMouseTarget target);
     void postTap(const TapEvent& event);
 
-    // Whether the screens have changed and nobody has heard of it yet.
+    // Whether a change of the screens has not been published yet.
     bool screensPending() const { return m_pendingScreens > 0; }
 
-    // An application that does not respond reports later, when it does again.
+    // Held back while the application does not respond.
     void postAccessibility(ProcessID pid, std::string_view name);
     void releaseHeld(SimApp& app);
 
-    // Tells the window server's listeners of windows that have left the screen. Every verb ends with this.
+    // Notifies the window server's subscribers of windows that have left the screen. Every verb ends with this.
     void postVanished();
 
     void setJitter(std::uint64_t seed, Seconds maximum);

@@ -7,7 +7,7 @@
 namespace haloric {
 
 struct SimScreen {
-    DisplayID id = DisplayID::none; // none: the system does not tell the number
+    DisplayID id = DisplayID::none; // none: adapters report no number
     Rect frame;                     // global space: the primary screen's top left corner is the origin, y downward
     double framesPerSecond = 60;
     double scale = 1;

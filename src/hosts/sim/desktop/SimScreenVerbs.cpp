@@ -43,7 +43,7 @@ void SimScreenVerbs::rebaseOrigin()
         return;
     for (SimScreen& screen : m_model.screens)
         screen.frame = screen.frame.translatedBy(-origin.x, -origin.y);
-    // Nothing moved on any screen; only the numbers changed, so nobody hears of a move.
+    // Nothing moved on any screen; only the coordinates changed, so no move is reported.
     for (const auto& window : m_model.windows.frontToBack()) {
         window->frame = window->frame.translatedBy(-origin.x, -origin.y);
         window->believedFrame = window->believedFrame.translatedBy(-origin.x, -origin.y);

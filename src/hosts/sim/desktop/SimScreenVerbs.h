@@ -1,4 +1,4 @@
-// Screens that come, go and change. Frames are in global space.
+// What happens to screens: plugged in, unplugged, resized. Frames are in global space.
 #pragma once
 
 #include "hosts/sim/desktop/SimWindowVerbs.h"
@@ -16,8 +16,8 @@ public:
 
     void plug(const SimScreen& screen);
 
-    // Windows that were on it move to the primary screen. When the primary screen goes, the next one takes its
-    // place, and with it the origin of global space.
+    // Windows that were on it move to the primary screen. When the primary screen is unplugged, the next one takes its
+    // place, and becomes the origin of global space.
     void unplug(DisplayID id);
 
     void resize(DisplayID id, Size size);

@@ -16,7 +16,7 @@ using SimSpaceID = int;
 enum class SimDecoration {
     titled, // a title bar with a close button in the middle of its height
     none,   // no title bar, no close button
-    client, // drawn by the application, which does not say what its buttons are
+    client, // drawn by the application; its close button cannot be read
 };
 
 // Where a full-screen window came from.
@@ -43,7 +43,7 @@ struct SimWindow {
     bool minimised = false;
     std::optional<SimFullScreenOrigin> fullScreenOrigin; // present while the window is full screen
     bool lastSeenOnScreen = false;                       // kept by SimModel::takeVanished
-    std::function<void(const SimWindow&)> whenClosed;    // its owner hears of it, just before it is gone
+    std::function<void(const SimWindow&)> whenClosed;    // called just before it is removed
 };
 
 } // namespace haloric

@@ -1,5 +1,5 @@
-// Every window that the simulated window server knows, front to back: higher layers first, and within a layer in the
-// order in which windows were raised. Pointers and references to a window hold until it is removed.
+// All windows of the simulated window server, front to back: higher layers first, and within a layer in the order in
+// which windows were raised. Pointers and references to a window stay valid until it is removed.
 #pragma once
 
 #include "hosts/sim/desktop/SimWindow.h"

@@ -9,8 +9,8 @@ namespace {
 
 constexpr double kTitleBarHeight = 28; // points
 
-// One for each kind of control: what the user does with it, or nothing if that value is none for it. The task holds a
-// copy of the control's handler, since the form may be replaced while it runs.
+// For each kind of control, the task that sets it to `value`; null if the control cannot take that value. The task
+// holds a copy of the control's handler, since the form may be replaced while it runs.
 struct Change {
     const SimFormWindows::Value& value;
 
@@ -105,7 +105,7 @@ public:
         desktop().windows.focus(*serverWindow());
         if (!appears)
             return;
-        const FormModel form = m_form; // which the tasks may replace
+        const FormModel form = m_form; // a copy: the tasks may replace it
         for (const FormSection& section : form.sections)
             if (section.onAppear)
                 section.onAppear();

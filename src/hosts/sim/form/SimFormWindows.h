@@ -1,5 +1,5 @@
-// Windows with forms on the simulated desktop: ordinary windows of Haloric itself, which can have the focus, and whose
-// controls a scenario changes.
+// Windows with forms on the simulated desktop: ordinary windows of Haloric, which can have the focus. A scenario sets
+// their controls.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"
@@ -14,8 +14,8 @@ namespace haloric {
 
 class SimFormWindows final : public FormWindows {
 public:
-    // What the user sets a control to: nothing (buttons), on or off, a slider's value, a colour, or an option of a
-    // picker or a menu.
+    // A control's new value: none (buttons), on or off, a slider's value, a colour, or an option of a picker or a
+    // menu.
     using Value = std::variant<std::monostate, bool, double, Color, std::string>;
 
     explicit SimFormWindows(SimDesktop& desktop) : m_desktop(desktop) {}
@@ -25,7 +25,7 @@ public:
     // The control of that id, in the windows on screen; null when there is none.
     const FormControl* control(std::string_view id) const;
 
-    // Does to the control what the user does. False when it is not on screen, disabled, or takes no such value.
+    // Sets the control as the user does. False when it is not on screen, disabled, or takes no such value.
     bool change(std::string_view id, const Value& value);
 
 private:

@@ -61,7 +61,7 @@ void SimHotkeys::keyPressed(const TapEvent& event)
     };
     if (event.type != EventType::keyDown || std::ranges::none_of(m_hotkeys, isPressed))
         return;
-    const auto handlers = m_handlers; // one may remove itself
+    const auto handlers = m_handlers; // a copy: a handler may remove itself
     for (const auto& [reference, handler] : handlers)
         if (handler() == kNoError)
             return; // consumed

@@ -1,4 +1,4 @@
-// System-wide hotkeys of the simulated desktop: what the keyboard sends reaches their handlers.
+// System-wide hotkeys of the simulated desktop. Keys of SimKeyboard call their handlers.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"

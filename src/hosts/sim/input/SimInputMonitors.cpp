@@ -38,7 +38,7 @@ private:
         if (!m_enabled)
             return;
         if (isTapDisabled(event.type))
-            m_enabled = false; // the owner hears of it, and may enable the tap again
+            m_enabled = false; // reported to the handler, which may enable the tap again
         else if (!(m_mask & maskOf(event.type)))
             return;
         m_handler(event);

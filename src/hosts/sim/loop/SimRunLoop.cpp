@@ -78,7 +78,7 @@ void SimRunLoop::fire(const std::shared_ptr<Timer>& timer)
     } else {
         disarm(*timer);
     }
-    const Task task = timer->task; // the timer may be cancelled, and with it freed, by its own task
+    const Task task = timer->task; // a copy: the task may cancel its timer, which frees it
     task();
 }
 

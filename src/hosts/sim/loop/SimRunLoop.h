@@ -1,5 +1,5 @@
-// The main loop of the simulated desktop, and its virtual time: nothing happens, and no time passes, but in `runFor`
-// and its kin. Single-threaded; background queues take their turns on the same thread (SimSerialQueue).
+// The main loop of the simulated desktop, and its virtual time, which passes only in `runFor`, `runNext` and
+// `runPosted`. Single-threaded; blocks of background queues run on the same thread (SimSerialQueues).
 #pragma once
 
 #include "platform/RunLoop.h"
@@ -30,14 +30,14 @@ public:
     // Runs everything that is due now, including what that work posts for now.
     void runPosted() { runFor(Seconds(0)); }
 
-    // Lets virtual time pass, and runs everything that comes due on the way, in the order of deadlines; equal
-    // deadlines in the order in which they were asked for.
+    // Advances virtual time and runs everything that becomes due, in the order of deadlines; equal deadlines in the
+    // order in which they were scheduled.
     void runFor(Seconds duration);
 
     // Runs the one event that is due next, and moves time to it. False when nothing is scheduled.
     bool runNext();
 
-    // Forgets every event, for an owner that takes down what the events refer to.
+    // Drops every event, before what the events refer to is destroyed.
     void discardPending();
 
     // When the next event is due; absent when nothing is scheduled.
@@ -54,13 +54,12 @@ public:
 
     // Timers (once and repeating) that are still armed, to find leaks.
     std::size_t armedTimerCount() const { return m_armedTolerances.size(); }
-    // What the owners of the armed timers granted them, smallest first; a timer that fires once has none. Virtual time
-    // makes no use of it.
+    // The tolerances of the armed timers, smallest first; zero for one that fires once. Virtual time ignores them.
     const std::multiset<Seconds>& armedTolerances() const { return m_armedTolerances; }
 
     std::size_t pendingEventCount() const { return m_events.size(); }
 
-    // What RunLoop::wallClock gives at virtual time zero; may be set forth and back.
+    // What RunLoop::wallClock returns at virtual time zero; may be moved in both directions.
     void setWallClockOrigin(Seconds origin) { m_wallClockOrigin = origin; }
 
 private:

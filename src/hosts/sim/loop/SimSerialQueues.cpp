@@ -30,7 +30,7 @@ struct SimSerialQueues::State : std::enable_shared_from_this<SimSerialQueues::St
             return;
         owner.m_insideBlock = true;
         {
-            const Task block = std::move(blocks.front()); // what it holds is released on the queue as well
+            const Task block = std::move(blocks.front()); // its captures are released on the queue as well
             blocks.pop_front();
             --owner.m_waitingBlocks;
             block();

@@ -18,7 +18,7 @@ public:
 
     std::unique_ptr<SerialQueue> make(std::string_view label, QualityOfService quality) override;
 
-    // What the last queue was asked for.
+    // The arguments of the last call of `make`.
     const std::string& lastLabel() const { return m_lastLabel; }
     QualityOfService lastQuality() const { return m_lastQuality; }
 

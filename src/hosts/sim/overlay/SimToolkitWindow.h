@@ -1,5 +1,5 @@
-// One toolkit window of the simulated desktop: what the toolkit believes about an overlay, beside the window server's
-// own record of it in the model. As a real toolkit, it does not ask the server for a frame that it believes in force.
+// One toolkit window of the simulated desktop: the toolkit's own state of an overlay, beside the window server's record
+// of it in the model. Like a real toolkit, it sends no request for a frame that it believes to be set already.
 #pragma once
 
 #include "drawing/RecordingCanvas.h"

@@ -20,7 +20,7 @@ struct SimOptions {
 
     static const char* helpText();
 
-    // Absent when the arguments make no sense; `problem` then says why.
+    // Absent for a wrong command line; `problem` is then the message.
     static std::optional<SimOptions> parse(std::span<const char* const> arguments, std::string& problem);
 };
 

@@ -116,7 +116,7 @@ void SimPictures::paintWindow(Picture& picture, const Rect& desktop, const SimMo
     canvas.stroke(shape, faded(kEdge), 1);
 }
 
-// Overlays are drawn apart, since a view may erase what it has painted itself, and laid over the desktop.
+// Overlays are drawn into a layer, since a view may erase what it has painted, and then composed over the desktop.
 void SimPictures::paintOverlay(Picture& picture, const Rect& desktop, const SimToolkitWindow& window)
 {
     const Rect bounds = window.bounds();

@@ -12,7 +12,7 @@ namespace haloric {
 
 class SimPictures {
 public:
-    // The folder is made when the first picture is written. Empty: none is ever taken.
+    // The folder is made when the first picture is written.
     explicit SimPictures(std::string folder) : m_folder(std::move(folder)) {}
 
     // Writes one PNG file, named after the step and the time. Throws SimScenarioError when it cannot be written.

@@ -1,4 +1,4 @@
-// What haloric-sim does once its command line is known. Each returns the exit code.
+// The actions of haloric-sim. Each returns the exit code.
 #pragma once
 
 #include "hosts/sim/program/SimOptions.h"

@@ -1,4 +1,4 @@
-// Haloric's own application object on the simulated desktop.
+// Haloric as an application of the simulated desktop: its key window, and its end.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"
@@ -13,7 +13,7 @@ public:
     void setDelegate(ApplicationDelegate* delegate) override { m_delegate = delegate; }
     void setActivationPolicy(ActivationPolicy policy) override;
     void activateIgnoringOtherApps() override;
-    void run() override; // returns once launching has finished; whoever owns the desktop turns its loop
+    void run() override; // returns once launching has finished; the owner of the desktop runs its loop
     void terminate() override;
     ProcessID processID() const override { return SimModel::kOwnProcess; }
     std::optional<OwnWindow> keyWindow() const override;

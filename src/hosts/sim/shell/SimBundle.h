@@ -1,4 +1,4 @@
-// The bundle that Haloric runs from on the simulated desktop.
+// The bundle of Haloric on the simulated desktop, as public members.
 #pragma once
 
 #include "platform/Bundle.h"

@@ -1,4 +1,4 @@
-// The system's log on the simulated desktop.
+// The log on the simulated desktop: lines kept in memory and in the journal.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"

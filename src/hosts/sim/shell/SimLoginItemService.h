@@ -1,4 +1,4 @@
-// The registration of login items on the simulated desktop.
+// Starting at login on the simulated desktop: a status that a fault can freeze.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"

@@ -1,4 +1,4 @@
-// Finds a menu's items by what a user reads.
+// Finds items of a menu by their titles.
 #pragma once
 
 #include "platform/MenuModel.h"
@@ -9,7 +9,7 @@
 namespace haloric {
 
 struct SimMenuSearch {
-    // The first item of that title, also in submenus; null when there is none.
+    // The first item of that title, also in submenus, or null.
     static const MenuItem* find(const std::vector<MenuItem>& items, std::string_view title)
     {
         for (const MenuItem& item : items) {
@@ -21,7 +21,7 @@ struct SimMenuSearch {
         return nullptr;
     }
 
-    // Whether a user can choose it.
+    // Whether the user can choose it.
     static bool canBeChosen(const MenuItem& item)
     {
         return item.isEnabled && !item.isHidden && item.action.has_value();

@@ -1,4 +1,4 @@
-// Standard panels of the simulated desktop, answered by script.
+// The About and open panels of the simulated desktop, answered by script.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"
@@ -12,7 +12,7 @@ class SimPanels final : public Panels {
 public:
     explicit SimPanels(SimDesktop& desktop) : m_desktop(desktop) {}
 
-    // What the user chooses in the next open panel; without it he cancels.
+    // The user's choice in the next open panel; without one the panel is cancelled.
     void willChoose(std::string path) { m_choices.push_back(std::move(path)); }
 
     void orderFrontStandardAboutPanel(const AboutPanel& panel) override

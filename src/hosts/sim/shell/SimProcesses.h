@@ -1,4 +1,4 @@
-// Child processes and the environment on the simulated desktop: nothing is started, everything is noted.
+// Child processes and the environment on the simulated desktop: launches are noted in the journal, not executed.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"
@@ -20,7 +20,7 @@ public:
         for (const auto& argument : arguments)
             text += " [" + argument + "]";
         m_desktop.journal.note(SimJournal::Kind::process, text);
-        // The simulated disk holds the tools of the system and nothing else.
+        // The only programs that exist are those of /bin and /usr/bin.
         const bool found = executable.starts_with("/bin/") || executable.starts_with("/usr/bin/");
         return found && !m_desktop.faults.launchesFail;
     }

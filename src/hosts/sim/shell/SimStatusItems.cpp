@@ -58,7 +58,7 @@ bool SimStatusItems::choose(std::string_view title)
     if (!found || !SimMenuSearch::canBeChosen(*found))
         return false;
     m_desktop.journal.note(SimJournal::Kind::menuBar, "the user chooses \"" + std::string(title) + "\"");
-    const MenuItem sender = *found; // what it does may change the menu
+    const MenuItem sender = *found; // a copy: the action may change the menu
     if (sender.action->perform)
         sender.action->perform(sender);
     return true;

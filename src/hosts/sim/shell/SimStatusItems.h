@@ -1,4 +1,4 @@
-// The menu bar of the simulated desktop. Items and what is chosen in their menus go into the journal.
+// The menu bar of the simulated desktop. Items, and choices in their menus, are noted in the journal.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"
@@ -14,10 +14,10 @@ public:
 
     std::unique_ptr<StatusItem> make(double length) override;
 
-    // The menu of the only item, as a user sees it who opens it now; null when there is none.
+    // The menu of the only item, updated as by opening it; null without an item.
     const MenuModel* openMenu() const;
 
-    // Opens the menu and chooses the item of that title, also in a submenu. False when there is no such item, or it
+    // Opens the menu and chooses the item of that title, also in a submenu. False when no item has the title, or it
     // cannot be chosen.
     bool choose(std::string_view title);
 

@@ -1,4 +1,4 @@
-// An update framework that finds no updates; that it looks for them goes into the journal.
+// An update framework that finds no updates; checks are noted in the journal.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"

@@ -1,4 +1,4 @@
-// User defaults of the simulated desktop, kept in memory.
+// The settings store of the simulated desktop, kept in memory.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"
@@ -26,7 +26,7 @@ public:
             m_data.insert_or_assign(std::string(key), std::string(bytes));
     }
 
-    // As if stored by an earlier run.
+    // Stores without a journal entry, as an earlier run did.
     void preset(std::string_view key, std::string bytes)
     {
         m_data.insert_or_assign(std::string(key), std::move(bytes));

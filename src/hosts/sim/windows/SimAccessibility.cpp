@@ -11,7 +11,7 @@ struct SimAccessibility::Element final : AXElementObject {
     Part part;
     ProcessID pid;
     WindowNumber window;
-    mutable float timeout = kDefaultTimeout; // the system keeps it beside the element, so that it is no state of it
+    mutable float timeout = kDefaultTimeout; // mutable as on macOS, where it is not part of the element
 
     Element(Part part_, ProcessID pid_, WindowNumber window_) : part(part_), pid(pid_), window(window_) {}
 };

@@ -1,4 +1,4 @@
-// Accessibility of the simulated desktop. Calls take virtual time (SimRunLoop::spend): a little each, and the whole
+// Accessibility of the simulated desktop. Calls take virtual time (SimRunLoop::spend): kCallTime each, or the whole
 // messaging timeout when the application does not respond.
 #pragma once
 
@@ -26,10 +26,10 @@ public:
     std::uint64_t hash(const AXElement& element) override;
     std::unique_ptr<AXObserver> createObserver(ProcessID pid, ObserverCallback callback) override;
 
-    // Calls that were made outside a background queue's block although they may block.
+    // Calls outside a background queue's block, although they may block.
     std::uint64_t misplacedCalls() const { return m_misplacedCalls; }
 
-    // How often an application was asked for its focused window: one for each query.
+    // How often the focused window was read: once a query.
     std::uint64_t queries() const { return m_queries; }
 
 private:

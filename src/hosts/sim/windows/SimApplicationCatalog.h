@@ -1,4 +1,4 @@
-// The applications of the simulated desktop: installed are those that run, in /Applications.
+// The applications of the simulated desktop. Those that run are the installed ones, in /Applications.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"

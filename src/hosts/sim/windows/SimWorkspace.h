@@ -1,4 +1,4 @@
-// The workspace of the simulated desktop.
+// The frontmost application of the simulated desktop, and its changes.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"

@@ -1,6 +1,5 @@
-// Looks at the program and the desktop from outside and throws SimFailure when something cannot be right: after every
-// event of the main loop what must always hold, after every step what costs more to look at, and at rest what must
-// have come about.
+// Checks the program and the desktop from outside and throws SimFailure: after every event of the main loop what must
+// always hold, after every step what costs more to check, and at rest the final state.
 #pragma once
 
 #include "hosts/sim/scenario/session/SimSession.h"

@@ -29,7 +29,7 @@ const SimWindow* SimOracle::focusedWindow() const
         return nullptr;
     if (app->pid == SimModel::kOwnProcess)
         return m_model.isOnScreen(*window) ? window : nullptr;
-    // Panels are told apart by their layer, which takes a window number to look up.
+    // Panels are recognised by their layer, which takes a window number to look up.
     const bool ordinary = window->numberUntold || window->layer == 0;
     return ordinary && window->role == "AXWindow" && isLargeEnough(window->frame) ? window : nullptr;
 }

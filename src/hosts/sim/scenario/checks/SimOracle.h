@@ -1,5 +1,5 @@
-// What a person who looks at the simulated desktop expects to see once everything has come to rest, worked out from
-// the desktop and the settings alone. Frames are in screen space.
+// The expected overlays of the simulated desktop at rest, derived from the desktop and the settings only. Frames are in
+// screen space.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"
@@ -15,14 +15,14 @@ class SimOracle {
 public:
     SimOracle(const SimModel& model, const Settings& settings) : m_model(model), m_settings(settings) {}
 
-    // False while nobody can tell: the frontmost application does not respond, or there is no screen.
+    // False while the result is undefined: the frontmost application does not respond, or there is no screen.
     bool canTell() const;
 
-    // The window that deserves a highlight, or null.
+    // The window to be highlighted, or null.
     const SimWindow* focusedWindow() const;
     std::optional<Rect> focusedFrame() const;
 
-    // Where the highlight's window belongs; absent when none is to be seen.
+    // The expected frame of the highlight's window; absent when it is to be hidden.
     std::optional<Rect> highlightFrame() const;
 
     // How far the highlight's window reaches beyond the focused one, in points.

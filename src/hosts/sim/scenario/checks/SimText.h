@@ -1,4 +1,4 @@
-// Geometry for messages, and comparisons that forgive rounding.
+// Geometry for messages, and comparisons with a tolerance.
 #pragma once
 
 #include "foundation/Geometry.h"
@@ -16,7 +16,7 @@ inline std::string simText(const Rect& rect)
     return buffer;
 }
 
-// Converting between spaces twice may cost a few bits; a hundredth of a point is nothing that shows.
+// Converting between spaces twice may cost a few bits; a hundredth of a point is not visible.
 inline bool simNear(const Rect& a, const Rect& b)
 {
     const auto near = [](double x, double y) { return std::abs(x - y) < 0.01; };

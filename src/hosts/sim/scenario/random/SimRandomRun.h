@@ -1,4 +1,4 @@
-// Plays random scenarios: episodes of a few hundred steps, each on a new desktop. When one fails, shortens it.
+// Plays random scenarios: episodes of 200 steps, each on a new desktop, until one fails.
 #pragma once
 
 #include "hosts/sim/scenario/SimScenario.h"
@@ -29,7 +29,7 @@ public:
         SimScenario scenario; // the whole episode up to the failure
     };
 
-    // How often the desktop at rest was found in a state, so that nobody takes an empty run for a good one.
+    // How often the desktop at rest was found in a state, to detect runs in which nothing happened.
     struct Coverage {
         std::uint64_t rests = 0;
         std::uint64_t highlighted = 0;

@@ -15,7 +15,7 @@ struct Choice {
     Random::Arguments (Random::*arguments)();
 };
 
-// What happens, and how often compared with the rest.
+// What happens, and how often in relation to the rest.
 constexpr Choice kChoices[] = {
     {14, "drag", &Random::drag},
     {12, "focus", &Random::anyWindow},

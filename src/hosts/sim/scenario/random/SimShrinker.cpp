@@ -43,7 +43,7 @@ SimScenario SimShrinker::shrink(SimScenario scenario) const
     return scenario;
 }
 
-// Tries ever smaller pieces, until single steps cannot be left out any more.
+// Removes smaller and smaller pieces, until no single step can be left out.
 void SimShrinker::shrinkSteps(SimScenario& scenario) const
 {
     std::size_t piece = std::max<std::size_t>(1, scenario.steps.size() / 2);

@@ -1,4 +1,4 @@
-// Shortens a failing scenario: leaves out steps, and parts of the setup, as long as it still fails.
+// Shortens a failing scenario: removes steps and parts of the setup for as long as it still fails.
 #pragma once
 
 #include "hosts/sim/scenario/SimScenario.h"
@@ -11,13 +11,13 @@ class SimShrinker {
 public:
     using Fails = std::function<bool(const SimScenario&)>;
 
-    // `fails` tells whether a scenario still shows the fault, and gives the same answer each time.
+    // `fails` returns whether a scenario still shows the fault, and is deterministic.
     explicit SimShrinker(Fails fails) : m_fails(std::move(fails)) {}
 
     // Whether playing it ends in a failure of the program.
     static bool failsWhenPlayed(const SimScenario& scenario);
 
-    // A scenario of which no single step can be left out.
+    // A scenario in which every step is needed.
     SimScenario shrink(SimScenario scenario) const;
 
 private:

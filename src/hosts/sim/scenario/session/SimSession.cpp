@@ -50,7 +50,7 @@ SimSession::SimSession(const SimSetup& setup)
 SimSession::~SimSession()
 {
     m_entry.reset();
-    m_desktop.runLoop.discardPending(); // events refer to adapters, which go before the loop
+    m_desktop.runLoop.discardPending(); // events refer to adapters, which are destroyed before the loop
 }
 
 const SimToolkitWindow* SimSession::toolkitWindow(std::int64_t number) const

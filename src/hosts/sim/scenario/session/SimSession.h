@@ -1,5 +1,5 @@
 // One run of the program on a simulated desktop: the desktop, every adapter, and the program itself from its entry on.
-// One session lives at a time, since the window server's entries know no other than the live one.
+// One session exists at a time, since the window server's entries are functions over the live one.
 #pragma once
 
 #include "app/AppDelegate.h"
@@ -32,7 +32,7 @@
 namespace haloric {
 
 class SimSession {
-    // Before the adapters, which use it; it is ended after the program.
+    // Before the adapters, which use it.
     SimDesktop m_desktop;
 
 public:

@@ -70,8 +70,8 @@ void SimPlayer::rest(Seconds duration)
     all.keyboard.press(SimKeyboard::kEscape, 0);
     all.faults.missingWindowLists = 0;
     all.faults.timeoutAfterCalls = 0;
-    // A hung application holds the Accessibility queue up to a dozen timeouts long, and with it the look at whatever
-    // has come to the front since.
+    // A hung application blocks the Accessibility queue for up to a dozen timeouts, and with it the query of the
+    // application that is frontmost by now.
     constexpr Seconds kLongestQuery{4.0};
     constexpr Seconds kLook{0.05};
     for (Seconds waited{0}; m_session.tracker()->isQueryInFlight() && waited < kLongestQuery; waited += kLook)

@@ -1,4 +1,4 @@
-// Plays the steps of a scenario on a session of its own, with the checkers at work after every event and every step.
+// Plays the steps of a scenario on a new session, and runs the checkers after every event and every step.
 #pragma once
 
 #include "hosts/sim/scenario/checks/SimCheckers.h"
@@ -24,19 +24,19 @@ public:
         std::uint64_t queries = 0;
     };
 
-    // Time without input after which everything has come to rest.
+    // Time without input after which the program must be at rest.
     static constexpr Seconds kRest{3.0};
 
     // Starts the program.
     SimPlayer(const SimSetup& setup, UnknownNames unknownNames);
 
-    // Throws SimFailure when the program did something wrong, SimScenarioError when the step cannot be played.
+    // Throws SimFailure when a check fails, SimScenarioError when the step cannot be played.
     void play(const SimStep& step);
 
-    // Lets virtual time pass.
+    // Advances virtual time.
     void advance(Seconds duration);
 
-    // Ends all input, lets time pass, and checks what must have come about.
+    // Ends all input, advances virtual time, and checks the state at rest.
     void rest(Seconds duration = kRest);
 
     // Virtual time since the start.
@@ -45,7 +45,7 @@ public:
     SimSession& session() { return m_session; }
     SimDesktop& desktop() { return m_session.desktop(); }
 
-    // What the argument of that name stands for. Throw SimUnknownName.
+    // The object that the argument names. Throw SimUnknownName.
     SimApp& app(const SimJson& arguments, const char* key = "app");
     SimWindow& window(const SimJson& arguments, const char* key = "window");
     SimScreen& screen(const SimJson& arguments, const char* key = "screen");

@@ -13,9 +13,9 @@ struct SimStep {
     double after = 0;
     const SimStepKind* kind = nullptr;
     SimJson arguments = SimJson::object();
-    std::string place; // where it stands in its file, for messages
+    std::string place; // its place in the file, for messages
 
-    // As it stands in a file.
+    // As in a file.
     SimJson toJson() const
     {
         SimJson json = arguments;

@@ -12,11 +12,6 @@
 #include "hosts/linux/loop/LinuxSerialQueues.h"
 #include "hosts/posix/PosixProcesses.h"
 #include "hosts/posix/StandardErrorLog.h"
-#include "hosts/x11/input/X11InputMonitors.h"
-#include "hosts/x11/overlay/X11Compositor.h"
-#include "hosts/x11/overlay/X11ToolkitWindows.h"
-#include "hosts/x11/refresh/X11DisplayLinks.h"
-#include "hosts/x11/windows/X11WindowServerLibrary.h"
 #include "testing/x11/TemporaryFolder.h"
 #include "x11/adapters/DesktopAdapters.h"
 
@@ -34,11 +29,11 @@ public:
     Screens& screens() override { return m_desktop.screens; }
     Workspace& workspace() override { return m_desktop.workspace; }
     Accessibility& accessibility() override { return m_desktop.accessibility; }
-    WindowInfoSource& windowInfoSource() override { return m_desktop.windowInfo; }
-    WindowServerLibrary& windowServerLibrary() override { return m_windowServerLibrary; }
-    ToolkitWindows& toolkitWindows() override { return m_toolkitWindows; }
-    InputMonitors& input() override { return m_input; }
-    DisplayLinks& displayLinks() override { return m_displayLinks; }
+    WindowInfoSource& windowInfoSource() override { return m_desktop.windowInfoSource; }
+    WindowServerLibrary& windowServerLibrary() override { return m_desktop.windowServerLibrary; }
+    ToolkitWindows& toolkitWindows() override { return m_desktop.toolkitWindows; }
+    InputMonitors& input() override { return m_desktop.input; }
+    DisplayLinks& displayLinks() override { return m_desktop.displayLinks; }
     UserDefaults& userDefaults() override { return m_userDefaults; }
     const Bundle& bundle() override { return m_bundle; }
     Processes& processes() override { return m_processes; }
@@ -75,17 +70,7 @@ private:
     StandardErrorLog m_log{m_logFile};
     PosixProcesses m_processes;
     DesktopAdapters m_desktop{m_session.display()};
-    X11Compositor m_compositor{*m_desktop.connection};
-    X11ToolkitWindows m_toolkitWindows{*m_desktop.connection,     m_desktop.loop, m_compositor, m_desktop.scale,
-                                       m_desktop.clients.table(), m_log};
-    X11Keyboard m_keyboard{*m_desktop.connection};
-    X11RawInput m_rawInput{*m_desktop.connection, m_keyboard};
-    X11OwnWindows m_ownWindows{*m_desktop.connection};
-    X11InputMonitors m_input{m_rawInput, m_ownWindows};
-    X11DisplayLinks m_displayLinks{*m_desktop.connection, m_desktop.loop, m_desktop.scale};
     LinuxSerialQueues m_serialQueues{m_desktop.loop};
-    X11WindowServerLibrary m_windowServerLibrary{*m_desktop.connection, m_desktop.display.c_str(), m_desktop.clients,
-                                                 m_desktop.scale};
     LinuxBundle m_bundle;
     LinuxUserDefaults m_userDefaults{LinuxUserDefaults::standardFolder(m_processes)};
 };

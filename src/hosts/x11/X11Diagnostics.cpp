@@ -1,10 +1,6 @@
 #include "hosts/x11/X11Diagnostics.h"
 
-#include "hosts/x11/input/X11RawInput.h"
-#include "hosts/x11/overlay/X11Compositor.h"
-#include "hosts/x11/overlay/X11ToolkitWindows.h"
-#include "hosts/x11/refresh/X11DisplayLinks.h"
-#include "hosts/x11/windows/X11WindowManager.h"
+#include "hosts/x11/X11Desktop.h"
 #include "platform/Processes.h"
 #include "windowserver/WindowServer.h"
 
@@ -31,18 +27,19 @@ void appendScreen(std::ostringstream& out, std::size_t index, const Screen& scre
 
 } // namespace
 
-X11Diagnostics X11Diagnostics::gather(const Sources& sources, std::string_view version)
+X11Diagnostics X11Diagnostics::gather(const X11Connection& connection, const X11Desktop& desktop,
+                                      const Processes& processes, std::string_view version)
 {
     X11Diagnostics found;
     found.version = version;
-    found.display = sources.processes.environmentVariable("DISPLAY").value_or("");
-    found.windowManager = sources.windowManager.isRunning() ? sources.windowManager.name() : "";
-    if (sources.windowManager.isRunning() && found.windowManager.empty())
+    found.display = processes.environmentVariable("DISPLAY").value_or("");
+    found.windowManager = desktop.windowManager.isRunning() ? desktop.windowManager.name() : "";
+    if (desktop.windowManager.isRunning() && found.windowManager.empty())
         found.windowManager = "one without a name";
-    found.hasCompositor = sources.compositor.isRunning();
-    found.compositor = sources.compositor.name();
+    found.hasCompositor = desktop.compositor.isRunning();
+    found.compositor = desktop.compositor.name();
     const auto add = [&](const char* name, xcb_extension_t& extension) {
-        found.extensions.push_back({name, sources.connection.has(&extension)});
+        found.extensions.push_back({name, connection.has(&extension)});
     };
     add("MIT-SHM", xcb_shm_id);
     add("Present", xcb_present_id);
@@ -51,12 +48,12 @@ X11Diagnostics X11Diagnostics::gather(const Sources& sources, std::string_view v
     add("X-Resource", xcb_res_id);
     add("XFixes", xcb_xfixes_id);
     add("XInput", xcb_input_id);
-    found.screens.assign(sources.screens.all().begin(), sources.screens.all().end());
-    found.overlaysAreTranslucent = sources.toolkitWindows.areTranslucent();
-    found.sharesMemory = sources.toolkitWindows.shareMemory();
-    found.followsRefresh = sources.displayLinks.followRefresh();
-    found.movesPastToolkit = sources.processes.environmentVariable(WindowServer::kDisableVariable) != "1";
-    found.hearsRawInput = sources.rawInput.isAvailable();
+    found.screens.assign(desktop.screens.all().begin(), desktop.screens.all().end());
+    found.overlaysAreTranslucent = desktop.toolkitWindows.areTranslucent();
+    found.sharesMemory = desktop.toolkitWindows.shareMemory();
+    found.followsRefresh = desktop.displayLinks.followRefresh();
+    found.movesPastToolkit = processes.environmentVariable(WindowServer::kDisableVariable) != "1";
+    found.hearsRawInput = desktop.rawInput.isAvailable();
     return found;
 }
 

@@ -10,12 +10,8 @@
 namespace haloric {
 
 class Processes;
-class X11Compositor;
 class X11Connection;
-class X11DisplayLinks;
-class X11RawInput;
-class X11ToolkitWindows;
-class X11WindowManager;
+struct X11Desktop;
 
 struct X11Diagnostics {
     struct Extension {
@@ -36,17 +32,8 @@ struct X11Diagnostics {
     bool movesPastToolkit = false;
     bool hearsRawInput = false;
 
-    struct Sources {
-        X11Connection& connection;
-        const X11WindowManager& windowManager;
-        const X11Compositor& compositor;
-        const Screens& screens;
-        const X11ToolkitWindows& toolkitWindows;
-        const X11DisplayLinks& displayLinks;
-        const X11RawInput& rawInput;
-        const Processes& processes;
-    };
-    static X11Diagnostics gather(const Sources& sources, std::string_view version);
+    static X11Diagnostics gather(const X11Connection& connection, const X11Desktop& desktop, const Processes& processes,
+                                 std::string_view version);
 
     // Several lines, each with its end.
     std::string text() const;

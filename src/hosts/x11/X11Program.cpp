@@ -21,25 +21,9 @@
 #include "hosts/linux/update/AppcastFetcher.h"
 #include "hosts/linux/update/LinuxUpdaterFramework.h"
 #include "hosts/x11/X11Application.h"
+#include "hosts/x11/X11Desktop.h"
 #include "hosts/x11/input/X11Hotkeys.h"
-#include "hosts/x11/input/X11InputMonitors.h"
-#include "hosts/x11/input/X11Keyboard.h"
-#include "hosts/x11/input/X11OwnWindows.h"
-#include "hosts/x11/input/X11RawInput.h"
-#include "hosts/x11/overlay/X11Compositor.h"
-#include "hosts/x11/overlay/X11ToolkitWindows.h"
-#include "hosts/x11/refresh/X11DisplayLinks.h"
-#include "hosts/x11/refresh/X11Screens.h"
-#include "hosts/x11/server/X11Connection.h"
-#include "hosts/x11/server/X11Scale.h"
 #include "hosts/x11/shell/X11QtWindowWatcher.h"
-#include "hosts/x11/windows/X11Accessibility.h"
-#include "hosts/x11/windows/X11ApplicationCatalog.h"
-#include "hosts/x11/windows/X11Clients.h"
-#include "hosts/x11/windows/X11WindowInfoSource.h"
-#include "hosts/x11/windows/X11WindowManager.h"
-#include "hosts/x11/windows/X11WindowServerLibrary.h"
-#include "hosts/x11/windows/X11Workspace.h"
 
 #include <optional>
 #include <string_view>
@@ -70,48 +54,9 @@ AlertModel onboardingAlert()
     };
 }
 
-// What is read from the desktop, and the windows that are laid over it.
-struct Desktop {
-    Desktop(X11Connection& connection, LinuxRunLoop& runLoop, Log& log)
-        : screens(connection, runLoop, scale),
-          windowManager(connection, runLoop),
-          clients(connection, runLoop),
-          workspace(clients, runLoop),
-          accessibility(runLoop, clients, windowManager, scale),
-          windowInfoSource(clients.table(), scale),
-          windowServerLibrary(connection, kDisplay, clients, scale),
-          compositor(connection),
-          toolkitWindows(connection, runLoop, compositor, scale, clients.table(), log),
-          keyboard(connection),
-          rawInput(connection, keyboard),
-          ownWindows(connection),
-          input(rawInput, ownWindows),
-          displayLinks(connection, runLoop, scale),
-          catalog(clients.table(), workspace)
-    {
-    }
-
-    X11Scale scale;
-    X11Screens screens;
-    X11WindowManager windowManager;
-    X11Clients clients;
-    X11Workspace workspace;
-    X11Accessibility accessibility;
-    X11WindowInfoSource windowInfoSource;
-    X11WindowServerLibrary windowServerLibrary;
-    X11Compositor compositor;
-    X11ToolkitWindows toolkitWindows;
-    X11Keyboard keyboard;
-    X11RawInput rawInput;
-    X11OwnWindows ownWindows;
-    X11InputMonitors input;
-    X11DisplayLinks displayLinks;
-    X11ApplicationCatalog catalog;
-};
-
 // What the user touches.
 struct Shell {
-    Shell(const InstanceStart& start, Desktop& desktop, UserDefaults& userDefaults)
+    Shell(const InstanceStart& start, X11Desktop& desktop, UserDefaults& userDefaults)
         : qtWindows(desktop.ownWindows),
           statusItems(start.connection),
           formWindows(start.connection),
@@ -170,7 +115,7 @@ int runX11Program(const InstanceStart& start)
     Task displayLost; // both connections to the server notice, and either may be the first
     const QtApplication qt([&displayLost] { displayLost(); });
     QtEventLoop loop(start.runLoop);
-    Desktop desktop(start.connection, start.runLoop, start.log);
+    X11Desktop desktop(start.connection, kDisplay, start.runLoop, start.log);
     LinuxUserDefaults userDefaults(LinuxUserDefaults::standardFolder(start.processes));
     Shell shell(start, desktop, userDefaults);
     LinuxSerialQueues serialQueues(start.runLoop);

@@ -7,18 +7,9 @@
 #include "hosts/linux/loop/TerminationSignals.h"
 #include "hosts/posix/PosixProcesses.h"
 #include "hosts/posix/StandardErrorLog.h"
+#include "hosts/x11/X11Desktop.h"
 #include "hosts/x11/X11Diagnostics.h"
 #include "hosts/x11/X11Program.h"
-#include "hosts/x11/input/X11Keyboard.h"
-#include "hosts/x11/input/X11RawInput.h"
-#include "hosts/x11/overlay/X11Compositor.h"
-#include "hosts/x11/overlay/X11ToolkitWindows.h"
-#include "hosts/x11/refresh/X11DisplayLinks.h"
-#include "hosts/x11/refresh/X11Screens.h"
-#include "hosts/x11/server/X11Connection.h"
-#include "hosts/x11/server/X11Scale.h"
-#include "hosts/x11/windows/X11Clients.h"
-#include "hosts/x11/windows/X11WindowManager.h"
 #include "settings/SettingsStore.h"
 
 #include <iostream>
@@ -39,25 +30,8 @@ constexpr const char* kDisplay = nullptr; // what DISPLAY names
 
 int showDiagnostics(X11Connection& connection, LinuxRunLoop& runLoop, Log& log, const Processes& processes)
 {
-    X11Scale scale;
-    const X11Screens screens(connection, runLoop, scale);
-    const X11WindowManager windowManager(connection, runLoop);
-    const X11Clients clients(connection, runLoop);
-    X11Compositor compositor(connection);
-    const X11ToolkitWindows toolkitWindows(connection, runLoop, compositor, scale, clients.table(), log);
-    X11Keyboard keyboard(connection);
-    const X11RawInput rawInput(connection, keyboard);
-    const X11DisplayLinks displayLinks(connection, runLoop, scale);
-    std::cout << X11Diagnostics::gather({.connection = connection,
-                                         .windowManager = windowManager,
-                                         .compositor = compositor,
-                                         .screens = screens,
-                                         .toolkitWindows = toolkitWindows,
-                                         .displayLinks = displayLinks,
-                                         .rawInput = rawInput,
-                                         .processes = processes},
-                                        kVersion)
-                     .text();
+    const X11Desktop desktop(connection, kDisplay, runLoop, log);
+    std::cout << X11Diagnostics::gather(connection, desktop, processes, kVersion).text();
     return kSuccess;
 }
 

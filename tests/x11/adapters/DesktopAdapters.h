@@ -1,16 +1,10 @@
-// The adapters under test, connected to a session's display as the program connects them, and a way to wait for
-// what they see.
+// The adapters under test, on a session's display and wired as in the program, and functions that wait for what they
+// see.
 #pragma once
 
 #include "hosts/linux/loop/LinuxRunLoop.h"
-#include "hosts/x11/refresh/X11Screens.h"
-#include "hosts/x11/server/X11Connection.h"
-#include "hosts/x11/server/X11Scale.h"
-#include "hosts/x11/windows/X11Accessibility.h"
-#include "hosts/x11/windows/X11Clients.h"
-#include "hosts/x11/windows/X11WindowInfoSource.h"
-#include "hosts/x11/windows/X11WindowManager.h"
-#include "hosts/x11/windows/X11Workspace.h"
+#include "hosts/x11/X11Desktop.h"
+#include "support/FakeLog.h"
 #include "testing/x11/Deadline.h"
 #include "testing/x11/ScreenImage.h"
 #include "testing/x11/X11Session.h"
@@ -24,17 +18,25 @@
 
 namespace haloric {
 
-class DesktopAdapters {
+// What the adapters are made on.
+struct AdaptersDisplay {
+    explicit AdaptersDisplay(const std::string& displayName)
+        : display(displayName),
+          connection(X11Connection::open(display.c_str(), loop))
+    {
+    }
+
+    std::string display;
+    FakeLog log;
+    LinuxRunLoop loop;
+    std::unique_ptr<X11Connection> connection;
+};
+
+class DesktopAdapters : public AdaptersDisplay, public X11Desktop {
 public:
     explicit DesktopAdapters(const std::string& displayName)
-        : display(displayName),
-          connection(X11Connection::open(display.c_str(), loop)),
-          screens(*connection, loop, scale),
-          windowManager(*connection, loop),
-          clients(*connection, loop),
-          workspace(clients, loop),
-          accessibility(loop, clients, windowManager, scale),
-          windowInfo(clients.table(), scale)
+        : AdaptersDisplay(displayName),
+          X11Desktop(*connection, display.c_str(), loop, log)
     {
     }
 
@@ -107,7 +109,7 @@ public:
     std::optional<Rect> listedBounds(xcb_window_t window)
     {
         const auto list =
-            windowInfo.copyWindowInfo(WindowListOptions::includingWindow, static_cast<WindowNumber>(window));
+            windowInfoSource.copyWindowInfo(WindowListOptions::includingWindow, static_cast<WindowNumber>(window));
         return list->empty() ? std::nullopt : std::optional(std::get<Rect>(list->front().bounds));
     }
 
@@ -115,22 +117,11 @@ public:
     {
         std::vector<xcb_window_t> windows;
         const auto options = WindowListOptions::onScreenOnly | WindowListOptions::excludeDesktopElements;
-        const auto list = windowInfo.copyWindowInfo(options, WindowNumber::none);
+        const auto list = windowInfoSource.copyWindowInfo(options, WindowNumber::none);
         for (const WindowInfo& info : *list)
             windows.push_back(static_cast<xcb_window_t>(std::get<std::int64_t>(info.number)));
         return windows;
     }
-
-    std::string display;
-    LinuxRunLoop loop;
-    std::unique_ptr<X11Connection> connection;
-    X11Scale scale;
-    X11Screens screens;
-    X11WindowManager windowManager;
-    X11Clients clients;
-    X11Workspace workspace;
-    X11Accessibility accessibility;
-    X11WindowInfoSource windowInfo;
 };
 
 // Root pixels as points of the global space, on a desktop with one unscaled screen.

@@ -1,7 +1,6 @@
-// The adapters that listen to input, with monitors and a tap that note what they hear.
+// The adapters with monitors and a tap that record what they receive.
 #pragma once
 
-#include "hosts/x11/input/X11InputMonitors.h"
 #include "x11/adapters/DesktopAdapters.h"
 
 #include <memory>
@@ -14,10 +13,9 @@ inline constexpr EventMask kEverything = ~EventMask{0};
 struct InputAdapters : testing::Test {
     X11Session session{WindowManager::openbox};
     DesktopAdapters adapters{session.display()};
-    X11Keyboard keyboard{*adapters.connection};
-    X11RawInput raw{*adapters.connection, keyboard};
-    X11OwnWindows ownWindows{*adapters.connection};
-    X11InputMonitors input{raw, ownWindows};
+    X11Keyboard& keyboard = adapters.keyboard;
+    X11OwnWindows& ownWindows = adapters.ownWindows;
+    X11InputMonitors& input = adapters.input;
     std::vector<EventType> global;
     std::vector<EventType> local;
     std::vector<TapEvent> tapped;

@@ -1,10 +1,7 @@
-// The adapters that draw, on top of those that they take their knowledge from, and a view to draw.
+// The adapters with a way to make windows for them to draw, and a view to draw.
 #pragma once
 
 #include "drawing/Canvas.h"
-#include "hosts/x11/overlay/X11Compositor.h"
-#include "hosts/x11/overlay/X11ToolkitWindows.h"
-#include "support/FakeLog.h"
 #include "x11/adapters/DesktopAdapters.h"
 
 #include <optional>
@@ -56,13 +53,7 @@ inline constexpr Pixel kGreenPixel = 0x00FF00;
 
 class ScreenAdapters : public DesktopAdapters, private ToolkitWindowDelegate {
 public:
-    explicit ScreenAdapters(X11Session& testSession)
-        : DesktopAdapters(testSession.display()),
-          session(testSession),
-          compositor(*connection),
-          toolkitWindows(*connection, loop, compositor, scale, clients.table(), log)
-    {
-    }
+    explicit ScreenAdapters(X11Session& testSession) : DesktopAdapters(testSession.display()), session(testSession) {}
 
     // A window with that view, not yet shown.
     std::unique_ptr<ToolkitWindow> make(ContentView& view, const Rect& frame)
@@ -87,9 +78,6 @@ public:
     }
 
     X11Session& session;
-    FakeLog log;
-    X11Compositor compositor;
-    X11ToolkitWindows toolkitWindows;
 
 private:
     bool canBecomeKey() const override { return false; }

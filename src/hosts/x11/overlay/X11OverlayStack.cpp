@@ -24,35 +24,30 @@ X11OverlayStack::X11OverlayStack(X11Connection& connection, const X11ClientTable
 
 void X11OverlayStack::listen()
 {
-    const auto on = [this](std::uint8_t type, X11Connection::EventHandler handler) {
-        m_subscriptions.push_back(m_connection.onEvent(type, std::move(handler)));
-    };
-    on(XCB_CONFIGURE_NOTIFY,
-       [this](const xcb_generic_event_t& event) { noticeConfigure(eventAs<xcb_configure_notify_event_t>(event)); });
-    on(XCB_MAP_NOTIFY,
-       [this](const xcb_generic_event_t& event) { noticeOthers(eventAs<xcb_map_notify_event_t>(event).window); });
-    on(XCB_UNMAP_NOTIFY,
-       [this](const xcb_generic_event_t& event) { noticeOthers(eventAs<xcb_unmap_notify_event_t>(event).window); });
-    on(XCB_DESTROY_NOTIFY, [this](const xcb_generic_event_t& event) {
-        const xcb_window_t window = eventAs<xcb_destroy_notify_event_t>(event).window;
-        m_siblingsBelow.erase(window);
-        noticeOthers(window);
-    });
-    on(XCB_REPARENT_NOTIFY, [this](const xcb_generic_event_t& event) {
-        const auto& reparent = eventAs<xcb_reparent_notify_event_t>(event);
-        if (reparent.parent != m_connection.root())
-            m_siblingsBelow.erase(reparent.window); // no further event reports it, nor its end
-        noticeOthers(reparent.window);
-    });
-    on(XCB_CIRCULATE_NOTIFY,
-       [this](const xcb_generic_event_t& event) { noticeOthers(eventAs<xcb_circulate_notify_event_t>(event).window); });
-    const xcb_atom_t active = m_connection.atoms().activeWindow;
-    const xcb_atom_t stacking = m_connection.atoms().clientListStacking;
-    on(XCB_PROPERTY_NOTIFY, [this, active, stacking](const xcb_generic_event_t& event) {
-        const auto& property = eventAs<xcb_property_notify_event_t>(event);
-        if (property.window == m_connection.root() && (property.atom == active || property.atom == stacking))
+    const auto keep = [this](Subscription subscription) { m_subscriptions.push_back(std::move(subscription)); };
+    keep(m_connection.onEvent<xcb_configure_notify_event_t>(XCB_CONFIGURE_NOTIFY,
+                                                            [this](const auto& event) { noticeConfigure(event); }));
+    keep(m_connection.onEvent<xcb_map_notify_event_t>(XCB_MAP_NOTIFY,
+                                                      [this](const auto& event) { noticeOthers(event.window); }));
+    keep(m_connection.onEvent<xcb_unmap_notify_event_t>(XCB_UNMAP_NOTIFY,
+                                                        [this](const auto& event) { noticeOthers(event.window); }));
+    keep(m_connection.onEvent<xcb_destroy_notify_event_t>(XCB_DESTROY_NOTIFY, [this](const auto& event) {
+        m_siblingsBelow.erase(event.window);
+        noticeOthers(event.window);
+    }));
+    keep(m_connection.onEvent<xcb_reparent_notify_event_t>(XCB_REPARENT_NOTIFY, [this](const auto& event) {
+        if (event.parent != m_connection.root())
+            m_siblingsBelow.erase(event.window); // no further event reports it, nor its end
+        noticeOthers(event.window);
+    }));
+    keep(m_connection.onEvent<xcb_circulate_notify_event_t>(XCB_CIRCULATE_NOTIFY,
+                                                            [this](const auto& event) { noticeOthers(event.window); }));
+    keep(m_connection.onEvent<xcb_property_notify_event_t>(XCB_PROPERTY_NOTIFY, [this](const auto& event) {
+        const X11Atoms& atoms = m_connection.atoms();
+        if (event.window == m_connection.root() &&
+            (event.atom == atoms.activeWindow || event.atom == atoms.clientListStacking))
             m_isDue = true;
-    });
+    }));
 }
 
 void X11OverlayStack::noticeConfigure(const xcb_configure_notify_event_t& event)

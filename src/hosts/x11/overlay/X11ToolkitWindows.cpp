@@ -29,7 +29,6 @@ X11ToolkitWindows::X11ToolkitWindows(X11Connection& connection, LinuxRunLoop& ru
     m_compositorChanges = compositor.onChange([this] { compositorChanged(); });
     m_exposures = connection.onEvent(
         XCB_EXPOSE, [this](const xcb_generic_event_t& event) { expose(eventAs<xcb_expose_event_t>(event)); });
-    m_beforeWait = runLoop.onBeforeWait([this] { return beforeWait(); });
 }
 
 std::unique_ptr<ToolkitWindow> X11ToolkitWindows::make(const ToolkitWindowConfiguration& configuration,
@@ -76,9 +75,9 @@ void X11ToolkitWindows::explainRing()
                           "and dimming");
 }
 
-bool X11ToolkitWindows::beforeWait()
+bool X11ToolkitWindows::paint()
 {
-    bool worked = m_stack.update();
+    bool worked = false;
     for (X11ToolkitWindow* window : m_windows)
         worked = window->paint() || worked;
     return worked;

@@ -1,4 +1,4 @@
-// Makes the overlay windows and draws them, once a turn of the loop, before it waits. With a compositor they are
+// Makes the overlay windows, and draws them when it is asked to, once a turn of the loop. With a compositor they are
 // translucent; without, they are opaque rings that show only the border and the pulse. When a compositor starts or
 // ends, the windows change their kind. Main thread.
 #pragma once
@@ -24,13 +24,16 @@ public:
     // A compositor owns its selection before it redirects the windows; until then a translucent window would be black.
     static constexpr Seconds kCompositorTakesOver{0.25};
 
-    // All outlive it. Constructed after what updates `clients`, so that a pass before the wait uses the clients of the
-    // same turn.
+    // All outlive it.
     X11ToolkitWindows(X11Connection& connection, LinuxRunLoop& runLoop, X11Compositor& compositor,
                       const X11Scale& scale, const X11ClientTable& clients, Log& log);
 
     std::unique_ptr<ToolkitWindow> make(const ToolkitWindowConfiguration& configuration,
                                         const ToolkitWindowDelegate& delegate) override;
+
+    // Restack the overlays and draw what has changed. True when a request was sent to the server.
+    bool updateStack() { return m_stack.update(); }
+    bool paint();
 
     bool areTranslucent() const { return m_translucent; }
     bool shareMemory() const { return m_uploader.sharesMemory(); }
@@ -47,7 +50,6 @@ private:
     void compositorChanged();
     void setTranslucent(bool translucent);
     void explainRing();
-    bool beforeWait();
     void expose(const xcb_expose_event_t& event);
 
     X11Connection& m_connection;
@@ -66,7 +68,6 @@ private:
     Subscription m_takeOver;
     Subscription m_compositorChanges;
     Subscription m_exposures;
-    Subscription m_beforeWait;
 };
 
 } // namespace haloric

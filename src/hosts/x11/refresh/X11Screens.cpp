@@ -6,13 +6,10 @@
 
 namespace haloric {
 
-X11Screens::X11Screens(X11Connection& connection, LinuxRunLoop& runLoop, X11Scale& scale)
-    : m_connection(connection),
-      m_scale(scale)
+X11Screens::X11Screens(X11Connection& connection, X11Scale& scale) : m_connection(connection), m_scale(scale)
 {
     listen();
     read();
-    m_subscriptions.push_back(runLoop.onBeforeWait([this] { return readAgain(); }));
 }
 
 void X11Screens::listen()
@@ -44,9 +41,9 @@ void X11Screens::listen()
         noteOn(static_cast<std::uint8_t>(first + event), [](const auto&) { return true; });
 }
 
-bool X11Screens::readAgain()
+bool X11Screens::update()
 {
-    if (!std::exchange(m_mayHaveChanged, false) || m_connection.isLost())
+    if (!std::exchange(m_mayHaveChanged, false))
         return false;
     const X11Space space = m_scale.current();
     const auto before = m_screens;

@@ -5,7 +5,6 @@
 #pragma once
 
 #include "foundation/Publisher.h"
-#include "hosts/linux/loop/LinuxRunLoop.h"
 #include "hosts/x11/refresh/X11Monitor.h"
 #include "hosts/x11/server/X11Connection.h"
 #include "hosts/x11/server/X11Scale.h"
@@ -19,8 +18,11 @@ class X11Screens final : public Screens {
 public:
     static constexpr double kUsualFramesPerSecond = 60; // for monitors that do not tell
 
-    // Reads the monitors at once. All three outlive it.
-    X11Screens(X11Connection& connection, LinuxRunLoop& runLoop, X11Scale& scale);
+    // Reads the monitors. Both outlive it.
+    X11Screens(X11Connection& connection, X11Scale& scale);
+
+    // Reads them again if an event says that they may have changed. True when it has asked the server.
+    bool update();
 
     std::span<const Screen> all() const override { return m_screens; }
     Subscription onParametersChange(Task handler) override { return m_changes.subscribe(std::move(handler)); }
@@ -29,7 +31,6 @@ public:
 
 private:
     void listen();
-    bool readAgain();
     void read();
 
     X11Connection& m_connection;

@@ -15,14 +15,13 @@ constexpr std::uint32_t kMostWindows = 4096; // a longer list is taken for broke
 
 } // namespace
 
-X11Clients::X11Clients(X11Connection& connection, LinuxRunLoop& runLoop)
+X11Clients::X11Clients(X11Connection& connection)
     : m_connection(connection),
       m_atoms(connection.atoms()),
       m_reader(connection.raw(), connection.root(), m_atoms)
 {
     listen();
-    pass();
-    m_subscriptions.push_back(runLoop.onBeforeWait([this] { return pass(); }));
+    update();
 }
 
 void X11Clients::listen()
@@ -96,10 +95,8 @@ void X11Clients::destroyed(xcb_window_t window)
     m_rootChanged = true;
 }
 
-bool X11Clients::pass()
+bool X11Clients::update()
 {
-    if (m_connection.isLost())
-        return false;
     if (!m_rootChanged && !m_framesMoved && m_toRead.empty() && m_toMeasure.empty())
         return false;
     m_framesMoved = false;

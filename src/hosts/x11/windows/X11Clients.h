@@ -1,11 +1,10 @@
-// Keeps the table of managed windows fresh: listens to the root window and to each client, notes what may have
-// changed, and makes one pass before the main loop goes to sleep. The pass reads what is needed in a few batches;
-// a frame that merely moves needs none, its event tells everything. Main thread, except for the table.
+// Keeps the table of managed windows up to date: listens to the root window and to each client, notes what may have
+// changed, and reads that in a few batches when it is updated. A frame that only moves needs no reading, because its
+// event has the new place. Main thread.
 #pragma once
 
 #include "foundation/Publisher.h"
 #include "foundation/Subscription.h"
-#include "hosts/linux/loop/LinuxRunLoop.h"
 #include "hosts/x11/server/X11Connection.h"
 #include "hosts/x11/windows/X11ClientReader.h"
 #include "hosts/x11/windows/X11ClientTable.h"
@@ -17,20 +16,23 @@ namespace haloric {
 
 class X11Clients {
 public:
-    // Reads the desktop as it is. The connection and the loop outlive it.
-    X11Clients(X11Connection& connection, LinuxRunLoop& runLoop);
+    // Reads the desktop as it is. The connection outlives it.
+    explicit X11Clients(X11Connection& connection);
     X11Clients(const X11Clients&) = delete;
     X11Clients& operator=(const X11Clients&) = delete;
 
     const X11ClientTable& table() const { return m_table; }
 
-    // What happened to each window, after the table has been brought up to date.
+    // Reads what events have noted, and notifies. True when there was something.
+    bool update();
+
+    // Each change of a window, after the table has been brought up to date.
     Subscription onNotice(Publisher<X11ClientNotice>::Handler handler)
     {
         return m_notices.subscribe(std::move(handler));
     }
 
-    // After every pass, and after its notices.
+    // After every update that found something, and after its notices.
     Subscription onPass(Task handler) { return m_passes.subscribe(std::move(handler)); }
 
 private:
@@ -39,7 +41,6 @@ private:
     void configured(const xcb_generic_event_t& event);
     void changed(xcb_window_t clientOrFrame);
     void destroyed(xcb_window_t window);
-    bool pass();
     void readRoot();
     void adopt(const std::vector<xcb_window_t>& listed, xcb_window_t activeWindow);
     void readClients();

@@ -14,9 +14,7 @@ constexpr std::uint32_t kMostHints = 1024;
 
 } // namespace
 
-X11WindowManager::X11WindowManager(X11Connection& connection, LinuxRunLoop& runLoop)
-    : m_connection(connection),
-      m_atoms(connection.atoms())
+X11WindowManager::X11WindowManager(X11Connection& connection) : m_connection(connection), m_atoms(connection.atoms())
 {
     m_connection.selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
     m_subscriptions.push_back(m_connection.onEvent<xcb_property_notify_event_t>(
@@ -25,8 +23,7 @@ X11WindowManager::X11WindowManager(X11Connection& connection, LinuxRunLoop& runL
         m_connection.onEvent<xcb_destroy_notify_event_t>(XCB_DESTROY_NOTIFY, [this](const auto& event) {
             m_mayHaveChanged = m_mayHaveChanged || event.window == m_checkWindow;
         }));
-    look();
-    m_subscriptions.push_back(runLoop.onBeforeWait([this] { return lookAgain(); }));
+    read();
 }
 
 void X11WindowManager::propertyChanged(const xcb_property_notify_event_t& event)
@@ -37,18 +34,18 @@ void X11WindowManager::propertyChanged(const xcb_property_notify_event_t& event)
         m_mayHaveChanged = m_mayHaveChanged || event.atom == m_atoms.supportingCheck || event.atom == m_atoms.name;
 }
 
-bool X11WindowManager::lookAgain()
+bool X11WindowManager::update()
 {
-    if (!std::exchange(m_mayHaveChanged, false) || m_connection.isLost())
+    if (!std::exchange(m_mayHaveChanged, false))
         return false;
     const auto before = std::tuple(m_isRunning, m_checkWindow, m_name);
-    look();
+    read();
     if (before != std::tie(m_isRunning, m_checkWindow, m_name))
         m_changes.publish();
     return true;
 }
 
-void X11WindowManager::look()
+void X11WindowManager::read()
 {
     X11PropertyRequest supported(m_connection.raw(), m_connection.root(), m_atoms.supported, kMostHints);
     X11PropertyRequest check(m_connection.raw(), m_connection.root(), m_atoms.supportingCheck);

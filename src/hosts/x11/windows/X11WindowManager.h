@@ -16,10 +16,13 @@ namespace haloric {
 
 class X11WindowManager {
 public:
-    // Looks at once. The connection and the loop outlive it.
-    X11WindowManager(X11Connection& connection, LinuxRunLoop& runLoop);
+    // Reads the properties. The connection outlives it.
+    explicit X11WindowManager(X11Connection& connection);
     X11WindowManager(const X11WindowManager&) = delete;
     X11WindowManager& operator=(const X11WindowManager&) = delete;
+
+    // Reads them again if an event says that they may have changed. True when it has asked the server.
+    bool update();
 
     bool isRunning() const { return m_isRunning; }
     const std::string& name() const { return m_name; } // empty when none runs or it has no name
@@ -39,8 +42,7 @@ public:
 
 private:
     void propertyChanged(const xcb_property_notify_event_t& event);
-    bool lookAgain();
-    void look();
+    void read();
 
     X11Connection& m_connection;
     const X11Atoms& m_atoms;

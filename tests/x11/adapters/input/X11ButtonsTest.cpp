@@ -91,7 +91,7 @@ TEST_F(X11ButtonsTest, a_button_held_from_before_is_known)
 TEST_F(X11ButtonsTest, nothing_is_held_where_releases_cannot_be_heard)
 {
     // The server stays with what a client asked for first; raw events during the grabs of others came later.
-    DesktopAdapters old(session.display());
+    const AdaptersDisplay old(session.display());
     const XcbReply<xcb_input_xi_query_version_reply_t> version(xcb_input_xi_query_version_reply(
         old.connection->raw(), xcb_input_xi_query_version(old.connection->raw(), 2, 0), nullptr));
     ASSERT_TRUE(version);

@@ -10,7 +10,7 @@ namespace {
 struct X11DisplayLinksTest : testing::Test {
     X11Session session{WindowManager::none};
     DesktopAdapters adapters{session.display()};
-    X11DisplayLinks links{*adapters.connection, adapters.loop, adapters.scale};
+    X11DisplayLinks& links = adapters.displayLinks;
     int ticks = 0;
 
     std::unique_ptr<ScreenDisplayLink> makeLink()

@@ -142,7 +142,7 @@ TEST_P(X11FramesTest, state_type_and_opacity_are_listed)
     ASSERT_TRUE(dock->show());
     const auto infoOf = [&](const TestClient& client) {
         const auto number = static_cast<WindowNumber>(client.window());
-        const auto list = adapters.windowInfo.copyWindowInfo(WindowListOptions::includingWindow, number);
+        const auto list = adapters.windowInfoSource.copyWindowInfo(WindowListOptions::includingWindow, number);
         return list->empty() ? WindowInfo{} : list->front();
     };
     EXPECT_TRUE(adapters.waitUntil([&] { return infoOf(*dock).layer == WindowInfoValue(std::int64_t{20}); }));

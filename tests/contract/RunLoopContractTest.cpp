@@ -105,7 +105,7 @@ TEST_P(RunLoopContract, uptime_does_not_run_backwards_and_the_calendar_is_of_thi
 TEST_P(RunLoopContract, a_serial_queue_runs_its_blocks_in_order_and_answers_on_the_main_thread)
 {
     const auto queue = host->serialQueues().make("com.kestrow.haloric.contract.order", QualityOfService::utility);
-    std::vector<int> order; // touched by the queue alone until the answer has come
+    std::vector<int> order; // only the queue touches it until the answer has come
     bool answered = false;  // main thread
     for (int i = 0; i < 20; ++i)
         queue->async([&order, i] { order.push_back(i); });

@@ -41,8 +41,8 @@ X11ContractHost::~X11ContractHost() { ::close(m_logFile); }
 
 ProcessID X11ContractHost::ownProcess() { return ProcessID{::getpid()}; }
 
-// On a thread of its own, because the main loop turns meanwhile. The session is used by that thread alone until it
-// has answered, which it does when its own patience ends at the latest.
+// On another thread, because the main loop turns meanwhile. Only that thread uses the session until it has answered, at
+// the latest when its patience ends.
 void X11ContractHost::ask(const std::string& verb, const std::function<bool()>& answer)
 {
     auto answered = std::async(std::launch::async, answer);

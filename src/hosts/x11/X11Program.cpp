@@ -54,7 +54,7 @@ AlertModel onboardingAlert()
     };
 }
 
-// What the user touches.
+// The program's own user interface.
 struct Shell {
     Shell(const InstanceStart& start, X11Desktop& desktop, UserDefaults& userDefaults)
         : qtWindows(desktop.ownWindows),
@@ -85,7 +85,7 @@ struct Shell {
     LinuxUpdaterFramework updaterFramework;
 };
 
-// Answers later starts of the program, and this one's own wish for the settings window.
+// Serves later starts of the program, and opens the settings window if this start asks for it.
 class Contact {
 public:
     Contact(const InstanceStart& start, EntrySequence& entry, X11Application& application)
@@ -95,8 +95,8 @@ public:
     {
         if (start.opensSettings)
             application.reopen();
-        if (start.seat)
-            m_server.emplace(start.runLoop, start.seat->listeningDescriptor(), geteuid(),
+        if (start.lock)
+            m_server.emplace(start.runLoop, start.lock->listeningDescriptor(), geteuid(),
                              [this](std::string_view line) {
                                  const auto command = InstanceCommand::parse(line);
                                  return command ? m_control.perform(*command).bytes() : std::string();
@@ -112,7 +112,7 @@ private:
 
 int runX11Program(const InstanceStart& start)
 {
-    Task displayLost; // both connections to the server notice, and either may be the first
+    Task displayLost; // called by both connections to the server, in any order
     const QtApplication qt([&displayLost] { displayLost(); });
     QtEventLoop loop(start.runLoop);
     X11Desktop desktop(start.connection, kDisplay, start.runLoop, start.log);

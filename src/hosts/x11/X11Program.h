@@ -1,4 +1,4 @@
-// The program on a display: its adapters, and the entry sequence that they are handed to. Main thread.
+// The program on a display: makes the adapters and runs the entry sequence with them. Main thread.
 #pragma once
 
 namespace haloric {
@@ -10,18 +10,18 @@ class InstanceLock;
 class LinuxRunLoop;
 class TerminationSignals;
 
-// What a start on a display brings along.
+// What a start on a display has made already.
 struct InstanceStart {
     X11Connection& connection;
     LinuxRunLoop& runLoop;
     TerminationSignals& signals;
     Log& log;
     Processes& processes;
-    const InstanceLock* seat; // null: none could be taken, so later starts do not find this one
+    const InstanceLock* lock; // null: it could not be taken, so later starts do not find this instance
     bool opensSettings;
 };
 
-// Runs the program until it is quit; gives its exit code.
+// Runs the program until it is quit; returns its exit code.
 int runX11Program(const InstanceStart& start);
 
 } // namespace haloric

@@ -42,7 +42,7 @@ InstanceStartup contactWithRunning(const Processes& processes)
             {.output = std::cout, .errors = std::cerr}};
 }
 
-// Of the running instance; when there is none, what the next one will read.
+// Those of the running instance, or the ones that the next instance will read.
 int printSettings(const Processes& processes)
 {
     if (const auto exitCode = contactWithRunning(processes).command({.kind = InstanceCommand::Kind::printSettings}))
@@ -72,15 +72,15 @@ int runOnDisplay(CommandLine::Action action)
     }
     if (action == CommandLine::Action::showDiagnostics)
         return showDiagnostics(*connection, runLoop, log, processes);
-    // A running instance and the server may keep a start waiting, which is then to end by the signals as usual. Nothing
-    // has started a thread so far.
+    // Not earlier: a running instance or the server may keep a start waiting, and the signals must end it then. No
+    // thread has been started so far.
     TerminationSignals signals;
     return runX11Program({.connection = *connection,
                           .runLoop = runLoop,
                           .signals = signals,
                           .log = log,
                           .processes = processes,
-                          .seat = arrival.seat.get(),
+                          .lock = arrival.seat.get(),
                           .opensSettings = action == CommandLine::Action::openSettings});
 }
 

@@ -1,4 +1,4 @@
-// The Accessibility adapter under one window manager, with an observer that notes what it hears.
+// The Accessibility adapter under one window manager, with an observer that records its notifications.
 #pragma once
 
 #include "x11/adapters/DesktopAdapters.h"

@@ -52,16 +52,16 @@ public:
         return true;
     }
 
-    // Shows a window and waits until the window manager has given it the focus by itself. Asking for the focus at once
-    // might be answered first, and the focus that comes with the showing then undo a later change; but a window
-    // manager that has just started may have forgotten it.
+    // Shows a window and waits until the window manager has given it the focus. A request for the focus at once might
+    // be granted first, and the focus that comes with the showing would then undo a later change. A window manager that
+    // has just started may give none, so it is requested after a while.
     [[nodiscard]] bool appear(TestClient& client)
     {
         const auto isFocused = [&] { return focusedWindow() == client.window(); };
         return client.show() && (waitUntil(isFocused, kTimeout / 4) || (client.focus() && waitUntil(isFocused)));
     }
 
-    // Takes in everything that the server has sent for what happened before this call.
+    // Dispatches everything that the server has sent for what happened before this call.
     void settle()
     {
         const auto cookie = xcb_get_input_focus(connection->raw());
@@ -130,10 +130,10 @@ inline Rect pointsOf(const ScreenRect& rect)
     return {double(rect.x), double(rect.y), double(rect.width), double(rect.height)};
 }
 
-// A server that cannot tell which process a window belongs to, so that the window's own word counts.
+// A server without process ids of its clients, so that the windows' properties count.
 inline X11ServerOptions withoutProcessIds() { return {.arguments = {"-extension", "X-Resource"}}; }
 
-// The window managers that differ most: in frames, in how they minimise, and in what they say of the focus.
+// The window managers that differ most: in frames, in minimising, and in reporting the focus.
 inline std::string nameOf(WindowManager windowManager)
 {
     switch (windowManager) {

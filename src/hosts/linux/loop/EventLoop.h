@@ -1,4 +1,4 @@
-// What keeps the program running: turns until it is told to stop. Main thread.
+// The loop that keeps the program running until it is stopped. Main thread.
 #pragma once
 
 namespace haloric {
@@ -7,7 +7,7 @@ class EventLoop {
 public:
     virtual ~EventLoop() = default;
 
-    // Returns after `stop`; also every loop that was started from within, such as that of an alert, ends then.
+    // Returns after `stop`, which also ends every loop that was started from within, such as that of an alert.
     virtual void run() = 0;
     virtual void stop() = 0;
 };

@@ -58,7 +58,7 @@ public:
     void set(const X11Space& space) { m_space = space; }
 
     // Pixels a point at a text resolution: the resolution over 96, rounded down to a quarter, within 1 to 4. Down,
-    // because people set 100 or 110 for slightly larger text without meaning a larger desktop.
+    // because 100 or 110 is set for slightly larger text, not for a larger desktop.
     static double fromDotsPerInch(double dotsPerInch);
 
     // As above, for the `Xft.dpi` line of a resource manager string; 1 without a valid one.

@@ -1,4 +1,4 @@
-// What libxcb's C interface leaves to its users: who frees its replies, and which struct an event is.
+// What libxcb's C interface leaves to its users: freeing its replies, and casting an event to its struct.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// Applications for lists of them: those that have windows, and those that have a desktop entry. An application's path
-// is that of its desktop entry; its identifier is the one that the workspace tells. Main thread.
+// The applications that have windows, and those that have a desktop entry, for lists of them. An application's path is
+// that of its desktop entry; its identifier is the workspace's. Main thread.
 #pragma once
 
 #include "hosts/x11/windows/X11ClientTable.h"
@@ -17,8 +17,8 @@ public:
     {
     }
 
-    // A process with windows is regular when one of them is a normal one or a dialog; one that has only panels and
-    // the like is an accessory.
+    // A process with windows is regular when one of them is a normal one or a dialog; one with only panels and the like
+    // is an accessory.
     std::vector<RunningApplication> runningApplications() const override;
 
     std::optional<std::string> applicationPath(std::string_view bundleIdentifier) const override;

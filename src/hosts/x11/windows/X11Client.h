@@ -34,7 +34,7 @@ struct X11Client {
     std::uint32_t desktop = kEveryDesktop; // also without a property
     double opacity = 1;
 
-    // Whether people work in it, as opposed to panels, menus, splash screens and the desktop.
+    // An ordinary window, as opposed to panels, menus, splash screens and the desktop.
     bool isForWork() const
     {
         return type == X11WindowType::normal || type == X11WindowType::dialog || type == X11WindowType::utility;

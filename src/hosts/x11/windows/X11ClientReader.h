@@ -1,7 +1,7 @@
-// Reads what there is to know of windows, for any number of them in the same few round trips: all requests are sent
-// before the first reply is read. Windows that vanish meanwhile are left out.
+// Reads the properties and the geometry of windows, for any number of them in the same few round trips: all requests
+// are sent before the first reply is read. Windows that vanish meanwhile are left out.
 //
-// Waits for the X server, never for a client. Belongs to the thread that reads its connection's replies.
+// Blocks on the X server, never on a client. Used only on the thread that reads its connection's replies.
 #pragma once
 
 #include "hosts/x11/server/X11Atoms.h"
@@ -25,14 +25,14 @@ public:
     {
     }
 
-    // One record a window, in their order; absent where the window has vanished.
+    // One record for each window, in their order; absent where the window has vanished.
     std::vector<std::optional<X11ClientRecord>> read(std::span<const xcb_window_t> windows) const;
 
-    // Measures again how windows lie in their known frames: one round trip. A client whose window has vanished
-    // keeps what it had.
+    // Measures again where windows lie in their known frames: one round trip. A client whose window has vanished is not
+    // changed.
     void measure(std::span<X11Client* const> clients) const;
 
-    // The child of the root that holds each window; none where the window has vanished.
+    // The child of the root that holds each window; XCB_WINDOW_NONE where the window has vanished.
     std::vector<xcb_window_t> frames(std::span<const xcb_window_t> windows) const;
 
 private:

@@ -11,7 +11,7 @@ namespace haloric {
 
 namespace {
 
-constexpr std::uint32_t kMostWindows = 4096; // a longer list is taken for broken and cut
+constexpr std::uint32_t kMostWindows = 4096; // a longer list is cut
 
 } // namespace
 
@@ -64,7 +64,7 @@ void X11Clients::propertyChanged(const xcb_property_notify_event_t& event)
 
 void X11Clients::configured(const xcb_generic_event_t& event)
 {
-    // Window managers tell clients where they are with events of their own making; the frame's tell us.
+    // Window managers send these to clients, with the place on the root. The frame's own events have that, too.
     if ((event.response_type & kSentEventBit) != 0)
         return;
     const auto& configure = eventAs<xcb_configure_notify_event_t>(event);
@@ -86,7 +86,7 @@ void X11Clients::changed(xcb_window_t clientOrFrame)
         m_toRead.insert(client);
 }
 
-// At once, because another window may get the number.
+// At once, because the id may be used for another window.
 void X11Clients::destroyed(xcb_window_t window)
 {
     if (!m_table.find(window))

@@ -8,7 +8,7 @@ namespace haloric {
 
 namespace {
 
-constexpr std::uint32_t kLargestExtent = 4096; // beyond it, a property is taken for broken
+constexpr std::uint32_t kLargestExtent = 4096; // larger values make the property invalid
 
 PixelRect grownBy(const PixelRect& rect, const X11Extents& extents, int sign)
 {

@@ -1,10 +1,10 @@
-// Where a managed window is seen, worked out from the window that moves: its frame, the child of the root that
-// holds it.
+// The visible frame of a managed window, computed from the window that moves: its frame window, the child of the root
+// that holds it.
 //
 // A frame may be larger than what is seen (some window managers give it an invisible margin to grab), and a client
 // that draws its own decoration adds its shadow to its window. So the visible frame is the client's rectangle, plus
-// the decoration that the window manager tells, minus the shadow that the client tells. How these lie inside the
-// frame is measured once; afterwards the frame's own events are enough. Root pixels.
+// the decoration that the window manager sets, minus the shadow that the client sets. Their places inside the frame
+// window are measured once; afterwards the frame window's events are enough. Root pixels.
 #pragma once
 
 #include "drawing/PixelRect.h"
@@ -38,13 +38,13 @@ struct X11FrameGeometry {
     // A window's rectangle with its borders, from its core geometry.
     static PixelRect outerRect(int x, int y, int width, int height, int borderWidth);
 
-    // The frame has moved or changed its size. A change of size is taken to be the client's as well until somebody
-    // measures again.
+    // The frame window has a new rectangle. A change of size is applied to the client as well until it is measured
+    // again.
     void frameConfigured(const PixelRect& outer);
 
     PixelRect visibleFrame() const;
 
-    // What is seen of a window that is rolled up: its decoration alone.
+    // The visible part of a window that is rolled up: only its decoration.
     PixelRect rolledUpFrame() const;
 
     friend bool operator==(const X11FrameGeometry&, const X11FrameGeometry&) = default;

@@ -53,21 +53,21 @@ void X11ProcessIds::takeAnswer()
     }
 }
 
-ProcessID X11ProcessIds::of(xcb_window_t window, std::optional<std::uint32_t> propertyValue)
+ProcessID X11ProcessIds::of(xcb_window_t window, std::optional<std::uint32_t> propertyId)
 {
     if (m_cookie)
         takeAnswer();
     const auto found = m_byConnection.find(window & ~m_resourceMask);
-    const auto serverTold = found == m_byConnection.end() ? std::nullopt : std::optional(found->second);
-    return choose(serverTold, propertyValue, window, m_resourceMask);
+    const auto serverId = found == m_byConnection.end() ? std::nullopt : std::optional(found->second);
+    return choose(serverId, propertyId, window, m_resourceMask);
 }
 
-ProcessID X11ProcessIds::choose(std::optional<std::uint32_t> serverTold, std::optional<std::uint32_t> propertyValue,
+ProcessID X11ProcessIds::choose(std::optional<std::uint32_t> serverId, std::optional<std::uint32_t> propertyId,
                                 xcb_window_t window, std::uint32_t resourceMask)
 {
-    for (const auto& told : {serverTold, propertyValue}) {
-        if (isPlausible(told))
-            return static_cast<ProcessID>(*told);
+    for (const auto& id : {serverId, propertyId}) {
+        if (isPlausible(id))
+            return static_cast<ProcessID>(*id);
     }
     const std::uint32_t connection = (window & ~resourceMask) >> std::popcount(resourceMask);
     return static_cast<ProcessID>(kFirstPseudoId + static_cast<std::int32_t>(connection));

@@ -1,6 +1,6 @@
-// Which process a window belongs to. The X server knows the process behind each local connection and cannot be
-// lied to; a property may tell otherwise; and a window of which neither tells anything belongs to a made-up
-// process, one for each connection, that stays the same as long as the connection does.
+// The process that a window belongs to. The X server's own id of a local client comes first; a property comes second,
+// because clients can set it to anything. A window with neither belongs to a made-up process, one for each connection,
+// for as long as the connection lasts.
 #pragma once
 
 #include "foundation/Ids.h"
@@ -17,20 +17,20 @@ namespace haloric {
 
 class X11ProcessIds {
 public:
-    // Made-up ids start here: above every process id that Linux hands out (4,194,304 at most).
+    // Made-up ids start here, above every process id of Linux (4,194,304 at most).
     static constexpr std::int32_t kFirstPseudoId = 0x40000000;
 
-    // Asks the server about the owners of all `windows` at once, without waiting.
+    // Requests the owners of all `windows` in one request, without waiting.
     X11ProcessIds(xcb_connection_t* connection, std::span<const xcb_window_t> windows);
     ~X11ProcessIds();
     X11ProcessIds(const X11ProcessIds&) = delete;
     X11ProcessIds& operator=(const X11ProcessIds&) = delete;
 
-    // Waits for the server's answer, the first time.
-    ProcessID of(xcb_window_t window, std::optional<std::uint32_t> propertyValue);
+    // Blocks on the server the first time.
+    ProcessID of(xcb_window_t window, std::optional<std::uint32_t> propertyId);
 
-    // `resourceMask`: the bits of an X id that its owner chooses; the others tell the connection.
-    static ProcessID choose(std::optional<std::uint32_t> serverTold, std::optional<std::uint32_t> propertyValue,
+    // `resourceMask`: the bits of an X id that its owner chooses; the others identify the connection.
+    static ProcessID choose(std::optional<std::uint32_t> serverId, std::optional<std::uint32_t> propertyId,
                             xcb_window_t window, std::uint32_t resourceMask);
 
 private:

@@ -17,7 +17,7 @@ std::int64_t layerOf(const X11Client& client, bool isActive)
         return X11WindowInfoSource::kDesktopLayer;
     if (client.type == X11WindowType::dock)
         return X11WindowInfoSource::kDockLayer;
-    // People keep a terminal or a video above everything else and work in it like in any other window.
+    // A terminal or a video may be kept above all others and be used like any other window.
     const bool isWorkedIn = isActive && client.isForWork();
     return client.above && !isWorkedIn ? X11WindowInfoSource::kFloatingLayer : X11WindowInfoSource::kOrdinaryLayer;
 }

@@ -1,5 +1,5 @@
-// The window list, from the managed windows. Main thread; takes no round trip, because the table of windows is kept
-// fresh by events. Overlays are no managed windows, so they are never listed.
+// The window list, from the table of managed windows, without a round trip. Overlays are not managed, so they are never
+// listed. Main thread.
 #pragma once
 
 #include "hosts/x11/server/X11Scale.h"
@@ -10,17 +10,17 @@ namespace haloric {
 
 class X11WindowInfoSource final : public WindowInfoSource {
 public:
-    // Layers, as the platform numbers them.
+    // Window layers, with the numbers of macOS.
     static constexpr std::int64_t kOrdinaryLayer = 0;
-    static constexpr std::int64_t kFloatingLayer = 3; // kept above others, and nobody works in it
+    static constexpr std::int64_t kFloatingLayer = 3; // kept above others, and not the active window
     static constexpr std::int64_t kDockLayer = 20;
     static constexpr std::int64_t kDesktopLayer = -1;
 
     // Both outlive it.
     X11WindowInfoSource(const X11ClientTable& clients, const X11Scale& scale) : m_clients(clients), m_scale(scale) {}
 
-    // `includingWindow` gives that one window, on screen or not; otherwise the windows that are seen on the current
-    // desktop.
+    // `includingWindow` returns that one window, on screen or not; otherwise the windows that are visible on the
+    // current desktop.
     std::optional<std::vector<WindowInfo>> copyWindowInfo(WindowListOptions options, WindowNumber relativeTo) override;
 
 private:

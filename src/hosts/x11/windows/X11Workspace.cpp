@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::string_view kForeignScheme = "x-apple";
 
-// As GIO does it by itself, but that the application inherits nothing of how this program deals with signals: it could
-// not be ended by those that are held back here.
+// As g_app_info_launch_default_for_uri, but the application does not inherit this program's blocked signals, which
+// could not end it.
 void openWithHandler(std::string address)
 {
     const std::unique_ptr<char, decltype(&g_free)> scheme(g_uri_parse_scheme(address.c_str()), &g_free);

@@ -1,6 +1,6 @@
 // Applications and desktops, from the managed windows: an application is a process that has some. The frontmost one
-// owns the active window; its activation is told when that is another process than before, or the same one that is no
-// longer hidden. Main thread.
+// owns the active window; an activation is reported when that is another process than before, or the same one that is
+// no longer hidden. Main thread.
 #pragma once
 
 #include "foundation/Publisher.h"
@@ -19,8 +19,8 @@ namespace haloric {
 
 class X11Workspace final : public Workspace {
 public:
-    // Between two windows, many window managers say for an instant that none is active. The one before stays
-    // frontmost that long, unless it is gone.
+    // Between two windows, many window managers report for an instant that none is active. The previous one stays
+    // frontmost that long, unless it has ended.
     static constexpr Seconds kFocusGap{0.05};
 
     // Both outlive it.
@@ -30,8 +30,8 @@ public:
     std::optional<std::string> bundleIdentifier(ProcessID pid) const override;
     Subscription observe(WorkspaceNotification notification, Task handler) override;
 
-    // Opens it with the user's preferred application, on a thread of its own, because starting one may take its
-    // time. Addresses of another platform's settings mean nothing here and are passed over.
+    // Opens it with the user's preferred application, on another thread, because starting one may block. Addresses of
+    // macOS settings have no meaning on Linux and are ignored.
     void openURL(std::string_view url) override;
 
 private:
@@ -43,7 +43,7 @@ private:
 
     X11Clients& m_clients;
     RunLoop& m_runLoop;
-    mutable DesktopEntries m_entries; // caches what it has matched
+    mutable DesktopEntries m_entries; // caches its matches
     std::optional<FrontmostApplication> m_frontmost;
     std::uint32_t m_desktop;
     std::vector<ProcessID> m_processes; // sorted

@@ -74,7 +74,7 @@ TEST_F(X11ApplicationTest, reopening_reaches_the_delegate_after_launch_and_until
     EXPECT_THAT(delegate.events, testing::ElementsAre("launched", "reopened", "reopened", "terminating"));
 }
 
-TEST_F(X11ApplicationTest, it_tells_its_process)
+TEST_F(X11ApplicationTest, it_returns_its_process)
 {
     EXPECT_EQ(application.processID(), static_cast<ProcessID>(getpid()));
     EXPECT_FALSE(application.keyWindow());

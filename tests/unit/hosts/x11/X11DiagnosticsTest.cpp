@@ -23,7 +23,7 @@ X11Diagnostics full()
     return diagnostics;
 }
 
-TEST(X11Diagnostics, a_full_desktop_is_told_line_by_line)
+TEST(X11Diagnostics, a_full_desktop_is_described_line_by_line)
 {
     EXPECT_EQ(full().text(), "Haloric 1.2.3\n"
                              "Display: :7\n"
@@ -40,7 +40,7 @@ TEST(X11Diagnostics, a_full_desktop_is_told_line_by_line)
                              "Input of other programs: heard\n");
 }
 
-TEST(X11Diagnostics, a_bare_desktop_is_told_as_such)
+TEST(X11Diagnostics, a_bare_desktop_is_described_as_such)
 {
     const std::string text = X11Diagnostics().text();
     for (const char* line : {"Window manager: none", "Compositor: none", "Screens: 0", "Overlays: opaque rings",

@@ -6,7 +6,7 @@ namespace {
 
 using X11AccessibilityObserverTest = AccessibilityAdapters;
 
-TEST_P(X11AccessibilityObserverTest, minimising_and_restoring_are_seen_and_told)
+TEST_P(X11AccessibilityObserverTest, minimising_and_restoring_are_seen_and_reported)
 {
     const auto client = session.makeClient();
     const auto other = session.makeClient({.content = {800, 600, 300, 200}});
@@ -25,7 +25,7 @@ TEST_P(X11AccessibilityObserverTest, minimising_and_restoring_are_seen_and_told)
     EXPECT_TRUE(adapters.waitUntil([&] { return adapters.valueOf<bool>(element, "AXMinimized") == false; }));
 }
 
-TEST_P(X11AccessibilityObserverTest, moves_and_resizes_are_told)
+TEST_P(X11AccessibilityObserverTest, moves_and_resizes_are_reported)
 {
     const auto client = session.makeClient();
     focus(*client);
@@ -53,7 +53,7 @@ TEST_P(X11AccessibilityObserverTest, a_focus_change_within_the_application_is_re
     EXPECT_EQ(std::ranges::count(heard, "AXMainWindowChanged"), 0);
 }
 
-TEST_P(X11AccessibilityObserverTest, a_focus_change_before_the_installation_is_told_after_it)
+TEST_P(X11AccessibilityObserverTest, a_focus_change_before_the_installation_is_reported_after_it)
 {
     const auto one = session.makeClient();
     const auto other = session.makeClient({.content = {800, 600, 300, 200}});
@@ -63,7 +63,7 @@ TEST_P(X11AccessibilityObserverTest, a_focus_change_before_the_installation_is_t
     EXPECT_EQ(std::ranges::count(heard, "AXFocusedWindowChanged"), 1);
 }
 
-TEST_P(X11AccessibilityObserverTest, an_observer_that_was_taken_off_at_once_is_not_told_of_an_earlier_focus_change)
+TEST_P(X11AccessibilityObserverTest, an_observer_that_was_taken_off_at_once_receives_no_earlier_focus_change)
 {
     const auto one = session.makeClient();
     const auto other = session.makeClient({.content = {800, 600, 300, 200}});
@@ -73,7 +73,7 @@ TEST_P(X11AccessibilityObserverTest, an_observer_that_was_taken_off_at_once_is_n
     EXPECT_TRUE(heard.empty());
 }
 
-TEST_P(X11AccessibilityObserverTest, windows_that_come_and_go_are_told)
+TEST_P(X11AccessibilityObserverTest, windows_that_come_and_go_are_reported)
 {
     const auto one = session.makeClient();
     focus(*one);
@@ -85,7 +85,7 @@ TEST_P(X11AccessibilityObserverTest, windows_that_come_and_go_are_told)
     EXPECT_TRUE(hears("AXUIElementDestroyed"));
 }
 
-TEST_P(X11AccessibilityObserverTest, an_observer_off_the_run_loop_hears_nothing)
+TEST_P(X11AccessibilityObserverTest, an_observer_off_the_run_loop_receives_nothing)
 {
     const auto client = session.makeClient();
     focus(*client);
@@ -98,7 +98,7 @@ TEST_P(X11AccessibilityObserverTest, an_observer_off_the_run_loop_hears_nothing)
     EXPECT_TRUE(heard.empty());
 }
 
-TEST_P(X11AccessibilityObserverTest, an_observer_of_another_process_hears_nothing)
+TEST_P(X11AccessibilityObserverTest, an_observer_of_another_process_receives_nothing)
 {
     const auto client = session.makeClient();
     focus(*client);

@@ -5,7 +5,7 @@ namespace {
 
 using X11AccessibilityTest = AccessibilityAdapters;
 
-TEST_P(X11AccessibilityTest, the_focused_window_tells_what_it_is)
+TEST_P(X11AccessibilityTest, the_focused_window_has_its_attributes)
 {
     const auto client = session.makeClient();
     const AXElement element = focus(*client);
@@ -29,7 +29,7 @@ TEST_P(X11AccessibilityTest, equal_elements_have_equal_hashes)
     EXPECT_EQ(adapters.accessibility.hash(nullptr), 0U);
 }
 
-TEST_P(X11AccessibilityTest, the_close_button_tells_the_height_of_the_title_bar)
+TEST_P(X11AccessibilityTest, the_height_of_the_title_bar_follows_from_the_close_button)
 {
     const auto client = session.makeClient();
     const AXElement window = focus(*client);
@@ -66,7 +66,7 @@ TEST_P(X11AccessibilityTest, a_window_that_decorates_itself_cannot_tell_its_titl
     }));
 }
 
-TEST_P(X11AccessibilityTest, only_windows_that_people_work_in_have_the_role_of_a_window)
+TEST_P(X11AccessibilityTest, only_ordinary_windows_have_the_role_of_a_window)
 {
     std::vector<std::unique_ptr<TestClient>> made;
     const auto roleOf = [&](const char* type) {

@@ -166,7 +166,7 @@ TEST_F(BrokenLists, without_a_stacking_list_the_plain_one_serves)
                                "AXCloseButton")
                   .error,
               AXError::failure)
-        << "nobody told about its decoration";
+        << "no property has its decoration";
 }
 
 TEST_F(BrokenLists, a_window_of_our_own_connection_keeps_its_events)

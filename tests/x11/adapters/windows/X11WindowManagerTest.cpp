@@ -83,7 +83,7 @@ TEST_F(AnnouncedWindowManager, the_root_cannot_stand_for_one)
     announce(other.root());
     adapters.settle();
     EXPECT_FALSE(adapters.windowManager.isRunning());
-    // The root's events are still heard.
+    // The root's events still arrive.
     const xcb_window_t window = makeWindow();
     other.setValues(window, "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW, {window});
     announce(window);

@@ -41,7 +41,7 @@ TEST_P(X11WorkspaceTest, the_owner_of_the_active_window_is_frontmost)
     EXPECT_FALSE(adapters.workspace.frontmostApplication()->hidden);
 }
 
-TEST_P(X11WorkspaceTest, an_application_switch_is_told_once)
+TEST_P(X11WorkspaceTest, an_application_switch_is_reported_once)
 {
     const auto first = makeClient(kFirst, 100);
     const auto second = makeClient(kSecond, 700);
@@ -86,7 +86,7 @@ TEST_P(X11WorkspaceTest, an_application_ends_with_its_last_window)
     EXPECT_TRUE(adapters.waitUntil([&] { return ends == 1; }));
 }
 
-TEST_P(X11WorkspaceTest, another_desktop_is_told)
+TEST_P(X11WorkspaceTest, another_desktop_is_reported)
 {
     const auto client = makeClient(kFirst, 100);
     ASSERT_TRUE(client->showFocused());

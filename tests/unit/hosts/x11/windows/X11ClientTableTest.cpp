@@ -130,7 +130,7 @@ TEST_F(X11ClientTableTest, sequence_numbers_may_wrap_around)
     EXPECT_TRUE(table.configureFrame(1002, {30, 40, 100, 100}, 5));
 }
 
-TEST_F(X11ClientTableTest, changes_are_told_once)
+TEST_F(X11ClientTableTest, changes_are_reported_once)
 {
     table.configureFrame(1002, {30, 40, 100, 100}, 1);
     table.store(record(4, kShell));
@@ -141,7 +141,7 @@ TEST_F(X11ClientTableTest, changes_are_told_once)
     EXPECT_TRUE(table.takeNotices().empty());
 }
 
-TEST_F(X11ClientTableTest, a_window_that_vanishes_before_it_was_told_is_never_told)
+TEST_F(X11ClientTableTest, a_window_that_vanishes_before_it_was_reported_is_never_reported)
 {
     table.store(record(4, kShell));
     table.remove(4);

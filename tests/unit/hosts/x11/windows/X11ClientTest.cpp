@@ -38,7 +38,7 @@ TEST(X11ClientNotice, a_window_that_is_as_before_gives_none)
     EXPECT_THAT(changesTo(now), UnorderedElementsAre());
 }
 
-TEST(X11ClientNotice, moves_and_resizes_are_told_apart)
+TEST(X11ClientNotice, moves_and_resizes_are_distinguished)
 {
     X11Client moved = client();
     moved.geometry.frame.x += 1;
@@ -56,7 +56,7 @@ TEST(X11ClientNotice, another_title_bar_counts_even_in_a_frame_of_the_same_size)
     EXPECT_THAT(changesTo(now), UnorderedElementsAre(Change::redecorated));
 }
 
-TEST(X11ClientNotice, minimising_and_restoring_are_told)
+TEST(X11ClientNotice, minimising_and_restoring_are_reported)
 {
     X11Client minimised = client();
     minimised.hidden = true;

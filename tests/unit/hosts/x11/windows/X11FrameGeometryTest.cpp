@@ -11,7 +11,7 @@ X11Property extents(std::initializer_list<std::uint32_t> values)
     return {XCB_ATOM_CARDINAL, 32, bytes};
 }
 
-// A frame just as large as the decoration tells.
+// A frame window exactly as large as the decoration.
 X11FrameGeometry snug() { return {{100, 100, 412, 330}, {5, 29, 402, 296}, X11Extents{5, 5, 29, 5}, std::nullopt}; }
 
 TEST(X11FrameGeometry, the_visible_frame_is_the_client_with_its_decoration)

@@ -6,10 +6,10 @@ namespace {
 constexpr std::uint32_t kMask = 0x001FFFFF;
 constexpr xcb_window_t kWindow = 0x00A0000C;
 
-ProcessID choose(std::optional<std::uint32_t> serverTold, std::optional<std::uint32_t> propertyValue,
+ProcessID choose(std::optional<std::uint32_t> serverId, std::optional<std::uint32_t> propertyId,
                  xcb_window_t window = kWindow)
 {
-    return X11ProcessIds::choose(serverTold, propertyValue, window, kMask);
+    return X11ProcessIds::choose(serverId, propertyId, window, kMask);
 }
 
 TEST(X11ProcessIds, what_the_server_knows_comes_before_what_the_window_says)

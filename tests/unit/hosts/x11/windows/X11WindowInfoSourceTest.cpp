@@ -90,7 +90,7 @@ TEST_F(X11WindowInfoSourceTest, an_active_window_that_is_kept_above_is_an_ordina
     EXPECT_EQ(std::get<std::int64_t>(info(2).layer), 0);
 }
 
-TEST_F(X11WindowInfoSourceTest, nobody_works_in_other_types_that_are_kept_above)
+TEST_F(X11WindowInfoSourceTest, other_types_that_are_kept_above_float_even_when_active)
 {
     add(1, [](X11Client& client) {
         client.above = true;

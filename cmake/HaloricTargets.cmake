@@ -54,9 +54,10 @@ function(haloric_library name)
     target_link_libraries(${name} PUBLIC haloric_options ${arg_DEPENDS})
 endfunction()
 
-# What the thread sanitizer is worth building for, and all that tests more than units.
+# What `./test quick` runs, what the thread sanitizer is worth building for, and what is tested as it is shipped.
+add_custom_target(haloric_quick_tests)
 add_custom_target(haloric_thread_tests)
-add_custom_target(haloric_system_tests)
+add_custom_target(haloric_shipped_tests)
 
 # Tests are compiled once for each time that they run, so what counts is the compiler's time, not theirs.
 set(HALORIC_TEST_OPTIONS "$<$<CONFIG:RelWithDebInfo>:-O1;-g1>")
@@ -77,10 +78,12 @@ function(haloric_test name)
     list(JOIN arg_LABELS "-" label)
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 TEST_PREFIX "${name}."
         PROPERTIES LABELS "${label}" TIMEOUT 600)
-    if("threads" IN_LIST arg_LABELS)
-        add_dependencies(haloric_thread_tests ${name})
+    if("unit" IN_LIST arg_LABELS OR "scenario" IN_LIST arg_LABELS)
+        add_dependencies(haloric_quick_tests ${name})
     endif()
-    if(NOT "unit" IN_LIST arg_LABELS)
-        add_dependencies(haloric_system_tests ${name})
-    endif()
+    foreach(kind IN ITEMS thread shipped)
+        if(arg_LABELS MATCHES "${kind}")
+            add_dependencies(haloric_${kind}_tests ${name})
+        endif()
+    endforeach()
 endfunction()

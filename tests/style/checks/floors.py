@@ -1,4 +1,4 @@
-"""Each folder of src/ includes only what stands above it, and only the hosts know a system."""
+"""Each folder of src/ includes only what stands above it, inside each host too, and only the hosts know a system."""
 
 import re
 
@@ -9,6 +9,17 @@ FLOORS = ["foundation", "platform", "drawing", "settings", "windowserver", "trac
 
 # What one host may take from another: the POSIX adapters serve all real ones, the Linux adapters every display server.
 HOSTS_BESIDE = {"linux": {"posix"}, "x11": {"linux", "posix"}, "macos": {"posix"}}
+
+# The floors inside each host: a folder includes only floors before its own, and none beside it. TOP is the host's own
+# folder.
+TOP = ""
+FLOORS_OF_HOSTS = {
+    "linux": [{"loop"}, {"files"}, {"instance"}, {"update"}, {"qt"}, {"form"}, {"shell"}, {TOP}],
+    "x11": [{"server"}, {"windows", "refresh", "input"}, {"overlay"}, {"shell"}, {TOP}],
+    "sim": [{"loop"}, {"desktop"}, {"windows", "refresh", "overlay", "input", "form", "shell"}, {"scenario/session"},
+            {"scenario/checks"}, {"scenario/steps"}, {"scenario"}, {"scenario/random"}, {"program"}, {TOP}],
+    "macos": [{"base"}, {"loop"}, {"windows", "refresh", "input", "overlay"}, {"shell"}, {"form"}, {TOP}],
+}
 
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*(["<])([^">]+)[">]')
 CONDITION = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b(.*)")
@@ -31,6 +42,24 @@ def check_own_include(project, path, line, included):
     elif parts[1] == "hosts" and target[0] == "hosts":
         if target[1] != parts[2] and target[1] not in HOSTS_BESIDE.get(parts[2], set()):
             project.problem(path, f'host {parts[2]} includes "{included}" of another host', line)
+        elif target[1] == parts[2]:
+            check_floor_of_host(project, path, line, included)
+
+
+def check_floor_of_host(project, path, line, included):
+    host = path.parts[2]
+    floors = FLOORS_OF_HOSTS.get(host)
+    if not floors:
+        return
+    own = "/".join(path.parts[3:-1])
+    target = "/".join(included.split("/")[2:-1])
+    height = {folder: number for number, floor in enumerate(floors) for folder in floor}
+    for folder in (own, target):
+        if folder not in height:
+            project.problem(path, f"the folder “{folder}” of host {host} has no floor", line)
+            return
+    if own != target and height[target] >= height[own]:
+        project.problem(path, f'"{included}" does not stand above {own or "the top folder"}', line)
 
 
 def check_foreign_include(project, path, line, included):

@@ -1,21 +1,31 @@
-"""The macOS adapters ask the system for exactly what they should.
+"""The names that the macOS application looks up at run time, and its information dictionary, are spelled right.
 
-Each file of the tables (macos_table.py, macos_interface_table.py, macos_portable_table.py) holds each of its fragments.
-A constant of the system that an adapter uses and the tables do not know is a slip as well, or a new one to be added
-there.
+The compiler checks the declared names and, by static_assert, the numbers. These are strings: only a run could find a
+slip, and most machines that build the application cannot run it.
 """
 
 import plistlib
 import re
 
-from macos_interface_table import INTERFACE_ADAPTERS
-from macos_portable_table import PORTABLE
-import macos_table
 import project as common
 
-ADAPTERS = macos_table.ADAPTERS | INTERFACE_ADAPTERS
-
-FOLDER = "src/hosts/macos/"
+# Wherever these stand in the sources that macOS runs; every other literal of such a shape is a slip, or new.
+SYMBOLS = {
+    # The window server's library and its functions.
+    "/System/Library/PrivateFrameworks/SkyLight.framework/SkyLight",
+    "SLSMainConnectionID", "SLSGetWindowBounds", "SLSRegisterNotifyProc", "SLSRemoveNotifyProc",
+    "SLSRequestNotificationsForWindows", "SLSTransactionCreate", "SLSTransactionMoveWindowWithGroup",
+    "SLSTransactionCommit",
+    # Accessibility: attributes, roles, notifications, and the function that gives an element's window.
+    "AXFocusedWindow", "AXMainWindow", "AXMinimized", "AXPosition", "AXSize", "AXRole", "AXCloseButton", "AXWindow",
+    "AXFocusedWindowChanged", "AXMainWindowChanged", "AXWindowMoved", "AXWindowResized", "AXWindowMiniaturized",
+    "AXWindowDeminiaturized", "AXWindowCreated", "AXUIElementDestroyed", "AXApplicationHidden", "AXApplicationShown",
+    "AXFocusedUIElementChanged", "_AXUIElementGetWindow",
+    # A key of a screen's description, and the update framework.
+    "NSScreenNumber", "Sparkle.framework", "SPUStandardUpdaterController",
+}
+LITERAL = re.compile(r'"((?:SLS|_?AX[A-Z]|SPU[A-Z]|NS[A-Z])\w+|[\w/]*\w\.framework(?:/\w+)?)"')
+OTHER_HOSTS = tuple(f"src/hosts/{host}/" for host in ("linux", "sim", "x11"))
 
 INFORMATION = "packaging/macos/Info.plist.in"
 INFORMATION_VALUES = {
@@ -32,31 +42,6 @@ INFORMATION_VALUES = {
     "NSPrincipalClass": "NSApplication",
 }
 
-# Constants of the system by their names' shape.
-CONSTANT = re.compile(r"\b(?:k(?:AX|CG|CF|CV)\w+|(?:RTLD|DISPATCH|QOS|NSEC)_\w+|NS\w+Notification\b(?!\*)"
-                      r"|NS(?:Window|Event|BackingStore|Alert|Compositing|ModalResponse|AboutPanelOption)\w*?"
-                      r"(?:Mask|Behavior|Buffered|Return|Operation|OK|Option)\w+"
-                      r"|NSRunLoop\w+Modes?|SMAppServiceStatus\w+|UTType[A-Z]\w+)\b")
-# In the adapters' own names, or of no consequence: how the form looks and which keys move it.
-OWN = re.compile(r"kCF\b|NSWindowStyleMask$|NSEventMask$|NSEventModifier\w+|NSBackingStoreType|NSWindow\w+Behavior$"
-                 r"|NSCompositingOperationSourceOver|DISPATCH_SOURCE_\w+|kCFNumber\w+")
-
-
-def normalised(text):
-    text = re.sub(r"//[^\n]*", "", text)
-    return re.sub(r"\s+", " ", text)
-
-
-def squeezed(text):
-    return re.sub(r"\s", "", text)
-
-
-def check_fragments(project, path, fragments):
-    text = squeezed(normalised(project.read(path)))
-    for fragment in fragments:
-        if squeezed(fragment) not in text:
-            project.problem(path, f"does not hold “{fragment}”")
-
 
 def check_information(project):
     text = project.read(INFORMATION).replace("${HALORIC_UPDATE_KEYS}", "")
@@ -66,28 +51,21 @@ def check_information(project):
             project.problem(INFORMATION, f"{key} is {values.get(key)!r}, not {value!r}")
 
 
-def check_names(project, paths):
-    for path in PORTABLE.keys() - paths:
-        project.problem(path, "is in the tables, but not there")
-    for name in ADAPTERS.keys() - {path.rpartition("/")[2] for path in paths if path.startswith(FOLDER)}:
-        project.problem(FOLDER + name, "is in the tables, but not there")
-
-
 def check(project, _):
-    known = squeezed(" ".join(fragment for fragments in ADAPTERS.values() for fragment in fragments))
-    paths = {str(path): path for path in project.cpp_files("src/")}
-    adapters = [path for name, path in paths.items() if name.startswith(FOLDER)]
     if (project.root / INFORMATION).is_file():
         check_information(project)
-    if adapters:
-        check_names(project, paths.keys())
-    for name in PORTABLE.keys() & paths.keys():
-        check_fragments(project, paths[name], PORTABLE[name])
-    for path in adapters:
-        check_fragments(project, path, ADAPTERS.get(path.name, []))
-        for constant in sorted(set(CONSTANT.findall(normalised(project.read(path))))):
-            if constant not in known and not OWN.search(constant):
-                project.problem(path, f"uses {constant}, which the tables do not know")
+    paths = [path for path in project.cpp_files("src/") if not str(path).startswith(OTHER_HOSTS)]
+    used = set()
+    for path in paths:
+        text = project.read(path)
+        for found in LITERAL.finditer(text):
+            used.add(found.group(1))
+            if found.group(1) not in SYMBOLS:
+                project.problem(path, f"{found.group()} is not a name that the check of macOS knows",
+                                text.count("\n", 0, found.start()) + 1)
+    if any(str(path).startswith("src/hosts/macos/") for path in paths):
+        for name in sorted(SYMBOLS - used):
+            project.problem("src", f'"{name}" is used nowhere')
 
 
 if __name__ == "__main__":

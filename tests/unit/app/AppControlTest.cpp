@@ -15,9 +15,7 @@ protected:
         AppControl::restart(bundle, processes, application);
     }
 
-    // In two pieces, because tests that sleep are found by the look of this.
-    const std::string kOpenLater = "sleep"
-                                   " 0.4; /usr/bin/open ";
+    const std::string kOpenLater = "sleep 0.4; /usr/bin/open ";
 
     FakeBundle bundle;
     FakeProcesses processes;

@@ -1,11 +1,20 @@
 #include "hosts/macos/input/MacHotkeys.h"
 
+#include "menubar/HotkeyManager.h"
+
 #import <Carbon/Carbon.h>
 
 #include <utility>
 
 namespace haloric {
 namespace {
+
+static_assert(HotkeyManager::kEventType == HotkeyEventType{kEventClassKeyboard, kEventHotKeyPressed});
+static_assert(HotkeyManager::kHotkey.keyCode == kVK_ANSI_F);
+static_assert(HotkeyManager::kCommandKey == cmdKey);
+static_assert(HotkeyManager::kOptionKey == optionKey);
+static_assert(HotkeyManager::kControlKey == controlKey);
+static_assert(Hotkeys::kNoError == noErr);
 
 OSStatus takeEvent(EventHandlerCallRef, EventRef, void* context)
 {

@@ -5,6 +5,9 @@
 namespace haloric {
 
 static_assert(NSAlertFirstButtonReturn == Alerts::kFirstButton);
+static_assert(NSAlertStyleWarning == static_cast<std::uint64_t>(AlertStyle::warning));
+static_assert(NSAlertStyleInformational == static_cast<std::uint64_t>(AlertStyle::informational));
+static_assert(NSAlertStyleCritical == static_cast<std::uint64_t>(AlertStyle::critical));
 
 std::int64_t MacAlerts::runModal(const AlertModel& model)
 {

@@ -1,18 +1,8 @@
 // Each pairing of window manager and compositor used by the tests: windows are mapped, focused, moved and closed.
-#include "testing/x11/X11Session.h"
-
-#include <ostream>
+#include "testing/x11/Pairing.h"
 
 namespace haloric {
 namespace {
-
-struct Pairing {
-    const char* name;
-    WindowManager windowManager;
-    Compositor compositor;
-};
-
-void PrintTo(const Pairing& pairing, std::ostream* out) { *out << pairing.name; }
 
 class DesktopSmoke : public testing::TestWithParam<Pairing> {
 protected:
@@ -82,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(Pairings, DesktopSmoke,
                                                  Compositor::none},
                                          Pairing{"metacity", WindowManager::metacity, Compositor::none},
                                          Pairing{"metacity_picom", WindowManager::metacity, Compositor::picom}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         nameOf);
 
 TEST(CompositorSmoke, a_translucent_window_is_blended_while_a_compositor_runs)
 {

@@ -13,8 +13,6 @@ std::string nameOfTest()
     return name;
 }
 
-void PrintTo(const Pairing& pairing, std::ostream* out) { *out << pairing.name; }
-
 bool hasBorder(const ScreenImage& image, const ScreenRect& frame, Pixel color)
 {
     const int middleX = frame.x + frame.width / 2;

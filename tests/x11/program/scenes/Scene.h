@@ -3,31 +3,16 @@
 #pragma once
 
 #include "testing/x11/HaloricProcess.h"
-#include "testing/x11/X11Session.h"
+#include "testing/x11/Pairing.h"
 
 #include <memory>
-#include <ostream>
 #include <string>
 
 namespace haloric {
 
-struct Pairing {
-    const char* name;
-    WindowManager windowManager;
-    Compositor compositor;
-
-    bool isComposited() const
-    {
-        return compositor == Compositor::picom || windowManager == WindowManager::xfwm4Compositing;
-    }
-};
-
-void PrintTo(const Pairing& pairing, std::ostream* out);
-
 inline constexpr Pairing kOpenboxPicom{"openbox_picom", WindowManager::openbox, Compositor::picom};
 inline constexpr Pairing kXfwm4{"xfwm4_compositing", WindowManager::xfwm4Compositing, Compositor::none};
 inline constexpr Pairing kOpenbox{"openbox_without_compositor", WindowManager::openbox, Compositor::none};
-inline std::string nameOf(const testing::TestParamInfo<Pairing>& info) { return info.param.name; }
 
 // The default settings; lengths in pixels at scale 1.
 inline constexpr Pixel kAccent = 0x0A85FF;

@@ -14,7 +14,7 @@
 #include "support/FakeUserDefaults.h"
 #include "support/FakeWindowInfoSource.h"
 #include "support/FakeWorkspace.h"
-#include "support/SilentWindowServerLibrary.h"
+#include "support/SilentWindowServerCalls.h"
 #include "tracking/FocusTracker.h"
 
 #include <benchmark/benchmark.h>
@@ -60,7 +60,7 @@ public:
     FakeInputMonitors input;
     FakeApplication application;
     FakeToolkitWindows toolkit;
-    SilentWindowServerLibrary library;
+    SilentWindowServerCalls library;
     FakeProcesses processes;
     FakeLog log;
     FakeUserDefaults defaults;
@@ -92,7 +92,7 @@ void tickAndPassWithMovement(benchmark::State& state)
 {
     Desktop desktop;
     for ([[maybe_unused]] auto iteration : state) {
-        SilentWindowServerLibrary::bounds.x = SilentWindowServerLibrary::bounds.x > 150 ? 100 : 200;
+        desktop.library.bounds.x = desktop.library.bounds.x > 150 ? 100 : 200;
         desktop.links.frame();
     }
 }

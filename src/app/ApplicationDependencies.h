@@ -28,7 +28,7 @@ class ToolkitWindows;
 class UpdaterFramework;
 class UserDefaults;
 class WindowInfoSource;
-class WindowServerLibrary;
+class WindowServerCalls;
 class Workspace;
 
 struct ApplicationDependencies {
@@ -39,7 +39,7 @@ struct ApplicationDependencies {
     Screens& screens;
     Accessibility& accessibility;
     WindowInfoSource& windowInfoSource;
-    WindowServerLibrary& windowServerLibrary;
+    WindowServerCalls& windowServerCalls;
     ToolkitWindows& toolkitWindows;
     InputMonitors& input;
     Application& application;

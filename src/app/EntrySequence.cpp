@@ -9,7 +9,7 @@ namespace haloric {
 EntrySequence::EntrySequence(const ApplicationDependencies& platform)
     : m_application(platform.application),
       m_settingsStore(platform.userDefaults),
-      m_windowServer(platform.windowServerLibrary, platform.processes, platform.runLoop, platform.log),
+      m_windowServer(platform.windowServerCalls, platform.processes, platform.runLoop, platform.log),
       m_windowList(platform.windowInfoSource, platform.screens, platform.workspace, platform.application.processID()),
       m_hotkeyManager(platform.hotkeys),
       m_launchAtLogin(platform.bundle, platform.loginItems),

@@ -1,8 +1,8 @@
-// Leads a C function that is handed no context to the one object that it serves, on any thread and safely while that
-// object goes.
+// Leads a C function without a context argument to the one object that it serves, on any thread, also while that
+// object is destroyed.
 //
-// The object keeps a LiveInstance as its last member. Destroying it makes later calls find nothing, and waits for
-// those that have already found the object; no lock is held during a call.
+// The object keeps a LiveInstance as its last member. Destroying it makes later calls find no object, and waits for
+// calls that have already found it. No lock is held during a call.
 #pragma once
 
 #include <condition_variable>
@@ -30,7 +30,7 @@ public:
     LiveInstance(const LiveInstance&) = delete;
     LiveInstance& operator=(const LiveInstance&) = delete;
 
-    // Calls `work` with the live object, if there is one. Any thread; `work` neither throws nor ends the object.
+    // Calls `work` with the live object, if there is one. Any thread. `work` must neither throw nor destroy the object.
     template <class Work>
     static void use(Work work)
     {

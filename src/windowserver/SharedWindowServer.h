@@ -1,5 +1,5 @@
-// The process's one bridge to the window server, made when somebody first asks for it: a program that follows no
-// window and moves none neither opens the private library nor says anything about it. Main thread.
+// The process's one bridge to the window server, created on first use: a program that follows and moves no window
+// neither opens the private library nor logs anything about it. Main thread.
 #pragma once
 
 #include "windowserver/WindowServer.h"
@@ -11,20 +11,20 @@ namespace haloric {
 class SharedWindowServer {
 public:
     // Makes no call yet. The adapters outlive this object.
-    SharedWindowServer(WindowServerLibrary& library, const Processes& processes, RunLoop& runLoop, Log& log)
-        : m_library(library),
+    SharedWindowServer(WindowServerCalls& calls, const Processes& processes, RunLoop& runLoop, Log& log)
+        : m_calls(calls),
           m_processes(processes),
           m_runLoop(runLoop),
           m_log(log)
     {
     }
 
-    // To be asked only to call the bridge at once, because this makes it. The same bridge every time, for as long as
-    // this object lives.
-    WindowServer& get() { return m_bridge ? *m_bridge : m_bridge.emplace(m_library, m_processes, m_runLoop, m_log); }
+    // Creates the bridge on the first call, so call it only to use the bridge at once. Returns the same bridge for as
+    // long as this object lives.
+    WindowServer& get() { return m_bridge ? *m_bridge : m_bridge.emplace(m_calls, m_processes, m_runLoop, m_log); }
 
 private:
-    WindowServerLibrary& m_library;
+    WindowServerCalls& m_calls;
     const Processes& m_processes;
     RunLoop& m_runLoop;
     Log& m_log;

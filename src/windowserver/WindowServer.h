@@ -1,8 +1,7 @@
 // The program's only way to the window server's private interface: movement notifications of one window, a
-// window's frame, and moves in one transaction. Everything is looked up by name at run time; what is missing or
-// fails is said once in the log, and callers have a fallback.
+// window's frame, and moves in one transaction. Missing entries and failures are logged, and callers have a fallback.
 //
-// Main thread, but for the notification procedure, which the window server calls on a thread of its own.
+// Main thread; notifications arrive on any thread.
 #pragma once
 
 #include "foundation/Geometry.h"
@@ -11,14 +10,12 @@
 #include "platform/Log.h"
 #include "platform/Processes.h"
 #include "platform/RunLoop.h"
-#include "platform/WindowServerLibrary.h"
-#include "windowserver/LiveInstance.h"
+#include "platform/WindowServerCalls.h"
 #include "windowserver/WindowServerChanges.h"
-#include "windowserver/WindowServerEntries.h"
 
 #include <cstdint>
 #include <functional>
-#include <memory>
+#include <initializer_list>
 #include <mutex>
 #include <optional>
 #include <vector>
@@ -30,54 +27,52 @@ public:
     using Changes = WindowServerChanges;
     using ChangeHandler = std::function<void(WindowNumber, Changes)>;
 
-    static constexpr const char* kFrameworkPath = "/System/Library/PrivateFrameworks/SkyLight.framework/SkyLight";
     static constexpr const char* kDisableVariable = "HALORIC_DISABLE_WINDOWSERVER_FAST_PATH";
 
-    // Opens the library, unless the environment forbids it. The adapters outlive the bridge. One bridge exists at a
-    // time, because the notification procedure carries no context.
-    WindowServer(WindowServerLibrary& library, const Processes& processes, RunLoop& runLoop, Log& log);
+    // Loads the calls, unless the environment forbids it. The adapters outlive the bridge.
+    WindowServer(WindowServerCalls& calls, const Processes& processes, RunLoop& runLoop, Log& log);
 
-    // Takes its registrations back and waits for notifications that are under way; later ones are dropped, and so is
-    // a delivery that has been posted.
+    // Removes its registrations and waits for notifications that are under way. Later ones are dropped, and so is a
+    // delivery that has been posted.
     ~WindowServer();
     WindowServer(const WindowServer&) = delete;
     WindowServer& operator=(const WindowServer&) = delete;
 
-    // Watches one window in place of the previous one, or none (WindowNumber::none, empty handler). True when
-    // notifications are in force or were stopped; false when the caller must use its fallback. The handler runs on
-    // the main thread, at most once a turn, with all changes since the last time.
+    // Watches one window in place of the previous one; WindowNumber::none with an empty handler: no window. True if
+    // notifications are in force or were stopped; false if the caller must use its fallback. The handler runs on the
+    // main thread, at most once a turn, with all changes since the last time.
     bool observe(WindowNumber windowID, ChangeHandler onChange);
 
-    // A window's frame in global space (origin top left of the primary display, y downward); absent when the window
-    // is gone, the interface is missing, or the frame is not finite or not larger than one point.
+    // A window's frame in global space (origin top left of the primary display, y downward). No value if the window
+    // is gone, an entry is missing, or the frame is not finite or not larger than one point.
     std::optional<Rect> bounds(WindowNumber windowID) const;
 
-    // Moves a window of this program, so that its top left corner is at `point` (global space), in one transaction.
-    // True when it was committed.
+    // Moves a window of this program in one transaction, its top left corner to `point` (global space). True if the
+    // transaction was committed.
     bool move(WindowNumber windowID, Point point);
 
 private:
-    static void notificationProcedure(std::uint32_t event, const void* data, std::int64_t length, void* context);
-    void receive(std::uint32_t event, WindowNumber windowID); // any thread
+    void receive(WindowServerEvent event, WindowNumber windowID); // any thread
     void deliver(std::uint64_t epoch, WindowNumber windowID);
 
+    bool hasAll(std::initializer_list<WindowServerCalls::Entry> entries) const;
     bool registerEvents();
-    bool requestNotifications(std::int32_t connection, WindowNumber windowID) const;
-    void stopNotifications();                                // a failure counts as one
-    void removeRegistrations();                              // failures do not count
-    bool failNotifications();                                // gives false
-    const char* tryMove(WindowNumber windowID, Point point); // the reason why it failed, or null
+    void stopNotifications();                                // a failure ends the notifications for good
+    void removeRegistrations();                              // failures are ignored
+    bool failNotifications();                                // returns false
+    const char* tryMove(WindowNumber windowID, Point point); // the reason of the failure, or null
 
-    WindowServerLibrary& m_library;
+    WindowServerCalls& m_calls;
     RunLoop& m_runLoop;
     Log& m_log;
 
-    std::unique_ptr<OpenedLibrary> m_framework;
-    WindowServerEntries m_entries;
-    std::vector<std::uint32_t> m_registeredEvents;
+    bool m_canNotify = false;
+    bool m_canGetBounds = false;
+    bool m_canMove = false;
+    std::vector<WindowServerEvent> m_registeredEvents;
     ChangeHandler m_onChange;
 
-    std::mutex m_lock; // guards the next four, and is never held while calling out
+    std::mutex m_lock; // guards the next four; not held during calls to other objects
     WindowNumber m_watchedID = WindowNumber::none;
     std::uint64_t m_epoch = 0;
     Changes m_pending;
@@ -89,7 +84,7 @@ private:
     bool m_notificationsFailed = false;
 
     WeakAnchor<WindowServer> m_anchor{*this};
-    LiveInstance<WindowServer> m_live{*this};
+    Subscription m_loaded; // last, so that no notification arrives while the rest is destroyed
 };
 
 } // namespace haloric

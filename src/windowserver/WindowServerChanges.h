@@ -9,9 +9,9 @@ namespace haloric {
 
 class WindowServerChanges {
 public:
-    static const WindowServerChanges moved;   // event 806
-    static const WindowServerChanges resized; // event 807
-    static const WindowServerChanges other;   // events 804 and 816
+    static const WindowServerChanges moved;
+    static const WindowServerChanges resized;
+    static const WindowServerChanges other; // destroyed or ordered out
 
     constexpr WindowServerChanges() = default;
     constexpr explicit WindowServerChanges(std::uint64_t rawValue) : m_rawValue(rawValue) {}
@@ -42,7 +42,7 @@ public:
     }
 
     constexpr void insert(WindowServerChanges b) { m_rawValue |= b.m_rawValue; }
-    // Inserts; what of `with` was there before, absent when nothing of it was.
+    // Inserts `with` and returns the part of it that was contained before; no value if that is empty.
     constexpr std::optional<WindowServerChanges> update(WindowServerChanges with)
     {
         const WindowServerChanges before = intersection(with);

@@ -1,20 +1,19 @@
-// The eight entry points of the window server's private interface, as C functions. Unless said otherwise they
-// return a 32-bit error code, 0 for success. The field order is the order in which they are looked up.
+// The eight entry points of the window server's private library as C functions. Unless said otherwise they return a
+// 32-bit error code, 0 for success.
 #pragma once
 
 #include <cstdint>
 
 namespace haloric {
 
-class OpenedLibrary;
-
 struct WindowServerEntries {
-    struct CRect { // the layout of the platform's rectangle
+    struct CRect { // the layout of macOS's rectangle
         double x, y, width, height;
     };
     struct CPoint {
         double x, y;
     };
+    // The data begin with the 32-bit number of the window.
     using NotifyProc = void (*)(std::uint32_t event, const void* data, std::int64_t length, void* context);
 
     std::int32_t (*mainConnection)() = nullptr; // the connection ID
@@ -25,13 +24,6 @@ struct WindowServerEntries {
     void* (*create)(std::int32_t connection) = nullptr; // a transaction, or null; the caller releases it
     std::int32_t (*move)(void* transaction, std::uint32_t window, CPoint origin) = nullptr;
     std::int32_t (*commit)(void* transaction, std::int32_t zero) = nullptr;
-
-    // Looks all eight up by their names; what the library lacks stays null.
-    static WindowServerEntries find(const OpenedLibrary& library);
-
-    bool canNotify() const { return mainConnection && registerProc && removeProc && request; }
-    bool canGetBounds() const { return mainConnection && getBounds; }
-    bool canMove() const { return mainConnection && create && move && commit; }
 };
 
 } // namespace haloric

@@ -26,7 +26,7 @@ class SerialQueues;
 class ToolkitWindows;
 class UserDefaults;
 class WindowInfoSource;
-class WindowServerLibrary;
+class WindowServerCalls;
 class Workspace;
 
 // A window of another application, as the adapters are expected to know it.
@@ -45,7 +45,7 @@ public:
     virtual Workspace& workspace() = 0;
     virtual Accessibility& accessibility() = 0;
     virtual WindowInfoSource& windowInfoSource() = 0;
-    virtual WindowServerLibrary& windowServerLibrary() = 0;
+    virtual WindowServerCalls& windowServerCalls() = 0;
     virtual ToolkitWindows& toolkitWindows() = 0;
     virtual InputMonitors& input() = 0;
     virtual DisplayLinks& displayLinks() = 0;

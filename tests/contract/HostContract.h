@@ -8,7 +8,6 @@
 #include "platform/SerialQueue.h"
 #include "platform/ToolkitWindow.h"
 #include "platform/WindowInfoSource.h"
-#include "windowserver/WindowServerEntries.h"
 
 #include <gtest/gtest.h>
 

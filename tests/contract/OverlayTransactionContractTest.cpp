@@ -1,7 +1,6 @@
 // Overlays that are moved through the window server, past the toolkit.
 #include "contract/OverlayContract.h"
-#include "platform/WindowServerLibrary.h"
-#include "windowserver/WindowServer.h"
+#include "platform/WindowServerCalls.h"
 
 namespace haloric {
 namespace {
@@ -10,32 +9,24 @@ class OverlayTransactionContract : public OverlayContract {
 protected:
     void SetUp() override
     {
-        m_library = host->windowServerLibrary().open(WindowServer::kFrameworkPath, WindowServerLibrary::kLazy);
-        ASSERT_TRUE(m_library);
-        m_entries = WindowServerEntries::find(*m_library);
-        ASSERT_TRUE(m_entries.canMove() && m_entries.canGetBounds());
+        using Entry = WindowServerCalls::Entry;
+        for (const Entry entry : {Entry::mainConnection, Entry::getBounds, Entry::create, Entry::move, Entry::commit})
+            ASSERT_TRUE(m_calls.has(entry)) << WindowServerCalls::symbol(entry);
     }
 
-    void carry(WindowNumber number, WindowServerEntries::CPoint topLeft)
+    void carry(WindowNumber number, Point topLeft)
     {
-        void* transaction = m_entries.create(m_entries.mainConnection());
+        const auto transaction = m_calls.create(m_calls.mainConnection());
         ASSERT_TRUE(transaction);
-        m_entries.move(transaction, static_cast<std::uint32_t>(number), topLeft);
-        m_entries.commit(transaction, 0);
-        host->windowServerLibrary().release(transaction);
+        transaction->move(number, topLeft);
+        transaction->commit();
     }
 
-    std::optional<Rect> bounds(WindowNumber number)
-    {
-        WindowServerEntries::CRect rect{};
-        if (m_entries.getBounds(m_entries.mainConnection(), static_cast<std::uint32_t>(number), &rect) != 0)
-            return std::nullopt;
-        return Rect{rect.x, rect.y, rect.width, rect.height};
-    }
+    std::optional<Rect> bounds(WindowNumber number) { return m_calls.getBounds(m_calls.mainConnection(), number); }
 
 private:
-    std::unique_ptr<OpenedLibrary> m_library;
-    WindowServerEntries m_entries;
+    WindowServerCalls& m_calls = host->windowServerCalls();
+    Subscription m_loaded = m_calls.load([](WindowServerEvent, WindowNumber) {});
 };
 
 TEST_P(OverlayTransactionContract, a_transaction_moves_an_overlay_past_the_toolkit)
@@ -45,7 +36,7 @@ TEST_P(OverlayTransactionContract, a_transaction_moves_an_overlay_past_the_toolk
 
     const Rect expected{300, 210, kOverlay.width, kOverlay.height};
     EXPECT_TRUE(host->waitUntil([&] { return bounds(numberOf(*window)) == expected; }));
-    EXPECT_EQ(window->frame(), kOverlay) << "the toolkit was not asked";
+    EXPECT_EQ(window->frame(), kOverlay) << "the toolkit made no move";
 }
 
 TEST_P(OverlayTransactionContract, the_toolkit_puts_an_overlay_back_after_a_transaction)

@@ -10,7 +10,7 @@
 #include "hosts/sim/shell/SimUserDefaults.h"
 #include "hosts/sim/windows/SimAccessibility.h"
 #include "hosts/sim/windows/SimWindowInfoSource.h"
-#include "hosts/sim/windows/SimWindowServerLibrary.h"
+#include "hosts/sim/windows/SimWindowServerCalls.h"
 #include "hosts/sim/windows/SimWorkspace.h"
 
 namespace haloric {
@@ -33,7 +33,7 @@ public:
     Workspace& workspace() override { return m_workspace; }
     Accessibility& accessibility() override { return m_accessibility; }
     WindowInfoSource& windowInfoSource() override { return m_windowInfoSource; }
-    WindowServerLibrary& windowServerLibrary() override { return m_windowServerLibrary; }
+    WindowServerCalls& windowServerCalls() override { return m_windowServerCalls; }
     ToolkitWindows& toolkitWindows() override { return m_toolkitWindows; }
     InputMonitors& input() override { return m_input; }
     DisplayLinks& displayLinks() override { return m_displayLinks; }
@@ -121,7 +121,7 @@ private:
     SimWorkspace m_workspace{m_desktop};
     SimAccessibility m_accessibility{m_desktop, m_serialQueues};
     SimWindowInfoSource m_windowInfoSource{m_desktop};
-    SimWindowServerLibrary m_windowServerLibrary{m_desktop};
+    SimWindowServerCalls m_windowServerCalls{m_desktop};
     SimToolkitWindows m_toolkitWindows{m_desktop};
     SimInputMonitors m_input{m_desktop};
     SimDisplayLinks m_displayLinks{m_desktop};

@@ -1,100 +1,65 @@
-// The eight private entries, called as the program calls them.
+// The calls to the window server, made as the program makes them.
 #include "contract/HostContract.h"
-#include "platform/WindowServerLibrary.h"
-#include "windowserver/WindowServer.h"
+#include "platform/WindowServerCalls.h"
 
 #include <algorithm>
-#include <cstring>
 #include <mutex>
+#include <utility>
 
 namespace haloric {
 namespace {
 
-// What the notification procedure has received; the procedure carries no context.
-struct Received {
-    std::uint32_t event;
-    WindowNumber window;
-};
-std::mutex receivedLock;
-std::vector<Received> received;
-
-void receive(std::uint32_t event, const void* data, std::int64_t length, void* /*context*/)
-{
-    std::uint32_t window = 0;
-    if (data && length >= 4)
-        std::memcpy(&window, data, sizeof window);
-    const std::lock_guard guard(receivedLock);
-    received.push_back({event, static_cast<WindowNumber>(window)});
-}
-
-constexpr std::uint32_t kEvents[] = {804, 806, 807, 816};
+using Event = WindowServerEvent;
 
 class WindowServerContract : public HostContract {
 protected:
-    WindowServerContract()
-    {
-        library = host->windowServerLibrary().open(WindowServer::kFrameworkPath,
-                                                   WindowServerLibrary::kLazy | WindowServerLibrary::kLocal);
-        if (library)
-            entries = WindowServerEntries::find(*library);
-        const std::lock_guard guard(receivedLock);
-        received.clear();
-    }
-
     void SetUp() override
     {
-        ASSERT_TRUE(entries.canNotify());
-        ASSERT_TRUE(entries.canGetBounds());
-        ASSERT_TRUE(entries.canMove());
+        for (std::size_t entry = 0; entry < WindowServerCalls::kSymbols.size(); ++entry)
+            ASSERT_TRUE(calls.has(static_cast<WindowServerCalls::Entry>(entry))) << WindowServerCalls::kSymbols[entry];
     }
 
     void TearDown() override { stopWatching(); }
 
     void watch(const ContractWindow& window)
     {
-        for (const std::uint32_t event : kEvents)
-            ASSERT_EQ(entries.registerProc(&receive, event, nullptr), 0);
+        for (const Event event : kWindowServerEvents)
+            ASSERT_TRUE(calls.registerProc(event));
         m_watching = true;
-        const auto number = static_cast<std::uint32_t>(window.number);
-        ASSERT_EQ(entries.request(entries.mainConnection(), &number, 1), 0);
+        ASSERT_TRUE(calls.request(calls.mainConnection(), window.number));
     }
 
     void stopWatching()
     {
         if (!std::exchange(m_watching, false))
             return;
-        EXPECT_EQ(entries.request(entries.mainConnection(), nullptr, 0), 0);
-        for (const std::uint32_t event : kEvents)
-            EXPECT_EQ(entries.removeProc(&receive, event, nullptr), 0);
+        EXPECT_TRUE(calls.request(calls.mainConnection(), WindowNumber::none));
+        for (const Event event : kWindowServerEvents)
+            EXPECT_TRUE(calls.removeProc(event));
     }
 
-    std::optional<Rect> bounds(WindowNumber number)
+    std::optional<Rect> bounds(WindowNumber number) { return calls.getBounds(calls.mainConnection(), number); }
+
+    std::ptrdiff_t countOf(std::initializer_list<Event> events, WindowNumber window)
     {
-        WindowServerEntries::CRect rect{};
-        if (entries.getBounds(entries.mainConnection(), static_cast<std::uint32_t>(number), &rect) != 0)
-            return std::nullopt;
-        return Rect{rect.x, rect.y, rect.width, rect.height};
+        const std::lock_guard guard(m_lock);
+        return std::ranges::count_if(m_received, [&](const auto& notification) {
+            return notification.second == window && std::ranges::count(events, notification.first) > 0;
+        });
     }
 
-    static std::size_t countOf(std::initializer_list<std::uint32_t> events, WindowNumber window)
-    {
-        const std::lock_guard guard(receivedLock);
-        return static_cast<std::size_t>(std::ranges::count_if(received, [&](const Received& notification) {
-            return notification.window == window && std::ranges::count(events, notification.event) > 0;
-        }));
-    }
-
-    std::unique_ptr<OpenedLibrary> library;
-    WindowServerEntries entries;
+    WindowServerCalls& calls = host->windowServerCalls();
 
 private:
-    bool m_watching = false;
-};
+    std::mutex m_lock; // guards the next one: the host may notify on a thread of its own
+    std::vector<std::pair<Event, WindowNumber>> m_received;
 
-TEST_P(WindowServerContract, an_unknown_symbol_is_not_found)
-{
-    EXPECT_EQ(library->find("SLSNothingOfTheKind"), nullptr);
-}
+    bool m_watching = false;
+    Subscription m_loaded = calls.load([this](Event event, WindowNumber window) {
+        const std::lock_guard guard(m_lock);
+        m_received.emplace_back(event, window);
+    });
+};
 
 TEST_P(WindowServerContract, bounds_are_those_of_the_visible_frame)
 {
@@ -108,12 +73,12 @@ TEST_P(WindowServerContract, bounds_are_those_of_the_visible_frame)
     }));
 }
 
-TEST_P(WindowServerContract, an_unknown_window_gives_an_error)
+TEST_P(WindowServerContract, an_unknown_window_has_no_bounds)
 {
     EXPECT_EQ(bounds(WindowNumber{0x1ffffff0}), std::nullopt);
 }
 
-TEST_P(WindowServerContract, a_closed_window_gives_an_error)
+TEST_P(WindowServerContract, a_closed_window_has_no_bounds)
 {
     const ContractWindow window = host->openWindow(kFrame);
     EXPECT_TRUE(host->waitUntil([&] { return bounds(window.number).has_value(); }));
@@ -128,7 +93,7 @@ TEST_P(WindowServerContract, the_watched_window_sends_806_when_it_moves)
     watch(window);
 
     host->move(window, {260, 180});
-    EXPECT_TRUE(host->waitUntil([&] { return countOf({806}, window.number) > 0; }));
+    EXPECT_TRUE(host->waitUntil([&] { return countOf({Event::moved}, window.number) > 0; }));
 }
 
 TEST_P(WindowServerContract, the_watched_window_sends_807_when_it_is_resized)
@@ -137,7 +102,7 @@ TEST_P(WindowServerContract, the_watched_window_sends_807_when_it_is_resized)
     watch(window);
 
     host->resize(window, {500, 360});
-    EXPECT_TRUE(host->waitUntil([&] { return countOf({807}, window.number) > 0; }));
+    EXPECT_TRUE(host->waitUntil([&] { return countOf({Event::resized}, window.number) > 0; }));
 }
 
 TEST_P(WindowServerContract, the_watched_window_sends_804_or_816_when_it_goes)
@@ -145,13 +110,13 @@ TEST_P(WindowServerContract, the_watched_window_sends_804_or_816_when_it_goes)
     const ContractWindow closed = host->openWindow(kFrame);
     watch(closed);
     host->close(closed);
-    EXPECT_TRUE(host->waitUntil([&] { return countOf({804, 816}, closed.number) > 0; }));
+    EXPECT_TRUE(host->waitUntil([&] { return countOf({Event::destroyed, Event::orderedOut}, closed.number) > 0; }));
     stopWatching();
 
     const ContractWindow minimised = host->openWindow(kFrame);
     watch(minimised);
     host->minimise(minimised);
-    EXPECT_TRUE(host->waitUntil([&] { return countOf({804, 816}, minimised.number) > 0; }));
+    EXPECT_TRUE(host->waitUntil([&] { return countOf({Event::destroyed, Event::orderedOut}, minimised.number) > 0; }));
 }
 
 TEST_P(WindowServerContract, a_window_that_is_not_watched_sends_nothing)
@@ -163,7 +128,7 @@ TEST_P(WindowServerContract, a_window_that_is_not_watched_sends_nothing)
     host->move(second, {300, 220});
     EXPECT_TRUE(host->waitUntil([&] { return host->frameOf(second)->origin() == Point(300, 220); }));
     host->turnFor(Seconds(0.1));
-    EXPECT_EQ(countOf({804, 806, 807, 816}, second.number), 0u);
+    EXPECT_EQ(countOf({Event::destroyed, Event::moved, Event::resized, Event::orderedOut}, second.number), 0);
 }
 
 TEST_P(WindowServerContract, nothing_is_sent_once_watching_has_stopped)
@@ -175,7 +140,7 @@ TEST_P(WindowServerContract, nothing_is_sent_once_watching_has_stopped)
     host->move(window, {260, 180});
     EXPECT_TRUE(host->waitUntil([&] { return host->frameOf(window)->origin() == Point(260, 180); }));
     host->turnFor(Seconds(0.1));
-    EXPECT_EQ(countOf({804, 806, 807, 816}, window.number), 0u);
+    EXPECT_EQ(countOf({Event::destroyed, Event::moved, Event::resized, Event::orderedOut}, window.number), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Hosts, WindowServerContract, testing::ValuesIn(contractHosts()), contractHostName);

@@ -30,7 +30,7 @@ public:
     Workspace& workspace() override { return m_desktop.workspace; }
     Accessibility& accessibility() override { return m_desktop.accessibility; }
     WindowInfoSource& windowInfoSource() override { return m_desktop.windowInfoSource; }
-    WindowServerLibrary& windowServerLibrary() override { return m_desktop.windowServerLibrary; }
+    WindowServerCalls& windowServerCalls() override { return m_desktop.windowServerCalls; }
     ToolkitWindows& toolkitWindows() override { return m_desktop.toolkitWindows; }
     InputMonitors& input() override { return m_desktop.input; }
     DisplayLinks& displayLinks() override { return m_desktop.displayLinks; }

@@ -24,6 +24,7 @@
 #include "hosts/macos/windows/MacWindowInfoSource.h"
 #include "hosts/macos/windows/MacWorkspace.h"
 #include "hosts/posix/PosixLibrary.h"
+#include "windowserver/LoadedWindowServerCalls.h"
 
 #import <CoreFoundation/CoreFoundation.h>
 
@@ -40,6 +41,7 @@ int main()
         MacAccessibility accessibility;
         MacWindowInfoSource windowInfoSource;
         PosixLibrary windowServerLibrary(CFRelease); // transactions are Core Foundation objects
+        LoadedWindowServerCalls windowServerCalls(windowServerLibrary);
         MacToolkitWindows toolkitWindows;
         MacInputMonitors input;
         MacAlerts alerts;
@@ -62,7 +64,7 @@ int main()
                              .screens = screens,
                              .accessibility = accessibility,
                              .windowInfoSource = windowInfoSource,
-                             .windowServerLibrary = windowServerLibrary,
+                             .windowServerCalls = windowServerCalls,
                              .toolkitWindows = toolkitWindows,
                              .input = input,
                              .application = application,

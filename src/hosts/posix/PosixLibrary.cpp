@@ -20,7 +20,7 @@ private:
     void* m_handle;
 };
 
-// The same bits mean different things to different loaders.
+// The bits of macOS mean other things to other loaders.
 int loaderMode(int mode)
 {
     return ((mode & WindowServerLibrary::kLazy) ? RTLD_LAZY : RTLD_NOW) |

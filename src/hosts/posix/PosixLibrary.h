@@ -11,7 +11,7 @@ class PosixLibrary final : public WindowServerLibrary {
 public:
     using ReleaseTransaction = std::function<void(void*)>;
 
-    // How a transaction is given back is a matter of the host: the loader does not know what an entry returns.
+    // The loader does not know what a function returns, so the host says how a transaction is released.
     explicit PosixLibrary(ReleaseTransaction releaseTransaction);
 
     std::unique_ptr<OpenedLibrary> open(const char* path, int mode) override;

@@ -9,7 +9,7 @@ X11Desktop::X11Desktop(X11Connection& connection, const char* display, LinuxRunL
       workspace(clients, runLoop),
       accessibility(runLoop, clients, windowManager, scale),
       windowInfoSource(clients.table(), scale),
-      windowServerLibrary(connection, display, clients, scale),
+      windowServerCalls(connection, display, clients, scale),
       catalog(clients.table(), workspace),
       compositor(connection),
       toolkitWindows(connection, runLoop, compositor, scale, clients.table(), log),

@@ -38,7 +38,7 @@
 #include "hosts/x11/windows/X11Clients.h"
 #include "hosts/x11/windows/X11WindowInfoSource.h"
 #include "hosts/x11/windows/X11WindowManager.h"
-#include "hosts/x11/windows/X11WindowServerLibrary.h"
+#include "hosts/x11/windows/X11WindowServerCalls.h"
 #include "hosts/x11/windows/X11Workspace.h"
 
 namespace haloric {
@@ -57,7 +57,7 @@ struct X11Desktop {
     X11Workspace workspace;
     X11Accessibility accessibility;
     X11WindowInfoSource windowInfoSource;
-    X11WindowServerLibrary windowServerLibrary;
+    X11WindowServerCalls windowServerCalls;
     X11ApplicationCatalog catalog;
 
     // What is drawn, and when.

@@ -143,7 +143,7 @@ int runX11Program(const InstanceStart& start)
                          .screens = desktop.screens,
                          .accessibility = desktop.accessibility,
                          .windowInfoSource = desktop.windowInfoSource,
-                         .windowServerLibrary = desktop.windowServerLibrary,
+                         .windowServerCalls = desktop.windowServerCalls,
                          .toolkitWindows = desktop.toolkitWindows,
                          .input = desktop.input,
                          .application = application,

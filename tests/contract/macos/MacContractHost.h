@@ -18,6 +18,7 @@
 #include "hosts/macos/windows/MacWindowInfoSource.h"
 #include "hosts/macos/windows/MacWorkspace.h"
 #include "hosts/posix/PosixLibrary.h"
+#include "windowserver/LoadedWindowServerCalls.h"
 
 #include <map>
 
@@ -36,7 +37,7 @@ public:
     Workspace& workspace() override { return m_workspace; }
     Accessibility& accessibility() override { return m_accessibility; }
     WindowInfoSource& windowInfoSource() override { return m_windowInfoSource; }
-    WindowServerLibrary& windowServerLibrary() override { return m_windowServerLibrary; }
+    WindowServerCalls& windowServerCalls() override { return m_windowServerCalls; }
     ToolkitWindows& toolkitWindows() override { return m_toolkitWindows; }
     InputMonitors& input() override { return m_input; }
     DisplayLinks& displayLinks() override { return m_displayLinks; }
@@ -75,6 +76,7 @@ private:
     MacAccessibility m_accessibility;
     MacWindowInfoSource m_windowInfoSource;
     PosixLibrary m_windowServerLibrary{CFRelease};
+    LoadedWindowServerCalls m_windowServerCalls{m_windowServerLibrary};
     MacToolkitWindows m_toolkitWindows;
     MacInputMonitors m_input;
     MacBundle m_bundle;

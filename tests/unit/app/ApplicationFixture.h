@@ -24,7 +24,7 @@
 #include "support/FakeUpdaterFramework.h"
 #include "support/FakeUserDefaults.h"
 #include "support/FakeWindowInfoSource.h"
-#include "support/FakeWindowServerLibrary.h"
+#include "support/FakeWindowServerCalls.h"
 #include "support/FakeWorkspace.h"
 
 #include <gtest/gtest.h>
@@ -74,7 +74,7 @@ protected:
                 .screens = screens,
                 .accessibility = accessibility,
                 .windowInfoSource = windowInfo,
-                .windowServerLibrary = library,
+                .windowServerCalls = library,
                 .toolkitWindows = toolkit,
                 .input = input,
                 .application = application,
@@ -99,7 +99,7 @@ protected:
     FakeScreens screens{{kPrimary}};
     FakeAccessibility accessibility;
     FakeWindowInfoSource windowInfo;
-    FakeWindowServerLibrary library;
+    FakeWindowServerCalls library;
     FakeToolkitWindows toolkit;
     FakeInputMonitors input;
     FakeApplication application;

@@ -10,7 +10,7 @@ class EntrySequenceTest : public ApplicationFixture {
 protected:
     std::ptrdiff_t libraryOpenings() const
     {
-        return std::ranges::count_if(library.calls, [](const auto& call) { return call.starts_with("open("); });
+        return std::ranges::count_if(library.calls, [](const auto& call) { return call == "load()"; });
     }
 };
 
@@ -42,7 +42,7 @@ TEST_F(EntrySequenceTest, makes_one_bridge_for_everybody_and_that_at_its_first_u
     EXPECT_EQ(libraryOpenings(), 1);
 
     library.bounds[kWindow].x += 10;
-    library.notify(806, kWindow);
+    library.notify(WindowServerEvent::moved, kWindow);
     runLoop.runFor(Seconds(1));
     EXPECT_EQ(library.createdTransactions(), 1U) << "the highlight has followed through the bridge";
     EXPECT_EQ(libraryOpenings(), 1);

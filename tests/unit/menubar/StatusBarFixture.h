@@ -24,7 +24,7 @@
 #include "support/FakeUpdaterFramework.h"
 #include "support/FakeUserDefaults.h"
 #include "support/FakeWindowInfoSource.h"
-#include "support/FakeWindowServerLibrary.h"
+#include "support/FakeWindowServerCalls.h"
 #include "support/FakeWorkspace.h"
 #include "tracking/FocusTracker.h"
 #include "windowserver/SharedWindowServer.h"
@@ -84,7 +84,7 @@ protected:
     FakeScreens screens{{Screen{{0, 0, 1000, 800}, DisplayID{1}}}};
     FakeAccessibility accessibility;
     FakeWindowInfoSource windowInfo;
-    FakeWindowServerLibrary library;
+    FakeWindowServerCalls library;
     FakeInputMonitors input;
     FakeApplication application;
     FakeAlerts alerts;

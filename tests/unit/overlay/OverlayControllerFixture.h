@@ -11,7 +11,7 @@
 #include "support/FakeToolkitWindows.h"
 #include "support/FakeUserDefaults.h"
 #include "support/FakeWindowInfoSource.h"
-#include "support/FakeWindowServerLibrary.h"
+#include "support/FakeWindowServerCalls.h"
 #include "support/FakeWorkspace.h"
 
 #include <gtest/gtest.h>
@@ -78,7 +78,7 @@ protected:
     FakeScreens screens{{kPrimary, kSecondary}};
     FakeToolkitWindows toolkit;
     FakeInputMonitors input;
-    FakeWindowServerLibrary library;
+    FakeWindowServerCalls library;
     FakeProcesses processes;
     FakeLog log;
     FakeWindowInfoSource windowInfo;

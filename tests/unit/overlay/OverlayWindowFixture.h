@@ -8,7 +8,7 @@
 #include "support/FakeProcesses.h"
 #include "support/FakeScreens.h"
 #include "support/FakeToolkitWindows.h"
-#include "support/FakeWindowServerLibrary.h"
+#include "support/FakeWindowServerCalls.h"
 
 #include <gtest/gtest.h>
 
@@ -63,7 +63,7 @@ protected:
     SimRunLoop runLoop;
     FakeScreens screens{{kPrimary, kSecondary}};
     FakeToolkitWindows toolkit;
-    FakeWindowServerLibrary library;
+    FakeWindowServerCalls library;
     FakeProcesses processes;
     FakeLog log;
     SharedWindowServer windowServer{library, processes, runLoop, log};

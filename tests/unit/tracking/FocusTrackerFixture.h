@@ -77,7 +77,7 @@ protected:
     std::size_t queryCount() const { return accessibility.count("AXFocusedWindow"); }
     FakeAccessibility::Observer& observer(std::size_t index) { return *accessibility.observers.at(index); }
     void notify(std::string_view name) { accessibility.notify(accessibility.observers.back(), name); }
-    void notifyWindowServer(std::uint32_t event, WindowNumber number = kWindow)
+    void notifyWindowServer(WindowServerEvent event, WindowNumber number = kWindow)
     {
         library.notify(event, number);
         run();

@@ -9,7 +9,7 @@
 #include "support/FakeProcesses.h"
 #include "support/FakeScreens.h"
 #include "support/FakeWindowInfoSource.h"
-#include "support/FakeWindowServerLibrary.h"
+#include "support/FakeWindowServerCalls.h"
 #include "support/FakeWorkspace.h"
 #include "support/JoiningThread.h"
 #include "support/PostingRunLoop.h"
@@ -65,7 +65,7 @@ protected:
     FakeWindowInfoSource windowInfo;
     FakeInputMonitors input;
     FakeApplication application;
-    FakeWindowServerLibrary library;
+    FakeWindowServerCalls library;
     FakeProcesses processes;
     FakeLog log;
     SharedWindowServer windowServer{library, processes, loop, log};

@@ -1,6 +1,6 @@
 // A display frame in which nothing changes must not allocate.
 #include "support/AllocationCounter.h"
-#include "support/SilentWindowServerLibrary.h"
+#include "support/SilentWindowServerCalls.h"
 #include "unit/tracking/FocusTrackerFixture.h"
 
 namespace haloric {
@@ -16,7 +16,7 @@ protected:
         return allocationCount() - before;
     }
 
-    SilentWindowServerLibrary silent;
+    SilentWindowServerCalls silent;
 };
 
 TEST_F(TickAllocation, an_allocation_would_be_counted)
@@ -41,7 +41,7 @@ TEST_F(TickAllocation, a_frame_in_which_the_window_rests_allocates_nothing)
 
     int changes = 0;
     tracker->onChange = [&](const FocusState&) { ++changes; };
-    SilentWindowServerLibrary::bounds.x += 1;
+    silent.bounds.x += 1;
     EXPECT_EQ(allocationsOfFrames(), 0U) << "nor does the tracker for a window that moves on its screen";
     EXPECT_EQ(changes, 1);
 }

@@ -12,7 +12,7 @@
 #include "support/FakeProcesses.h"
 #include "support/FakeScreens.h"
 #include "support/FakeWindowInfoSource.h"
-#include "support/FakeWindowServerLibrary.h"
+#include "support/FakeWindowServerCalls.h"
 #include "support/FakeWorkspace.h"
 
 #include <memory>
@@ -119,7 +119,7 @@ struct TrackedDesktop {
     FakeWindowInfoSource windowInfo;
     FakeInputMonitors input;
     FakeApplication application;
-    FakeWindowServerLibrary library;
+    FakeWindowServerCalls library;
     FakeProcesses processes;
     FakeLog log;
     FakeAXElementRef editorWindow;

@@ -10,17 +10,17 @@ protected:
     SharedWindowServer shared{library, processes, loop, log};
 };
 
-TEST_F(SharedWindowServerTest, nothing_is_opened_and_nothing_said_before_the_first_use)
+TEST_F(SharedWindowServerTest, nothing_is_loaded_and_nothing_logged_before_the_first_use)
 {
     library.canBeOpened = false;
     EXPECT_TRUE(library.calls.empty());
     EXPECT_TRUE(log.lines.empty());
     shared.get();
-    EXPECT_EQ(library.calls.size(), 1U);
+    EXPECT_EQ(library.calls, Calls{"load()"});
     EXPECT_EQ(log.lines, Lines{kUnavailableLine});
 }
 
-TEST_F(SharedWindowServerTest, everybody_gets_the_same_bridge)
+TEST_F(SharedWindowServerTest, every_call_returns_the_same_bridge)
 {
     WindowServer* const first = &shared.get();
     library.forgetCalls();

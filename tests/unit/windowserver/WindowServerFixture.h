@@ -1,10 +1,10 @@
-// A bridge over a noted library, with its main loop in the test's hands.
+// A bridge over a fake server that notes its calls. The test runs the main loop.
 #pragma once
 
 #include "hosts/sim/loop/SimRunLoop.h"
 #include "support/FakeLog.h"
 #include "support/FakeProcesses.h"
-#include "support/FakeWindowServerLibrary.h"
+#include "support/FakeWindowServerCalls.h"
 #include "windowserver/WindowServer.h"
 
 #include <memory>
@@ -17,6 +17,7 @@ namespace haloric {
 class WindowServerFixture : public testing::Test {
 protected:
     using Calls = std::vector<std::string>;
+    using Event = WindowServerEvent;
     using Lines = std::vector<std::string>;
     using Delivery = std::pair<WindowNumber, WindowServer::Changes>;
 
@@ -42,7 +43,7 @@ protected:
         });
     }
 
-    // What the entries are asked from here on.
+    // The calls of entries during `work`.
     Calls callsDuring(const std::function<void()>& work)
     {
         bridge();
@@ -54,7 +55,7 @@ protected:
     static constexpr WindowNumber kWindow{42};
     static constexpr WindowNumber kOtherWindow{43};
 
-    FakeWindowServerLibrary library;
+    FakeWindowServerCalls library;
     FakeProcesses processes;
     FakeLog log;
     SimRunLoop loop;

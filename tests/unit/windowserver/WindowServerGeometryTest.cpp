@@ -83,7 +83,7 @@ TEST_F(WindowServerGeometryTest, a_move_is_one_transaction_that_is_released_afte
     EXPECT_TRUE(bridge().move(kWindow, {10.5, -20}));
     EXPECT_EQ(library.entryCalls(), (Calls{"SLSMainConnectionID()", "SLSTransactionCreate(77)",
                                            "SLSTransactionMoveWindowWithGroup(tx1, 42, 10.5, -20)",
-                                           "SLSTransactionCommit(tx1, 0)", "release(tx1)"}));
+                                           "SLSTransactionCommit(tx1)", "release(tx1)"}));
     EXPECT_EQ(bridge().bounds(kWindow), (Rect{10.5, -20, 100, 100}));
     EXPECT_TRUE(log.lines.empty());
 }

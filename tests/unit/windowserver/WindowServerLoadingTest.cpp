@@ -7,14 +7,10 @@ class WindowServerLoadingTest : public WindowServerFixture {};
 
 constexpr const char* kDisabledLine = "WindowServer fast path disabled; using display-linked fallback";
 
-TEST_F(WindowServerLoadingTest, the_library_is_opened_by_its_path_and_the_entries_are_looked_up_in_order)
+TEST_F(WindowServerLoadingTest, the_entries_are_loaded_and_nothing_else_is_called)
 {
     bridge();
-    EXPECT_EQ(library.calls, (Calls{"open(/System/Library/PrivateFrameworks/SkyLight.framework/SkyLight, 5)",
-                                    "find(SLSMainConnectionID)", "find(SLSGetWindowBounds)",
-                                    "find(SLSRegisterNotifyProc)", "find(SLSRemoveNotifyProc)",
-                                    "find(SLSRequestNotificationsForWindows)", "find(SLSTransactionCreate)",
-                                    "find(SLSTransactionMoveWindowWithGroup)", "find(SLSTransactionCommit)"}));
+    EXPECT_EQ(library.calls, Calls{"load()"});
     EXPECT_TRUE(log.lines.empty());
 }
 
@@ -94,14 +90,13 @@ TEST_F(WindowServerLoadingTest, watching_needs_no_bounds_entry)
     EXPECT_FALSE(bridge().bounds(kWindow).has_value());
 }
 
-TEST_F(WindowServerLoadingTest, the_library_is_closed_after_the_registrations_were_taken_back)
+TEST_F(WindowServerLoadingTest, the_entries_are_given_back_after_the_registrations_were_removed)
 {
     watch(kWindow);
     library.forgetCalls();
     destroyBridge();
-    EXPECT_EQ(library.calls,
-              (Calls{"SLSRemoveNotifyProc(proc, 804, null)", "SLSRemoveNotifyProc(proc, 806, null)",
-                     "SLSRemoveNotifyProc(proc, 807, null)", "SLSRemoveNotifyProc(proc, 816, null)", "close()"}));
+    EXPECT_EQ(library.calls, (Calls{"SLSRemoveNotifyProc(804)", "SLSRemoveNotifyProc(806)", "SLSRemoveNotifyProc(807)",
+                                    "SLSRemoveNotifyProc(816)", "unload()"}));
 }
 
 } // namespace

@@ -5,15 +5,15 @@ namespace {
 
 class WindowServerObserveTest : public WindowServerFixture {
 protected:
-    static constexpr const char* kClear = "SLSRequestNotificationsForWindows(77, null, 0)";
-    static constexpr const char* kRequest = "SLSRequestNotificationsForWindows(77, [42], 1)";
+    static constexpr const char* kClear = "SLSRequestNotificationsForWindows(77, none)";
+    static constexpr const char* kRequest = "SLSRequestNotificationsForWindows(77, 42)";
 
     static Calls forEachEvent(const std::string& entry, std::size_t count = 4)
     {
         Calls calls;
         for (const char* event : {"804", "806", "807", "816"})
             if (calls.size() < count)
-                calls.push_back(entry + "(proc, " + event + ", null)");
+                calls.push_back(entry + "(" + event + ")");
         return calls;
     }
 
@@ -40,7 +40,7 @@ TEST_F(WindowServerObserveTest, the_next_window_keeps_the_registrations_and_logs
 {
     watch(kWindow);
     EXPECT_EQ(callsDuring([&] { EXPECT_TRUE(watch(kOtherWindow)); }),
-              (Calls{"SLSMainConnectionID()", kClear, "SLSRequestNotificationsForWindows(77, [43], 1)"}));
+              (Calls{"SLSMainConnectionID()", kClear, "SLSRequestNotificationsForWindows(77, 43)"}));
     EXPECT_EQ(log.lines, Lines{kEnabledLine});
 }
 
@@ -83,7 +83,7 @@ TEST_F(WindowServerObserveTest, a_failure_to_clear_the_list_leaves_the_registrat
     watch(kWindow);
     library.failAlways("SLSRequestNotificationsForWindows");
     EXPECT_EQ(callsDuring([&] { EXPECT_FALSE(watch(kOtherWindow)); }), (Calls{"SLSMainConnectionID()", kClear}));
-    EXPECT_TRUE(library.notify(806, kWindow));
+    EXPECT_TRUE(library.notify(Event::moved, kWindow));
     EXPECT_EQ(callsDuring([&] { destroyBridge(); }), removals());
 }
 
@@ -121,8 +121,8 @@ TEST_F(WindowServerObserveTest, a_request_that_fails_leaves_no_handler_behind)
     watch(kWindow);
     library.failOnCall("SLSRequestNotificationsForWindows", 2);
     EXPECT_FALSE(watch(kOtherWindow));
-    library.notifyRaw(806, &kWindow, 4);
-    library.notifyRaw(806, &kOtherWindow, 4);
+    library.notifyAnyway(Event::moved, kWindow);
+    library.notifyAnyway(Event::moved, kOtherWindow);
     EXPECT_EQ(loop.pendingEventCount(), 0U);
     loop.runPosted();
     EXPECT_TRUE(deliveries.empty());

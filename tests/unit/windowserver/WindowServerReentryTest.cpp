@@ -21,10 +21,10 @@ TEST_F(WindowServerReentryTest, a_handler_may_watch_another_window)
         watch(kOtherWindow);
         seen = *owner;
     });
-    library.notify(806, kWindow);
+    library.notify(Event::moved, kWindow);
     loop.runPosted();
     EXPECT_EQ(seen, 7);
-    library.notify(807, kOtherWindow);
+    library.notify(Event::resized, kOtherWindow);
     loop.runPosted();
     EXPECT_EQ(deliveries, (Deliveries{{kOtherWindow, Changes::resized}}));
 }
@@ -34,9 +34,9 @@ TEST_F(WindowServerReentryTest, a_notification_inside_the_handler_makes_another_
     int calls = 0;
     bridge().observe(kWindow, [&](WindowNumber, Changes) {
         if (++calls == 1)
-            library.notify(806, kWindow);
+            library.notify(Event::moved, kWindow);
     });
-    library.notify(806, kWindow);
+    library.notify(Event::moved, kWindow);
     loop.runPosted();
     EXPECT_EQ(calls, 2);
 }
@@ -44,9 +44,9 @@ TEST_F(WindowServerReentryTest, a_notification_inside_the_handler_makes_another_
 TEST_F(WindowServerReentryTest, a_bridge_that_is_gone_neither_receives_nor_delivers)
 {
     watch(kWindow);
-    library.notify(806, kWindow);
+    library.notify(Event::moved, kWindow);
     destroyBridge();
-    library.notifyRaw(807, &kWindow, 4);
+    library.notifyAnyway(Event::resized, kWindow);
     EXPECT_EQ(loop.pendingEventCount(), 1U);
     loop.runPosted();
     EXPECT_TRUE(deliveries.empty());
@@ -60,7 +60,7 @@ TEST_F(WindowServerReentryTest, no_lock_is_held_while_an_entry_is_called)
     library.onEntry = [&](const std::string& entry) {
         if (HasFatalFailure()) // one wait is enough
             return;
-        for (const std::uint32_t event : library.registeredEvents()) { // none yet during the first calls
+        for (const Event event : library.registeredEvents()) { // none yet during the first calls
             sent.push_back(std::async(std::launch::async, [this, event] { library.notify(event, kWindow); }));
             ASSERT_EQ(sent.back().wait_for(std::chrono::seconds(10)), std::future_status::ready) << entry;
             ++sentDuring[entry];
@@ -81,15 +81,15 @@ TEST_F(WindowServerReentryTest, a_notification_inside_the_request_of_a_new_watch
     watch(kOtherWindow);
     int sent = 0;
     library.onEntry = [&](const std::string&) {
-        if (library.calls.back() == "SLSRequestNotificationsForWindows(77, [42], 1)")
-            sent += library.notify(806, kWindow) + library.notify(806, kOtherWindow);
+        if (library.calls.back() == "SLSRequestNotificationsForWindows(77, 42)")
+            sent += library.notify(Event::moved, kWindow) + library.notify(Event::moved, kOtherWindow);
     };
     watch(kWindow);
     library.onEntry = nullptr;
     EXPECT_EQ(sent, 2);
     EXPECT_EQ(loop.pendingEventCount(), 0U);
 
-    library.notify(807, kWindow);
+    library.notify(Event::resized, kWindow);
     loop.runPosted();
     EXPECT_EQ(deliveries, (Deliveries{{kWindow, Changes::resized}}));
 }
@@ -115,10 +115,10 @@ public:
 TEST_F(WindowServerReentryTest, no_lock_is_held_while_the_delivery_is_posted)
 {
     InterruptedRunLoop interrupted;
-    interrupted.interruption = [&] { library.notify(807, kWindow); };
+    interrupted.interruption = [&] { library.notify(Event::resized, kWindow); };
     WindowServer server(library, processes, interrupted, log);
     server.observe(kWindow, [&](WindowNumber id, Changes changes) { deliveries.emplace_back(id, changes); });
-    library.notify(806, kWindow);
+    library.notify(Event::moved, kWindow);
     ASSERT_EQ(interrupted.posted.size(), 1U);
     interrupted.posted.front()();
     EXPECT_EQ(deliveries, (Deliveries{{kWindow, {Changes::moved, Changes::resized}}}));

@@ -36,7 +36,7 @@ void SimNotifier::postScreens()
     });
 }
 
-void SimNotifier::postWindowServer(std::uint32_t event, WindowNumber window)
+void SimNotifier::postWindowServer(WindowServerEvent event, WindowNumber window)
 {
     post(Source::windowServer, [this, event, window] { windowServer.publish(event, window); });
 }
@@ -73,7 +73,7 @@ void SimNotifier::releaseHeld(SimApp& app)
 void SimNotifier::postVanished()
 {
     for (const WindowNumber window : m_model.takeVanished())
-        postWindowServer(kWindowOrderedOut, window);
+        postWindowServer(WindowServerEvent::orderedOut, window);
 }
 
 } // namespace haloric

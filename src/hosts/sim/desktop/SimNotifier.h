@@ -7,6 +7,7 @@
 #include "hosts/sim/desktop/SimModel.h"
 #include "hosts/sim/loop/SimRunLoop.h"
 #include "platform/InputMonitors.h"
+#include "platform/WindowServerEvents.h"
 #include "platform/Workspace.h"
 
 #include <array>
@@ -21,25 +22,19 @@ enum class SimMouseTarget { otherApplication, ownWindow };
 
 class SimNotifier {
 public:
-    // The window server's event numbers.
-    static constexpr std::uint32_t kWindowDestroyed = 804;
-    static constexpr std::uint32_t kWindowMoved = 806;
-    static constexpr std::uint32_t kWindowResized = 807;
-    static constexpr std::uint32_t kWindowOrderedOut = 816;
-
     SimNotifier(SimRunLoop& runLoop, SimModel& model) : m_runLoop(runLoop), m_model(model) {}
 
     // Published inside an event of the main loop.
     Publisher<WorkspaceNotification> workspace;
     Publisher<> screens;
     Publisher<ProcessID, std::string> accessibility;
-    Publisher<std::uint32_t, WindowNumber> windowServer;
+    Publisher<WindowServerEvent, WindowNumber> windowServer;
     Publisher<EventType, SimMouseTarget> mouse;
     Publisher<TapEvent> tap;
 
     void postWorkspace(WorkspaceNotification notification);
     void postScreens();
-    void postWindowServer(std::uint32_t event, WindowNumber window);
+    void postWindowServer(WindowServerEvent event, WindowNumber window);
     void postMouse(EventType type, SimMouseTarget target);
     void postTap(const TapEvent& event);
 

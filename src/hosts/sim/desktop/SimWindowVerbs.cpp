@@ -22,7 +22,7 @@ void SimWindowVerbs::close(SimWindow& window)
     const ProcessID owner = window.owner;
     if (window.whenClosed)
         window.whenClosed(window);
-    m_notifier.postWindowServer(SimNotifier::kWindowDestroyed, window.number);
+    m_notifier.postWindowServer(WindowServerEvent::destroyed, window.number);
     m_model.windows.remove(window.number);
     m_notifier.postAccessibility(owner, "AXUIElementDestroyed");
     m_focus.settle();
@@ -49,11 +49,11 @@ void SimWindowVerbs::setFrame(SimWindow& window, const Rect& frame)
 {
     const Rect old = std::exchange(window.frame, frame);
     if (old.origin() != frame.origin()) {
-        m_notifier.postWindowServer(SimNotifier::kWindowMoved, window.number);
+        m_notifier.postWindowServer(WindowServerEvent::moved, window.number);
         m_notifier.postAccessibility(window.owner, "AXWindowMoved");
     }
     if (old.size() != frame.size()) {
-        m_notifier.postWindowServer(SimNotifier::kWindowResized, window.number);
+        m_notifier.postWindowServer(WindowServerEvent::resized, window.number);
         m_notifier.postAccessibility(window.owner, "AXWindowResized");
     }
 }

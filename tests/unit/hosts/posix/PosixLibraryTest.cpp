@@ -3,14 +3,15 @@
 #include <filesystem>
 #include <vector>
 
+#include <dlfcn.h>
+
 namespace haloric {
 namespace {
 
 constexpr int kMode = WindowServerLibrary::kLazy | WindowServerLibrary::kLocal;
-const std::filesystem::path kFolder = HALORIC_MODULE_FOLDER;
-const std::filesystem::path kModule = kFolder / "window_server_module.so";
+const std::filesystem::path kModule = std::filesystem::path(HALORIC_MODULE_FOLDER) / "window_server_module.so";
 
-TEST(PosixLibrary, a_library_that_is_not_there_cannot_be_opened)
+TEST(PosixLibrary, a_missing_file_and_a_file_of_another_kind_cannot_be_opened)
 {
     PosixLibrary library([](void*) {});
     EXPECT_EQ(library.open("/nowhere/at/all.so", kMode), nullptr);
@@ -30,13 +31,13 @@ TEST(PosixLibrary, functions_are_found_by_name)
 
 TEST(PosixLibrary, a_local_library_opens_though_it_is_not_loaded_yet)
 {
-    // The platform's bit for "local" means "only if it is loaded already" to another loader.
+    // The bit of macOS for "local" means "only if it is loaded already" to another loader.
     PosixLibrary library([](void*) {});
-    const auto module = kFolder / "window_server_module_without_SLSMainConnectionID.so";
-    EXPECT_NE(library.open(module.c_str(), kMode), nullptr);
+    EXPECT_EQ(dlopen(kModule.c_str(), RTLD_LAZY | RTLD_NOLOAD), nullptr);
+    EXPECT_NE(library.open(kModule.c_str(), kMode), nullptr);
 }
 
-TEST(PosixLibrary, transactions_are_given_back_by_the_host)
+TEST(PosixLibrary, transactions_are_released_by_the_host)
 {
     std::vector<void*> released;
     PosixLibrary library([&](void* transaction) { released.push_back(transaction); });

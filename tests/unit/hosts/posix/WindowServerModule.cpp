@@ -87,11 +87,8 @@ void moduleStartBurst(std::int32_t count)
 
 void moduleJoinBurst() { server().burst.join(); }
 
-#ifndef HALORIC_WITHOUT_SLSMainConnectionID
 std::int32_t SLSMainConnectionID() { return 7; }
-#endif
 
-#ifndef HALORIC_WITHOUT_SLSGetWindowBounds
 std::int32_t SLSGetWindowBounds(std::int32_t connection, std::uint32_t window, Rectangle* bounds)
 {
     const std::int32_t result = server().resultOf("SLSGetWindowBounds");
@@ -101,9 +98,7 @@ std::int32_t SLSGetWindowBounds(std::int32_t connection, std::uint32_t window, R
     *bounds = {server().state.windowX, server().state.windowY, 400, 300};
     return connection == 7 && window == 42 ? result : 1000;
 }
-#endif
 
-#ifndef HALORIC_WITHOUT_SLSRegisterNotifyProc
 std::int32_t SLSRegisterNotifyProc(Procedure procedure, std::uint32_t event, void* context)
 {
     const std::int32_t result = server().resultOf("SLSRegisterNotifyProc");
@@ -113,9 +108,7 @@ std::int32_t SLSRegisterNotifyProc(Procedure procedure, std::uint32_t event, voi
         server().procedures[event] = procedure;
     return result;
 }
-#endif
 
-#ifndef HALORIC_WITHOUT_SLSRemoveNotifyProc
 std::int32_t SLSRemoveNotifyProc(Procedure, std::uint32_t event, void* context)
 {
     const std::int32_t result = server().resultOf("SLSRemoveNotifyProc");
@@ -125,9 +118,7 @@ std::int32_t SLSRemoveNotifyProc(Procedure, std::uint32_t event, void* context)
         server().procedures.erase(event);
     return result;
 }
-#endif
 
-#ifndef HALORIC_WITHOUT_SLSRequestNotificationsForWindows
 std::int32_t SLSRequestNotificationsForWindows(std::int32_t, const std::uint32_t*, std::int32_t count)
 {
     const std::int32_t result = server().resultOf("SLSRequestNotificationsForWindows");
@@ -136,24 +127,18 @@ std::int32_t SLSRequestNotificationsForWindows(std::int32_t, const std::uint32_t
         server().state.requestedWindows = count;
     return result;
 }
-#endif
 
-#ifndef HALORIC_WITHOUT_SLSTransactionCreate
 void* SLSTransactionCreate(std::int32_t)
 {
     return server().resultOf("SLSTransactionCreate") == 0 ? new Spot{} : nullptr;
 }
-#endif
 
-#ifndef HALORIC_WITHOUT_SLSTransactionMoveWindowWithGroup
 std::int32_t SLSTransactionMoveWindowWithGroup(void* transaction, std::uint32_t, Spot origin)
 {
     *static_cast<Spot*>(transaction) = origin;
     return server().resultOf("SLSTransactionMoveWindowWithGroup");
 }
-#endif
 
-#ifndef HALORIC_WITHOUT_SLSTransactionCommit
 std::int32_t SLSTransactionCommit(void* transaction, std::int32_t zero)
 {
     const std::int32_t result = server().resultOf("SLSTransactionCommit");
@@ -165,7 +150,6 @@ std::int32_t SLSTransactionCommit(void* transaction, std::int32_t zero)
     }
     return result;
 }
-#endif
 
 void moduleReleaseTransaction(void* transaction) { delete static_cast<Spot*>(transaction); }
 

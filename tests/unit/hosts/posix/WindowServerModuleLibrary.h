@@ -1,8 +1,9 @@
-// The dynamic loader's library with the module in place of the platform's framework.
+// The dynamic loader's library, which opens the module in place of macOS's framework.
 #pragma once
 
 #include "hosts/posix/PosixLibrary.h"
 #include "unit/hosts/posix/WindowServerModule.h"
+#include "windowserver/LoadedWindowServerCalls.h"
 #include "windowserver/WindowServer.h"
 
 #include <filesystem>
@@ -13,17 +14,9 @@ namespace haloric {
 
 class WindowServerModuleLibrary final : public WindowServerLibrary {
 public:
-    explicit WindowServerModuleLibrary(const std::string& module = "window_server_module")
-        : m_path(pathOf(module)),
-          m_control(m_loader.open(m_path.c_str(), kLazy | kLocal))
-    {
-        control<ModuleReset>("moduleReset")();
-    }
+    WindowServerModuleLibrary() { control<ModuleReset>("moduleReset")(); }
 
-    static std::string pathOf(const std::string& module)
-    {
-        return std::filesystem::path(HALORIC_MODULE_FOLDER) / (module + ".so");
-    }
+    static std::string path() { return std::filesystem::path(HALORIC_MODULE_FOLDER) / "window_server_module.so"; }
 
     template <class Function>
     Function control(const char* name) const
@@ -36,10 +29,10 @@ public:
     int releases() const { return m_releases; }
 
     // WindowServerLibrary
-    std::unique_ptr<OpenedLibrary> open(const char* path, int mode) override
+    std::unique_ptr<OpenedLibrary> open(const char* framework, int mode) override
     {
-        EXPECT_STREQ(path, WindowServer::kFrameworkPath);
-        return m_loader.open(m_path.c_str(), mode);
+        EXPECT_STREQ(framework, LoadedWindowServerCalls::kFrameworkPath);
+        return m_loader.open(path().c_str(), mode);
     }
     void release(void* transaction) override { m_loader.release(transaction); }
 
@@ -48,8 +41,8 @@ private:
         ++m_releases;
         control<void (*)(void*)>("moduleReleaseTransaction")(transaction);
     }};
-    std::string m_path;
-    std::unique_ptr<OpenedLibrary> m_control; // keeps the module's state from one opening to the next
+    // Keeps the module's state from one opening to the next.
+    std::unique_ptr<OpenedLibrary> m_control = m_loader.open(path().c_str(), kLazy | kLocal);
     int m_releases = 0;
 };
 

@@ -17,17 +17,15 @@ constexpr WindowNumber kWindow{42};
 constexpr const char* kEnabledLine = "WindowServer fast path: focused-window notifications enabled";
 constexpr const char* kUnavailableLine = "WindowServer notifications unavailable; using display-linked fallback";
 constexpr const char* kFailureLine = "WindowServer notification call failed; using display-linked fallback";
-constexpr const char* kSymbolLine = "WindowServer overlay transaction failed: required symbol unavailable";
 
-// One bridge over one module.
+// One bridge over the module.
 struct Loaded {
-    explicit Loaded(const std::string& module = "window_server_module") : library(module) {}
-
     WindowServerModuleLibrary library;
+    LoadedWindowServerCalls calls{library};
     FakeProcesses processes;
     FakeLog log;
     SimRunLoop loop;
-    WindowServer bridge{library, processes, loop, log};
+    WindowServer bridge{calls, processes, loop, log};
 };
 
 TEST(WindowServerOverLoader, every_operation_works)
@@ -63,7 +61,7 @@ TEST(WindowServerOverLoader, a_bridge_that_goes_takes_its_registrations_with_it)
     auto loaded = std::make_unique<Loaded>();
     loaded->bridge.observe(kWindow, nullptr);
     PosixLibrary loader([](void*) {});
-    const auto kept = loader.open(WindowServerModuleLibrary::pathOf("window_server_module").c_str(), 5);
+    const auto kept = loader.open(WindowServerModuleLibrary::path().c_str(), 5);
     loaded.reset();
     EXPECT_EQ(reinterpret_cast<ModuleState>(kept->find("moduleState"))().registeredEvents, 0);
 }
@@ -85,7 +83,7 @@ TEST(WindowServerOverLoader, each_notification_entry_that_fails_ends_the_notific
     EXPECT_FALSE(loaded.bridge.observe(kWindow, nullptr));
 }
 
-TEST(WindowServerOverLoader, the_other_entries_fail_by_themselves)
+TEST(WindowServerOverLoader, the_failure_of_another_entry_leaves_the_rest_working)
 {
     Loaded loaded;
     loaded.library.fail("SLSGetWindowBounds", -1);
@@ -100,37 +98,14 @@ TEST(WindowServerOverLoader, the_other_entries_fail_by_themselves)
     EXPECT_TRUE(loaded.bridge.observe(kWindow, nullptr));
 }
 
-TEST(WindowServerOverLoader, each_missing_symbol_switches_off_what_needs_it)
-{
-    struct Case {
-        const char* symbol;
-        bool notifies, tellsBounds, moves;
-    };
-    for (const Case& missing : {Case{"SLSMainConnectionID", false, false, false},
-                                {"SLSGetWindowBounds", true, false, true},
-                                {"SLSRegisterNotifyProc", false, true, true},
-                                {"SLSRemoveNotifyProc", false, true, true},
-                                {"SLSRequestNotificationsForWindows", false, true, true},
-                                {"SLSTransactionCreate", true, true, false},
-                                {"SLSTransactionMoveWindowWithGroup", true, true, false},
-                                {"SLSTransactionCommit", true, true, false}}) {
-        Loaded loaded("window_server_module_without_" + std::string(missing.symbol));
-        const bool reported = !missing.notifies || !missing.tellsBounds;
-        EXPECT_EQ(loaded.log.lines, reported ? Lines{kUnavailableLine} : Lines{}) << missing.symbol;
-        EXPECT_EQ(loaded.bridge.observe(kWindow, nullptr), missing.notifies) << missing.symbol;
-        EXPECT_EQ(loaded.bridge.bounds(kWindow).has_value(), missing.tellsBounds) << missing.symbol;
-        EXPECT_EQ(loaded.bridge.move(kWindow, {1, 2}), missing.moves) << missing.symbol;
-        EXPECT_EQ(std::count(loaded.log.lines.begin(), loaded.log.lines.end(), kSymbolLine), missing.moves ? 0 : 1);
-    }
-}
-
-TEST(WindowServerOverLoader, the_platform_s_framework_is_not_here)
+TEST(WindowServerOverLoader, the_framework_of_macos_is_not_here)
 {
     PosixLibrary loader([](void*) {});
+    LoadedWindowServerCalls calls(loader);
     FakeProcesses processes;
     FakeLog log;
     SimRunLoop loop;
-    WindowServer bridge(loader, processes, loop, log);
+    WindowServer bridge(calls, processes, loop, log);
     EXPECT_EQ(log.lines, Lines{kUnavailableLine});
     EXPECT_FALSE(bridge.observe(kWindow, nullptr));
 }

@@ -1,5 +1,5 @@
-// Notifications from a thread of the library's own, while the main thread watches one window after the other. What
-// these tests look for are races: they are worth most under the thread sanitizer.
+// Notifications from a thread of the library while the main thread watches one window after the other. Races show
+// best under the thread sanitizer.
 #include "WindowServerModuleLibrary.h"
 #include "support/FakeLog.h"
 #include "support/FakeProcesses.h"
@@ -17,10 +17,11 @@ protected:
     static constexpr WindowNumber kSecond{43};
 
     WindowServerModuleLibrary library;
+    LoadedWindowServerCalls calls{library};
     FakeProcesses processes;
     FakeLog log;
     PostingRunLoop loop;
-    std::unique_ptr<WindowServer> bridge = std::make_unique<WindowServer>(library, processes, loop, log);
+    std::unique_ptr<WindowServer> bridge = std::make_unique<WindowServer>(calls, processes, loop, log);
 
     void startBurst() { library.control<ModuleStartBurst>("moduleStartBurst")(kNotifications); }
     void joinBurst() { library.control<ModuleJoinBurst>("moduleJoinBurst")(); }

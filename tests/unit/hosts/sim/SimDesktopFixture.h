@@ -11,7 +11,7 @@ namespace haloric {
 struct SimDesktopFixture {
     SimDesktop desktop;
     std::vector<std::string> heard; // Accessibility notifications, as "application name"
-    std::vector<std::pair<std::uint32_t, WindowNumber>> serverEvents;
+    std::vector<std::pair<WindowServerEvent, WindowNumber>> serverEvents;
     std::vector<WorkspaceNotification> workspace;
     Subscription subscriptions[3];
 
@@ -22,7 +22,7 @@ struct SimDesktopFixture {
             heard.push_back(desktop.model.app(pid) ? desktop.model.app(pid)->name + " " + name : name);
         });
         subscriptions[1] = desktop.notifier.windowServer.subscribe(
-            [this](std::uint32_t event, WindowNumber window) { serverEvents.emplace_back(event, window); });
+            [this](WindowServerEvent event, WindowNumber window) { serverEvents.emplace_back(event, window); });
         subscriptions[2] = desktop.notifier.workspace.subscribe(
             [this](WorkspaceNotification notification) { workspace.push_back(notification); });
     }

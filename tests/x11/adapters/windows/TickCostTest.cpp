@@ -1,5 +1,5 @@
 // What the tracker asks at every frame of the display costs neither memory nor a round trip.
-#include "hosts/x11/windows/X11WindowServerLibrary.h"
+#include "hosts/x11/windows/X11WindowServerCalls.h"
 
 #include "support/AllocationCounter.h"
 #include "x11/adapters/DesktopAdapters.h"
@@ -14,20 +14,15 @@ TEST(TickCost, a_tick_without_change_allocates_nothing_and_asks_the_server_nothi
     const auto client = session.makeClient();
     ASSERT_TRUE(client->showFocused());
     ASSERT_TRUE(adapters.waitUntil([&] { return adapters.focusedWindow() == client->window(); }));
-    X11WindowServerLibrary library(*adapters.connection, adapters.display.c_str(), adapters.clients, adapters.scale);
-    const auto opened = library.open("", 0);
-    const auto request =
-        reinterpret_cast<decltype(WindowServerEntries::request)>(opened->find("SLSRequestNotificationsForWindows"));
-    const auto getBounds =
-        reinterpret_cast<decltype(WindowServerEntries::getBounds)>(opened->find("SLSGetWindowBounds"));
-    const std::uint32_t window = client->window();
-    ASSERT_EQ(request(1, &window, 1), 0);
+    WindowServerCalls& server = adapters.windowServerCalls;
+    const WindowNumber window{client->window()};
+    ASSERT_TRUE(server.request(server.mainConnection(), window));
     adapters.settle();
 
     bool isAnswered = true;
     const auto tick = [&] {
-        WindowServerEntries::CRect bounds{};
-        isAnswered = isAnswered && getBounds(1, window, &bounds) == 0 && bounds.width > 0 &&
+        const auto bounds = server.getBounds(server.mainConnection(), window);
+        isAnswered = isAnswered && bounds && bounds->width > 0 &&
                      adapters.workspace.frontmostApplication().has_value() &&
                      adapters.accessibility.isProcessTrusted() && !adapters.screens.all().empty();
     };

@@ -373,11 +373,13 @@ auto SimRandomArguments::refuseNotifications() -> Arguments
 
 auto SimRandomArguments::notify() -> Arguments
 {
-    const std::vector<std::int64_t> events{804, 806, 807, 816, 1, 815};
+    std::vector<std::int64_t> events;
+    for (const WindowServerEvent event : kWindowServerEvents)
+        events.push_back(static_cast<std::int64_t>(event));
+    events.insert(events.end(), {1, 815}); // unknown ones
     const auto& windows = m_desktop->model.windows.frontToBack();
     const auto number = windows.empty() ? 99 : static_cast<std::int64_t>(m_dice.pick(windows)->number);
-    return SimJson{
-        {"event", m_dice.pick(events)}, {"number", number}, {"length", m_dice.coin() ? 4 : m_dice.between(0, 3)}};
+    return SimJson{{"event", m_dice.pick(events)}, {"number", number}};
 }
 
 auto SimRandomArguments::button() -> Arguments { return SimJson{{"button", m_dice.coin() ? "left" : "right"}}; }

@@ -28,7 +28,7 @@ SimSession::SimSession(const SimSetup& setup)
         .screens = screens,
         .accessibility = accessibility,
         .windowInfoSource = windowInfoSource,
-        .windowServerLibrary = windowServerLibrary,
+        .windowServerCalls = windowServerCalls,
         .toolkitWindows = toolkitWindows,
         .input = input,
         .application = application,

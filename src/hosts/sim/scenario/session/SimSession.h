@@ -1,5 +1,4 @@
 // One run of the program on a simulated desktop: the desktop, every adapter, and the program itself from its entry on.
-// One session exists at a time, since the window server's entries are functions over the live one.
 #pragma once
 
 #include "app/AppDelegate.h"
@@ -24,7 +23,7 @@
 #include "hosts/sim/windows/SimAccessibility.h"
 #include "hosts/sim/windows/SimApplicationCatalog.h"
 #include "hosts/sim/windows/SimWindowInfoSource.h"
-#include "hosts/sim/windows/SimWindowServerLibrary.h"
+#include "hosts/sim/windows/SimWindowServerCalls.h"
 #include "hosts/sim/windows/SimWorkspace.h"
 
 #include <memory>
@@ -61,7 +60,7 @@ public:
     SimWorkspace workspace{m_desktop};
     SimAccessibility accessibility{m_desktop, serialQueues};
     SimWindowInfoSource windowInfoSource{m_desktop};
-    SimWindowServerLibrary windowServerLibrary{m_desktop};
+    SimWindowServerCalls windowServerCalls{m_desktop};
     SimToolkitWindows toolkitWindows{m_desktop};
     SimInputMonitors input{m_desktop};
     SimDisplayLinks displayLinks{m_desktop};

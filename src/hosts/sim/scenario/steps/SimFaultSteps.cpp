@@ -6,10 +6,8 @@ namespace {
 
 void notifySpuriously(SimPlayer& player, const SimJson& arguments)
 {
-    const auto window = arguments["number"].get<std::uint32_t>();
-    const bool empty = arguments["length"].get<std::int64_t>() == 0;
-    player.session().windowServerLibrary.notify(arguments["event"].get<std::uint32_t>(), empty ? nullptr : &window,
-                                                arguments["length"].get<std::int64_t>());
+    player.session().windowServerCalls.notify(WindowServerEvent{arguments["event"].get<std::uint32_t>()},
+                                              WindowNumber{arguments["number"].get<std::uint32_t>()});
 }
 
 } // namespace
@@ -59,8 +57,7 @@ const std::vector<SimStepKind>& simFaultSteps()
         {"notify",
          "the window server sends a notification out of turn",
          {{"event", SimType::integer, kRequired, "its number"},
-          {"number", SimType::integer, kRequired, "the window number in its data"},
-          {"length", SimType::integer, kRequired, "the length of its data; 0: no data"}},
+          {"number", SimType::integer, kRequired, "the window number in its data"}},
          notifySpuriously},
     };
     return kinds;

@@ -49,16 +49,17 @@ TEST(SimNotifier, with_jitter_sources_overtake_each_other_but_each_keeps_its_ord
         std::vector<std::string> order;
         const auto first = fixture.desktop.notifier.accessibility.subscribe(
             [&](ProcessID, const std::string& name) { order.push_back(name); });
-        const auto second = fixture.desktop.notifier.windowServer.subscribe(
-            [&](std::uint32_t event, WindowNumber) { order.push_back(std::to_string(event)); });
+        const auto second = fixture.desktop.notifier.windowServer.subscribe([&](WindowServerEvent event, WindowNumber) {
+            order.push_back(event == WindowServerEvent::moved ? "moved" : "resized");
+        });
         fixture.desktop.windows.setFrame(window, {150, 120, 500, 400});
         fixture.run();
 
         ASSERT_EQ(order.size(), 4u);
         const auto place = [&](const char* name) { return std::ranges::find(order, name) - order.begin(); };
         EXPECT_LT(place("AXWindowMoved"), place("AXWindowResized"));
-        EXPECT_LT(place("806"), place("807"));
-        overtaken = overtaken || place("AXWindowMoved") < place("806");
+        EXPECT_LT(place("moved"), place("resized"));
+        overtaken = overtaken || place("AXWindowMoved") < place("moved");
     }
     EXPECT_TRUE(overtaken);
 }

@@ -19,7 +19,7 @@ TEST(SimScreenVerbs, windows_of_an_unplugged_screen_move_to_the_primary_one)
     EXPECT_TRUE(fixture.desktop.notifier.screensPending());
     fixture.run();
     EXPECT_EQ(window.frame, (Rect{1040, 50, 400, 300}));
-    EXPECT_THAT(fixture.serverEvents, ElementsAre(Pair(806u, window.number)));
+    EXPECT_THAT(fixture.serverEvents, ElementsAre(Pair(WindowServerEvent::moved, window.number)));
     EXPECT_EQ(told, 1);
     EXPECT_FALSE(fixture.desktop.notifier.screensPending());
 }

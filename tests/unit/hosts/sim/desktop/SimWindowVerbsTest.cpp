@@ -15,12 +15,12 @@ TEST(SimWindowVerbs, a_move_and_a_resize_are_told_apart)
 
     fixture.desktop.windows.setFrame(window, {150, 100, 400, 300});
     fixture.run();
-    EXPECT_THAT(fixture.serverEvents, ElementsAre(Pair(806u, window.number)));
+    EXPECT_THAT(fixture.serverEvents, ElementsAre(Pair(WindowServerEvent::moved, window.number)));
     EXPECT_THAT(fixture.heard, ElementsAre("Editor AXWindowMoved"));
     fixture.settle();
     fixture.desktop.windows.setFrame(window, {150, 100, 450, 300});
     fixture.run();
-    EXPECT_THAT(fixture.serverEvents, ElementsAre(Pair(807u, window.number)));
+    EXPECT_THAT(fixture.serverEvents, ElementsAre(Pair(WindowServerEvent::resized, window.number)));
     EXPECT_THAT(fixture.heard, ElementsAre("Editor AXWindowResized"));
     fixture.settle();
     fixture.desktop.windows.setFrame(window, window.frame);
@@ -39,7 +39,7 @@ TEST(SimWindowVerbs, a_minimised_window_leaves_the_screen_and_the_focus)
     fixture.run();
     EXPECT_FALSE(fixture.desktop.model.isOnScreen(window));
     EXPECT_EQ(fixture.focusedIn(editor), "");
-    EXPECT_THAT(fixture.serverEvents, ElementsAre(Pair(816u, window.number)));
+    EXPECT_THAT(fixture.serverEvents, ElementsAre(Pair(WindowServerEvent::orderedOut, window.number)));
     EXPECT_THAT(fixture.heard, Contains("Editor AXWindowMiniaturized"));
 
     fixture.desktop.windows.restore(window);

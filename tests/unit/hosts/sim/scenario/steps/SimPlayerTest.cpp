@@ -100,7 +100,8 @@ TEST(SimPlayer, a_setup_reaches_the_desktop)
     EXPECT_TRUE(session.desktop().spaces.exists(5));
     EXPECT_EQ(session.bundle.path(), "/opt/x");
     EXPECT_EQ(session.processes.environmentVariable("A"), "b");
-    EXPECT_EQ(session.windowServerLibrary.open("", 0), nullptr);
+    const auto loaded = session.windowServerCalls.load([](WindowServerEvent, WindowNumber) {});
+    EXPECT_FALSE(session.windowServerCalls.has(WindowServerCalls::Entry::mainConnection));
     EXPECT_EQ(session.input.createEventTap({}, [](const TapEvent&) {}), nullptr);
     EXPECT_EQ(session.displayLinks.makeVideoLink(DisplayID{4}), nullptr);
     EXPECT_EQ(session.settingsStore().settings().borderWidth, 7);

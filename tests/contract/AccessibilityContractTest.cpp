@@ -8,10 +8,10 @@ namespace {
 
 class AccessibilityContract : public HostContract {
 protected:
-    // An observer of an application, on the run loop, with the names that it has heard.
+    // An observer of an application, on the run loop, with the names that it has reported.
     struct Watch {
         std::unique_ptr<AXObserver> observer;
-        std::vector<std::string> heard;
+        std::vector<std::string> reported;
     };
 
     void start(Watch& watch, ProcessID pid)
@@ -19,7 +19,7 @@ protected:
         onQueue([&] {
             const AXElement app = host->accessibility().createApplicationElement(pid);
             watch.observer = host->accessibility().createObserver(
-                pid, [&watch](std::string_view name) { watch.heard.emplace_back(name); });
+                pid, [&watch](std::string_view name) { watch.reported.emplace_back(name); });
             if (!watch.observer)
                 return;
             for (const char* name :
@@ -38,9 +38,9 @@ protected:
         onQueue([&] { watch.observer.reset(); });
     }
 
-    bool hears(Watch& watch, const char* name)
+    bool reports(Watch& watch, const char* name)
     {
-        return host->waitUntil([&] { return std::ranges::count(watch.heard, name) > 0; });
+        return host->waitUntil([&] { return std::ranges::count(watch.reported, name) > 0; });
     }
 };
 
@@ -84,7 +84,7 @@ TEST_P(AccessibilityContract, elements_of_one_window_have_one_hash)
     });
 }
 
-TEST_P(AccessibilityContract, an_unknown_attribute_and_a_process_that_is_not_there_give_errors)
+TEST_P(AccessibilityContract, an_unknown_attribute_and_a_missing_process_give_errors)
 {
     const ContractWindow window = host->openWindow(kFrame);
     EXPECT_TRUE(host->waitUntil([&] { return numberOfFocusedWindow(window.pid) == window.number; }));
@@ -93,21 +93,21 @@ TEST_P(AccessibilityContract, an_unknown_attribute_and_a_process_that_is_not_the
     EXPECT_NE(attribute(ProcessID{0x3fffffff}, "AXFocusedWindow").error, AXError::success);
 }
 
-TEST_P(AccessibilityContract, moves_and_resizes_are_told)
+TEST_P(AccessibilityContract, moves_and_resizes_are_reported)
 {
     const ContractWindow window = host->openWindow(kFrame);
     Watch watch;
     start(watch, window.pid);
 
     host->move(window, {260, 180});
-    EXPECT_TRUE(hears(watch, "AXWindowMoved"));
+    EXPECT_TRUE(reports(watch, "AXWindowMoved"));
     EXPECT_TRUE(host->waitUntil([&] { return host->frameOf(window)->origin() == Point(260, 180); }));
     host->resize(window, {500, 360});
-    EXPECT_TRUE(hears(watch, "AXWindowResized"));
+    EXPECT_TRUE(reports(watch, "AXWindowResized"));
     stop(watch);
 }
 
-TEST_P(AccessibilityContract, minimising_is_told_and_shows_in_the_attribute)
+TEST_P(AccessibilityContract, minimising_is_reported_and_sets_the_attribute)
 {
     const ContractWindow window = host->openWindow(kFrame);
     const AXAttribute element = attribute(window.pid, "AXFocusedWindow");
@@ -116,7 +116,7 @@ TEST_P(AccessibilityContract, minimising_is_told_and_shows_in_the_attribute)
     start(watch, window.pid);
 
     host->minimise(window);
-    EXPECT_TRUE(hears(watch, "AXWindowMiniaturized"));
+    EXPECT_TRUE(reports(watch, "AXWindowMiniaturized"));
     EXPECT_TRUE(host->waitUntil([&] {
         AXAttribute minimised;
         onQueue([&] {
@@ -127,7 +127,7 @@ TEST_P(AccessibilityContract, minimising_is_told_and_shows_in_the_attribute)
     stop(watch);
 }
 
-TEST_P(AccessibilityContract, closing_is_told_and_leaves_an_element_without_an_answer)
+TEST_P(AccessibilityContract, closing_is_reported_and_invalidates_the_element)
 {
     const ContractWindow window = host->openWindow(kFrame);
     const AXAttribute element = attribute(window.pid, "AXFocusedWindow");
@@ -136,7 +136,7 @@ TEST_P(AccessibilityContract, closing_is_told_and_leaves_an_element_without_an_a
     start(watch, window.pid);
 
     host->close(window);
-    EXPECT_TRUE(hears(watch, "AXUIElementDestroyed"));
+    EXPECT_TRUE(reports(watch, "AXUIElementDestroyed"));
     EXPECT_TRUE(host->waitUntil([&] {
         AXAttribute role;
         onQueue([&] { role = host->accessibility().copyAttribute(std::get<AXElement>(element.value), "AXRole"); });
@@ -145,7 +145,7 @@ TEST_P(AccessibilityContract, closing_is_told_and_leaves_an_element_without_an_a
     stop(watch);
 }
 
-TEST_P(AccessibilityContract, an_observer_off_the_run_loop_hears_nothing)
+TEST_P(AccessibilityContract, an_observer_off_the_run_loop_reports_nothing)
 {
     const ContractWindow window = host->openWindow(kFrame);
     Watch watch;
@@ -155,11 +155,11 @@ TEST_P(AccessibilityContract, an_observer_off_the_run_loop_hears_nothing)
     host->move(window, {260, 180});
     EXPECT_TRUE(host->waitUntil([&] { return host->frameOf(window)->origin() == Point(260, 180); }));
     host->turnFor(Seconds(0.1));
-    EXPECT_TRUE(watch.heard.empty());
+    EXPECT_TRUE(watch.reported.empty());
     onQueue([&] { watch.observer.reset(); });
 }
 
-TEST_P(AccessibilityContract, an_observer_hears_of_its_own_application_alone)
+TEST_P(AccessibilityContract, an_observer_reports_its_own_application_only)
 {
     const ContractWindow first = host->openWindow(kFrame);
     const ContractWindow second = host->openWindow(kOtherFrame);
@@ -169,7 +169,7 @@ TEST_P(AccessibilityContract, an_observer_hears_of_its_own_application_alone)
     host->move(second, {300, 220});
     EXPECT_TRUE(host->waitUntil([&] { return host->frameOf(second)->origin() == Point(300, 220); }));
     host->turnFor(Seconds(0.1));
-    EXPECT_EQ(std::ranges::count(watch.heard, "AXWindowMoved"), 0);
+    EXPECT_EQ(std::ranges::count(watch.reported, "AXWindowMoved"), 0);
     stop(watch);
 }
 

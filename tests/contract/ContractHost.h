@@ -1,5 +1,5 @@
-// A host under the contract tests: its adapters, and verbs that make the world outside do something, by other means
-// than the adapters. One lives at a time. Main thread.
+// A host under the contract tests: its adapters, and verbs that act on the desktop by other means than the adapters.
+// One exists at a time. Main thread.
 #pragma once
 
 #include "foundation/Geometry.h"
@@ -29,7 +29,7 @@ class WindowInfoSource;
 class WindowServerCalls;
 class Workspace;
 
-// A window of another application, as the adapters are expected to know it.
+// A window of another application, by the numbers that the adapters are to report.
 struct ContractWindow {
     ProcessID pid = ProcessID::none;
     WindowNumber number = WindowNumber::none;
@@ -54,14 +54,14 @@ public:
     virtual Processes& processes() = 0;
     virtual Log& log() = 0;
 
-    // This process, as windows of its own are listed.
+    // This process, the owner of the overlays.
     virtual ProcessID ownProcess() = 0;
 
-    // Starts an application of its own with one window, which has the focus when this returns. The frame (global
-    // space) is a wish; `frameOf` tells what came of it.
+    // Starts a new application with one window, which has the focus when this returns. The frame (global space) is a
+    // request; `frameOf` returns the actual one.
     virtual ContractWindow openWindow(const Rect& frame) = 0;
 
-    // The rest only asks; what comes of it is waited for.
+    // These send requests; tests wait for the effect.
     virtual void focus(const ContractWindow& window) = 0;
     virtual void move(const ContractWindow& window, Point topLeft) = 0; // of the visible frame
     virtual void resize(const ContractWindow& window, Size size) = 0;
@@ -70,21 +70,19 @@ public:
     virtual void pressButton() = 0; // the left one
     virtual void releaseButton() = 0;
 
-    // The visible frame in global space, asked of the system by another way than the adapters'; absent when the
-    // window is gone.
+    // The visible frame in global space, read by other means than the adapters'; absent when the window is gone.
     virtual std::optional<Rect> frameOf(const ContractWindow& window) = 0;
 
-    // Turns the main loop until the predicate holds, and tells whether it came to hold before the host's patience
-    // ended.
+    // Runs the main loop until the predicate holds; false when it does not within the host's time limit.
     virtual bool waitUntil(const std::function<bool()>& holds) = 0;
 
-    // Turns the main loop for about this long, for what must not happen.
+    // Runs the main loop for about this long, for what must not happen.
     virtual void turnFor(Seconds duration) = 0;
 
-    // The lines that the log has taken.
+    // The lines written to the log.
     virtual std::string loggedText() = 0;
 
-    // A program that can be started, and one that is not there.
+    // The path of an existing program, and of a missing one.
     virtual std::string knownProgram() = 0;
     virtual std::string unknownProgram() = 0;
 };

@@ -38,7 +38,7 @@ TEST_P(DesktopContract, the_application_of_the_focused_window_is_frontmost)
     EXPECT_TRUE(host->waitUntil([&] { return host->workspace().frontmostApplication()->pid == first.pid; }));
 }
 
-TEST_P(DesktopContract, an_activation_is_told_once_and_after_the_change)
+TEST_P(DesktopContract, an_activation_is_reported_once_and_after_the_change)
 {
     const ContractWindow first = host->openWindow(kFrame);
     host->openWindow(kOtherFrame);
@@ -54,7 +54,7 @@ TEST_P(DesktopContract, an_activation_is_told_once_and_after_the_change)
     EXPECT_EQ(frontmost, std::vector{first.pid});
 }
 
-TEST_P(DesktopContract, the_end_of_an_application_is_told)
+TEST_P(DesktopContract, the_end_of_an_application_is_reported)
 {
     const ContractWindow window = host->openWindow(kFrame);
     int ended = 0;
@@ -65,19 +65,20 @@ TEST_P(DesktopContract, the_end_of_an_application_is_told)
     EXPECT_TRUE(host->waitUntil([&] { return ended > 0; }));
 }
 
-TEST_P(DesktopContract, an_observer_of_the_workspace_that_is_dropped_hears_nothing)
+TEST_P(DesktopContract, a_dropped_observer_of_the_workspace_is_not_called)
 {
     const ContractWindow first = host->openWindow(kFrame);
     host->openWindow(kOtherFrame);
     host->turnFor(Seconds(0.1));
-    int heard = 0;
-    Subscription observer = host->workspace().observe(WorkspaceNotification::didActivateApplication, [&] { ++heard; });
+    int reported = 0;
+    Subscription observer =
+        host->workspace().observe(WorkspaceNotification::didActivateApplication, [&] { ++reported; });
     observer.reset();
 
     host->focus(first);
     EXPECT_TRUE(host->waitUntil([&] { return host->workspace().frontmostApplication()->pid == first.pid; }));
     host->turnFor(Seconds(0.1));
-    EXPECT_EQ(heard, 0);
+    EXPECT_EQ(reported, 0);
 }
 
 TEST_P(DesktopContract, the_window_list_goes_from_front_to_back)
@@ -133,21 +134,21 @@ TEST_P(DesktopContract, a_minimised_window_leaves_the_list_on_screen)
     EXPECT_TRUE(host->waitUntil([&] { return !isListed(window.number); }));
 }
 
-TEST_P(DesktopContract, mouse_monitors_hear_buttons_that_others_get)
+TEST_P(DesktopContract, global_mouse_monitors_report_buttons_on_other_windows)
 {
     host->openWindow(kFrame);
     const EventMask mask = maskOf(EventType::leftMouseDown) | maskOf(EventType::leftMouseUp);
-    std::vector<EventType> heard;
+    std::vector<EventType> reported;
     const Subscription monitor =
-        host->input().addGlobalMouseMonitor(mask, [&](EventType type) { heard.push_back(type); });
+        host->input().addGlobalMouseMonitor(mask, [&](EventType type) { reported.push_back(type); });
     EXPECT_EQ(host->input().pressedMouseButtons(), 0u);
 
     host->pressButton();
-    EXPECT_TRUE(host->waitUntil([&] { return heard.size() == 1; }));
+    EXPECT_TRUE(host->waitUntil([&] { return reported.size() == 1; }));
     EXPECT_EQ(host->input().pressedMouseButtons(), 1u);
     host->releaseButton();
-    EXPECT_TRUE(host->waitUntil([&] { return heard.size() == 2; }));
-    EXPECT_EQ(heard, (std::vector{EventType::leftMouseDown, EventType::leftMouseUp}));
+    EXPECT_TRUE(host->waitUntil([&] { return reported.size() == 2; }));
+    EXPECT_EQ(reported, (std::vector{EventType::leftMouseDown, EventType::leftMouseUp}));
     EXPECT_EQ(host->input().pressedMouseButtons(), 0u);
 }
 

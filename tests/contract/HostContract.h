@@ -1,4 +1,4 @@
-// What the contract tests share: a new host for each test, and short ways to ask it something.
+// The fixture of the contract tests: a new host for each test, and short ways to query it.
 #pragma once
 
 #include "contract/ContractHost.h"
@@ -78,7 +78,7 @@ protected:
             .value_or(std::vector<WindowInfo>{});
     }
 
-    // Where a window stands in that list; its length when it is not there.
+    // The index of a window in that list; the list's length when it is not listed.
     std::size_t placeInList(WindowNumber number)
     {
         const auto list = onScreenList();

@@ -1,4 +1,4 @@
-// What the contract tests of overlay windows share.
+// The fixture of the contract tests of overlay windows.
 #pragma once
 
 #include "contract/HostContract.h"

@@ -1,4 +1,4 @@
-// Windows as the program makes its overlays.
+// Overlay windows.
 #include "contract/OverlayContract.h"
 
 namespace haloric {
@@ -16,7 +16,7 @@ TEST_P(OverlayContract, an_overlay_starts_ordered_out_with_a_number_and_takes_a_
     EXPECT_EQ(window->frame(), (Rect{10, 20, 320, 240}));
 }
 
-TEST_P(OverlayContract, an_overlay_may_lie_outside_every_screen)
+TEST_P(OverlayContract, an_overlay_may_be_outside_every_screen)
 {
     const auto window = shownOverlay();
     const Rect outside{-500, -400, 320, 240};
@@ -78,7 +78,7 @@ TEST_P(OverlayContract, a_window_that_is_shown_later_draws_its_contents_then)
     EXPECT_TRUE(host->waitUntil([&] { return view.drawn > 0; }));
 }
 
-TEST_P(OverlayContract, an_overlay_takes_no_focus_and_is_nobodys_frontmost_window)
+TEST_P(OverlayContract, an_overlay_does_not_take_the_focus)
 {
     const ContractWindow other = host->openWindow(kFrame);
     const auto window = shownOverlay();
@@ -87,7 +87,7 @@ TEST_P(OverlayContract, an_overlay_takes_no_focus_and_is_nobodys_frontmost_windo
     EXPECT_EQ(numberOfFocusedWindow(other.pid), other.number);
 }
 
-TEST_P(OverlayContract, an_overlay_is_listed_as_this_processs_own_or_not_at_all)
+TEST_P(OverlayContract, an_overlay_is_listed_with_this_process_as_owner_or_not_at_all)
 {
     const auto window = shownOverlay();
     for (const WindowInfo& info : onScreenList()) {

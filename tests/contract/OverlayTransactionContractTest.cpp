@@ -1,4 +1,4 @@
-// Overlays that are moved through the window server, past the toolkit.
+// Moves of overlays through the window server, past the toolkit.
 #include "contract/OverlayContract.h"
 #include "platform/WindowServerCalls.h"
 

@@ -44,7 +44,7 @@ TEST_P(RunLoopContract, a_delayed_task_does_not_run_before_its_time)
     EXPECT_GE((ran - start).count(), 0.0499);
 }
 
-TEST_P(RunLoopContract, equal_deadlines_run_in_the_order_in_which_they_were_asked_for)
+TEST_P(RunLoopContract, equal_deadlines_run_in_the_order_in_which_they_were_scheduled)
 {
     std::vector<int> order;
     for (int i = 0; i < 3; ++i)
@@ -102,10 +102,10 @@ TEST_P(RunLoopContract, uptime_does_not_run_backwards_and_the_calendar_is_of_thi
     EXPECT_GT(host->runLoop().wallClock(), Seconds(1'000'000'000));
 }
 
-TEST_P(RunLoopContract, a_serial_queue_runs_its_blocks_in_order_and_answers_on_the_main_thread)
+TEST_P(RunLoopContract, a_serial_queue_runs_its_blocks_in_order_and_can_post_to_the_main_thread)
 {
     const auto queue = host->serialQueues().make("com.kestrow.haloric.contract.order", QualityOfService::utility);
-    std::vector<int> order; // only the queue touches it until the answer has come
+    std::vector<int> order; // used on the queue only until `answered`
     bool answered = false;  // main thread
     for (int i = 0; i < 20; ++i)
         queue->async([&order, i] { order.push_back(i); });

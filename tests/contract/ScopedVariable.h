@@ -1,5 +1,5 @@
-// An environment variable that has a value as long as this object lives, and afterwards the one from before. For a
-// time when no other thread reads the environment.
+// Sets an environment variable for the lifetime of this object and then restores the previous value. No other thread
+// may read the environment when it is made or destroyed.
 #pragma once
 
 #include <cstdlib>

@@ -71,7 +71,7 @@ public:
 
     void close(const ContractWindow& window) override
     {
-        // An application of one window ends with it, though not in the same moment.
+        // An application of one window ends with it, a little later.
         m_desktop.windows.close(record(window));
         m_desktop.runLoop.postAfter(Seconds(0.01), [this, pid = window.pid] {
             if (SimApp* app = m_desktop.model.app(pid))

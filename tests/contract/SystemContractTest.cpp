@@ -1,4 +1,4 @@
-// What has to do with neither windows nor time.
+// User defaults, the bundle, processes, the environment and the log.
 #include "contract/HostContract.h"
 #include "platform/Bundle.h"
 #include "platform/Log.h"
@@ -10,7 +10,7 @@ namespace {
 
 class SystemContract : public HostContract {};
 
-TEST_P(SystemContract, user_defaults_give_back_what_was_stored)
+TEST_P(SystemContract, user_defaults_return_what_was_stored)
 {
     UserDefaults& defaults = host->userDefaults();
     const std::string bytes("{\"a\": 1}\0\xff", 10);
@@ -34,7 +34,7 @@ TEST_P(SystemContract, the_bundle_has_an_absolute_path_without_a_trailing_slash)
     EXPECT_EQ(host->bundle().infoString("NoSuchKeyOfTheContract"), std::nullopt);
 }
 
-TEST_P(SystemContract, a_program_that_is_there_is_started_and_another_one_is_not)
+TEST_P(SystemContract, an_existing_program_is_started_and_a_missing_one_is_not)
 {
     EXPECT_TRUE(host->processes().launch(host->knownProgram(), {"-c", "exit 0"}));
     EXPECT_FALSE(host->processes().launch(host->unknownProgram(), {}));
@@ -45,7 +45,7 @@ TEST_P(SystemContract, an_environment_variable_that_is_not_set_is_absent)
     EXPECT_EQ(host->processes().environmentVariable("HALORIC_CONTRACT_NOT_SET"), std::nullopt);
 }
 
-TEST_P(SystemContract, log_lines_reach_the_log_as_they_are)
+TEST_P(SystemContract, log_lines_reach_the_log_unchanged)
 {
     host->log().line("WindowServer contract: 100 % of it");
 

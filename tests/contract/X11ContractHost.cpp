@@ -41,14 +41,14 @@ X11ContractHost::~X11ContractHost() { ::close(m_logFile); }
 
 ProcessID X11ContractHost::ownProcess() { return ProcessID{::getpid()}; }
 
-// On another thread, because the main loop turns meanwhile. Only that thread uses the session until it has answered, at
-// the latest when its patience ends.
+// On another thread, because the main loop runs meanwhile. Only that thread uses the session until it has answered,
+// which it does at the latest when its time limit has passed.
 void X11ContractHost::ask(const std::string& verb, const std::function<bool()>& answer)
 {
     auto answered = std::async(std::launch::async, answer);
     while (answered.wait_for(Seconds(0)) != std::future_status::ready)
         m_desktop.loop.turn(Seconds(0.01));
-    if (!answered.get()) // not a failure of the adapters, and nothing that follows would mean anything
+    if (!answered.get()) // no failure of the adapters, but the rest of the test would mean nothing
         throw std::runtime_error("the desktop does not " + verb + " the window");
 }
 
@@ -129,7 +129,7 @@ std::string X11ContractHost::loggedText()
 
 std::vector<ContractHostFactory> contractHosts()
 {
-    // One whose compositor is a program of its own, and one that is both.
+    // A window manager with a separate compositor, and one that composites itself.
     return {{"X11Openbox",
              []() -> std::unique_ptr<ContractHost> {
                  return std::make_unique<X11ContractHost>(WindowManager::openbox, Compositor::picom);

@@ -1,8 +1,8 @@
-// The X11 host under the contract tests, on a desktop of its own: a private server with a window manager and a
-// compositor, where each window belongs to a process of its own. The verbs go through the window manager and through
-// the devices; what came of them is read over the observer's connection, of which the adapters know nothing.
+// The X11 host under the contract tests, on a private X server with a window manager and a compositor, where each
+// window belongs to a separate process. The verbs go through the window manager and the input devices; their effect is
+// read over the observer's connection, which the adapters do not use.
 //
-// While a verb waits for the window manager, the main loop turns, so that the adapters live through every step.
+// While a verb waits for the window manager, the main loop runs, so that the adapters handle every event in between.
 #pragma once
 
 #include "contract/ContractHost.h"

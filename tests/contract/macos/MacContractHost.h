@@ -1,5 +1,5 @@
-// The macOS host under the contract tests, on the desktop of the user who runs them. The test program and what
-// started it must be trusted for Accessibility; mouse and keyboard are not to be used meanwhile.
+// The macOS host under the contract tests, on the current user's desktop. The test program and what started it must be
+// trusted for Accessibility; mouse and keyboard are not to be used meanwhile.
 #pragma once
 
 #include "contract/macos/ContractWindowProcess.h"

@@ -68,7 +68,7 @@ ContractWindow MacContractHost::openWindow(const Rect& frame)
         const auto frontmost = m_workspace.frontmostApplication();
         return frontmost && frontmost->pid == window.pid;
     };
-    if (!waitUntil(isFrontmost)) // not a failure of the adapters, and nothing that follows would mean anything
+    if (!waitUntil(isFrontmost)) // no failure of the adapters, but the rest of the test would mean nothing
         throw std::runtime_error("the desktop does not activate the application");
     const Rect shown = frameOf(window).value();
     m_pointer = {shown.x + shown.width / 2, shown.y + shown.height / 2};

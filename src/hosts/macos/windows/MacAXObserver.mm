@@ -2,7 +2,7 @@
 
 #include "hosts/macos/base/MacConversions.h"
 #include "hosts/macos/base/OwnPool.h"
-#include "hosts/macos/windows/MacAXValues.h"
+#include "hosts/macos/windows/MacAXElement.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 #include "hosts/macos/windows/MacAccessibility.h"
 
 #include "hosts/macos/base/MacConversions.h"
+#include "hosts/macos/windows/MacAXElement.h"
 #include "hosts/macos/windows/MacAXObserver.h"
-#include "hosts/macos/windows/MacAXValues.h"
 
 #include <dlfcn.h>
 #include <utility>

@@ -10,7 +10,7 @@ namespace haloric {
 
 struct SimDesktopFixture {
     SimDesktop desktop;
-    std::vector<std::string> heard; // Accessibility notifications, as "application name"
+    std::vector<std::string> reported; // Accessibility notifications, as "application name"
     std::vector<std::pair<WindowServerEvent, WindowNumber>> serverEvents;
     std::vector<WorkspaceNotification> workspace;
     Subscription subscriptions[3];
@@ -19,7 +19,7 @@ struct SimDesktopFixture {
     {
         desktop.model.screens = {{DisplayID{1}, {0, 0, 1440, 900}, 60, 1}};
         subscriptions[0] = desktop.notifier.accessibility.subscribe([this](ProcessID pid, const std::string& name) {
-            heard.push_back(desktop.model.app(pid) ? desktop.model.app(pid)->name + " " + name : name);
+            reported.push_back(desktop.model.app(pid) ? desktop.model.app(pid)->name + " " + name : name);
         });
         subscriptions[1] = desktop.notifier.windowServer.subscribe(
             [this](WindowServerEvent event, WindowNumber window) { serverEvents.emplace_back(event, window); });
@@ -51,7 +51,7 @@ struct SimDesktopFixture {
     void settle()
     {
         desktop.runLoop.runFor(Seconds(0.1));
-        heard.clear();
+        reported.clear();
         serverEvents.clear();
         workspace.clear();
     }

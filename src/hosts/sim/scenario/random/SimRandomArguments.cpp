@@ -395,11 +395,4 @@ auto SimRandomArguments::missWindowLists() -> Arguments { return SimJson{{"count
 
 auto SimRandomArguments::failSaves() -> Arguments { return withValue(none(), m_dice.coin()); }
 
-auto SimRandomArguments::withValue(Arguments arguments, SimJson value) -> Arguments
-{
-    if (arguments)
-        (*arguments)["value"] = std::move(value);
-    return arguments;
-}
-
 } // namespace haloric

@@ -7,6 +7,7 @@
 #include "hosts/sim/scenario/session/SimJson.h"
 
 #include <optional>
+#include <utility>
 
 namespace haloric {
 
@@ -76,7 +77,12 @@ private:
     Rect anyFrame();
     SimJson anySetting();
     void addDimming(SimJson& change);
-    static Arguments withValue(Arguments arguments, SimJson value);
+    static Arguments withValue(Arguments arguments, SimJson value)
+    {
+        if (arguments)
+            (*arguments)["value"] = std::move(value);
+        return arguments;
+    }
 
     SimDice& m_dice;
     const SimDesktop* m_desktop = nullptr;

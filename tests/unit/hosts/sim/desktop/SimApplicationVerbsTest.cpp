@@ -33,7 +33,7 @@ TEST(SimApplicationVerbs, hiding_the_only_application_leaves_it_frontmost)
     EXPECT_TRUE(editor.hidden);
 }
 
-TEST(SimApplicationVerbs, an_application_that_quits_takes_its_windows_along)
+TEST(SimApplicationVerbs, an_application_that_quits_closes_its_windows)
 {
     SimDesktopFixture fixture;
     SimApp& editor = fixture.launch("Editor");

@@ -27,8 +27,8 @@ TEST(SimFocus, closing_the_focused_window_focuses_the_next_one_of_the_applicatio
     fixture.desktop.windows.close(*fixture.desktop.model.windows.named("b"));
     fixture.run();
     EXPECT_EQ(fixture.focusedIn(editor), "a");
-    EXPECT_THAT(fixture.heard, Contains("Editor AXUIElementDestroyed"));
-    EXPECT_THAT(fixture.heard, Contains("Editor AXFocusedWindowChanged"));
+    EXPECT_THAT(fixture.reported, Contains("Editor AXUIElementDestroyed"));
+    EXPECT_THAT(fixture.reported, Contains("Editor AXFocusedWindowChanged"));
 }
 
 } // namespace

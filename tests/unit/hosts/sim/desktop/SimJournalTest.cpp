@@ -15,7 +15,7 @@ TEST(SimJournal, lines_have_time_kind_and_frame)
     EXPECT_EQ(SimJournal::line(entries[1]), "    1.5000  overlay moved: #7 at 1, 2 size 30.5 x 40");
 }
 
-TEST(SimJournal, the_digest_tells_journals_apart_with_and_without_entries)
+TEST(SimJournal, different_journals_have_different_digests_with_and_without_entries)
 {
     const auto digestOf = [](const char* text, bool keeps) {
         SimDesktopFixture fixture;

@@ -6,16 +6,16 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(SimNotifier, nothing_is_told_inside_the_verb_that_causes_it)
+TEST(SimNotifier, nothing_is_published_inside_the_verb_that_causes_it)
 {
     SimDesktopFixture fixture;
     fixture.open(fixture.launch("Editor"), "a");
     EXPECT_THAT(fixture.workspace, IsEmpty());
-    EXPECT_THAT(fixture.heard, IsEmpty());
+    EXPECT_THAT(fixture.reported, IsEmpty());
 
     fixture.run();
     EXPECT_THAT(fixture.workspace, ElementsAre(WorkspaceNotification::didActivateApplication));
-    EXPECT_THAT(fixture.heard,
+    EXPECT_THAT(fixture.reported,
                 ElementsAre("Editor AXWindowCreated", "Editor AXFocusedWindowChanged", "Editor AXMainWindowChanged"));
 }
 
@@ -30,12 +30,12 @@ TEST(SimNotifier, a_hung_application_reports_late_and_in_order)
     fixture.desktop.windows.setFrame(window, {150, 100, 400, 300});
     fixture.desktop.windows.setFrame(window, {150, 100, 500, 300});
     fixture.run();
-    EXPECT_THAT(fixture.heard, IsEmpty());
-    EXPECT_EQ(fixture.serverEvents.size(), 2u) << "the window server needs no answer of it";
+    EXPECT_THAT(fixture.reported, IsEmpty());
+    EXPECT_EQ(fixture.serverEvents.size(), 2u) << "the window server reports without the application";
 
     fixture.desktop.applications.setResponsive(editor, true);
     fixture.run();
-    EXPECT_THAT(fixture.heard, ElementsAre("Editor AXWindowMoved", "Editor AXWindowResized"));
+    EXPECT_THAT(fixture.reported, ElementsAre("Editor AXWindowMoved", "Editor AXWindowResized"));
 }
 
 TEST(SimNotifier, with_jitter_sources_overtake_each_other_but_each_keeps_its_order)

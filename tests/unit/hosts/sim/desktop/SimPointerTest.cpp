@@ -49,7 +49,7 @@ TEST(SimPointer, a_window_that_closes_during_its_drag_ends_nothing_but_itself)
     EXPECT_EQ(fixture.desktop.model.pressedButtons, 0u);
 }
 
-TEST(SimPointer, a_dragged_window_comes_along_to_another_space)
+TEST(SimPointer, a_dragged_window_moves_along_to_another_space)
 {
     SimDesktopFixture fixture;
     SimApp& editor = fixture.launch("Editor");

@@ -12,15 +12,15 @@ TEST(SimScreenVerbs, windows_of_an_unplugged_screen_move_to_the_primary_one)
     fixture.desktop.screens.plug({DisplayID{2}, {1440, 0, 800, 600}, 60, 1});
     SimWindow& window = fixture.open(fixture.launch("Editor"), "a", {1600, 50, 400, 300});
     fixture.settle();
-    int told = 0;
-    const auto observer = fixture.desktop.notifier.screens.subscribe([&] { ++told; });
+    int notified = 0;
+    const auto observer = fixture.desktop.notifier.screens.subscribe([&] { ++notified; });
 
     fixture.desktop.screens.unplug(DisplayID{2});
     EXPECT_TRUE(fixture.desktop.notifier.screensPending());
     fixture.run();
     EXPECT_EQ(window.frame, (Rect{1040, 50, 400, 300}));
     EXPECT_THAT(fixture.serverEvents, ElementsAre(Pair(WindowServerEvent::moved, window.number)));
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(notified, 1);
     EXPECT_FALSE(fixture.desktop.notifier.screensPending());
 }
 

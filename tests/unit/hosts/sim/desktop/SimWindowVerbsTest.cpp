@@ -7,7 +7,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::Pair;
 
-TEST(SimWindowVerbs, a_move_and_a_resize_are_told_apart)
+TEST(SimWindowVerbs, a_move_and_a_resize_are_reported_separately)
 {
     SimDesktopFixture fixture;
     SimWindow& window = fixture.open(fixture.launch("Editor"), "a");
@@ -16,16 +16,16 @@ TEST(SimWindowVerbs, a_move_and_a_resize_are_told_apart)
     fixture.desktop.windows.setFrame(window, {150, 100, 400, 300});
     fixture.run();
     EXPECT_THAT(fixture.serverEvents, ElementsAre(Pair(WindowServerEvent::moved, window.number)));
-    EXPECT_THAT(fixture.heard, ElementsAre("Editor AXWindowMoved"));
+    EXPECT_THAT(fixture.reported, ElementsAre("Editor AXWindowMoved"));
     fixture.settle();
     fixture.desktop.windows.setFrame(window, {150, 100, 450, 300});
     fixture.run();
     EXPECT_THAT(fixture.serverEvents, ElementsAre(Pair(WindowServerEvent::resized, window.number)));
-    EXPECT_THAT(fixture.heard, ElementsAre("Editor AXWindowResized"));
+    EXPECT_THAT(fixture.reported, ElementsAre("Editor AXWindowResized"));
     fixture.settle();
     fixture.desktop.windows.setFrame(window, window.frame);
     fixture.run();
-    EXPECT_TRUE(fixture.serverEvents.empty() && fixture.heard.empty());
+    EXPECT_TRUE(fixture.serverEvents.empty() && fixture.reported.empty());
 }
 
 TEST(SimWindowVerbs, a_minimised_window_leaves_the_screen_and_the_focus)
@@ -40,16 +40,16 @@ TEST(SimWindowVerbs, a_minimised_window_leaves_the_screen_and_the_focus)
     EXPECT_FALSE(fixture.desktop.model.isOnScreen(window));
     EXPECT_EQ(fixture.focusedIn(editor), "");
     EXPECT_THAT(fixture.serverEvents, ElementsAre(Pair(WindowServerEvent::orderedOut, window.number)));
-    EXPECT_THAT(fixture.heard, Contains("Editor AXWindowMiniaturized"));
+    EXPECT_THAT(fixture.reported, Contains("Editor AXWindowMiniaturized"));
 
     fixture.desktop.windows.restore(window);
     fixture.run();
     EXPECT_TRUE(fixture.desktop.model.isOnScreen(window));
     EXPECT_EQ(fixture.focusedIn(editor), "a");
-    EXPECT_THAT(fixture.heard, Contains("Editor AXWindowDeminiaturized"));
+    EXPECT_THAT(fixture.reported, Contains("Editor AXWindowDeminiaturized"));
 }
 
-TEST(SimWindowVerbs, full_screen_takes_a_space_of_its_own_and_gives_it_back)
+TEST(SimWindowVerbs, a_full_screen_window_has_its_own_space_until_it_leaves_full_screen)
 {
     SimDesktopFixture fixture;
     SimApp& editor = fixture.launch("Editor");

@@ -34,7 +34,7 @@ protected:
     int performed = 0;
 };
 
-TEST_F(SimFormWindowsTest, a_window_comes_up_centred_with_the_focus)
+TEST_F(SimFormWindowsTest, a_window_opens_centred_with_the_focus)
 {
     const auto window = make();
     EXPECT_FALSE(window->isVisible());
@@ -49,7 +49,7 @@ TEST_F(SimFormWindowsTest, a_window_comes_up_centred_with_the_focus)
     EXPECT_EQ(fixture.desktop.model.frontmost, SimModel::kOwnProcess);
 }
 
-TEST_F(SimFormWindowsTest, a_window_that_was_closed_comes_back_where_it_was)
+TEST_F(SimFormWindowsTest, a_closed_window_reopens_where_it_was)
 {
     const auto window = make();
     window->makeKeyAndOrderFront();
@@ -77,7 +77,7 @@ TEST_F(SimFormWindowsTest, controls_take_what_a_user_can_give_them)
     EXPECT_EQ(performed, 2);
 }
 
-TEST_F(SimFormWindowsTest, controls_refuse_the_rest)
+TEST_F(SimFormWindowsTest, controls_refuse_other_values)
 {
     isEnabled = false;
     const auto window = make();
@@ -89,7 +89,7 @@ TEST_F(SimFormWindowsTest, controls_refuse_the_rest)
     EXPECT_FALSE(windows.change("missing", Value()));
 }
 
-TEST_F(SimFormWindowsTest, a_window_goes_with_its_owner)
+TEST_F(SimFormWindowsTest, a_destroyed_window_leaves_the_desktop)
 {
     auto window = make();
     window->makeKeyAndOrderFront();

@@ -6,7 +6,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(SimInputMonitors, buttons_reach_the_monitor_of_whoever_is_frontmost)
+TEST(SimInputMonitors, buttons_reach_the_global_or_the_local_monitor_by_the_frontmost_application)
 {
     SimDesktopFixture fixture;
     SimInputMonitors input(fixture.desktop);
@@ -30,35 +30,35 @@ TEST(SimInputMonitors, buttons_reach_the_monitor_of_whoever_is_frontmost)
     EXPECT_EQ(global.size(), 1u);
 }
 
-TEST(SimInputMonitors, a_tap_hears_what_its_mask_names_while_it_is_enabled)
+TEST(SimInputMonitors, an_enabled_tap_receives_the_events_of_its_mask)
 {
     SimDesktopFixture fixture;
     SimInputMonitors input(fixture.desktop);
-    std::vector<EventType> heard;
+    std::vector<EventType> reported;
     EventTapDescription description;
     description.mask = maskOf(EventType::keyDown) | maskOf(EventType::leftMouseUp);
-    const auto tap = input.createEventTap(description, [&](const TapEvent& event) { heard.push_back(event.type); });
+    const auto tap = input.createEventTap(description, [&](const TapEvent& event) { reported.push_back(event.type); });
     ASSERT_TRUE(tap);
     tap->addToMainRunLoop();
     fixture.desktop.keyboard.press(21, 0);
     fixture.run();
-    EXPECT_TRUE(heard.empty()) << "not enabled yet";
+    EXPECT_TRUE(reported.empty()) << "not enabled yet";
 
     tap->enable();
     fixture.desktop.keyboard.press(21, 0);
     fixture.desktop.pointer.press(SimButton::left);
     fixture.desktop.pointer.release(SimButton::left);
     fixture.run();
-    EXPECT_THAT(heard, ElementsAre(EventType::keyDown, EventType::leftMouseUp));
+    EXPECT_THAT(reported, ElementsAre(EventType::keyDown, EventType::leftMouseUp));
 
     fixture.desktop.keyboard.disableTaps(EventType::tapDisabledByTimeout);
     fixture.desktop.keyboard.press(21, 0);
     fixture.run();
-    EXPECT_THAT(heard.back(), EventType::tapDisabledByTimeout) << "told, and then out of service";
+    EXPECT_THAT(reported.back(), EventType::tapDisabledByTimeout) << "reported, and then disabled";
     tap->enable();
     fixture.desktop.keyboard.press(21, 0);
     fixture.run();
-    EXPECT_THAT(heard.back(), EventType::keyDown);
+    EXPECT_THAT(reported.back(), EventType::keyDown);
 }
 
 } // namespace

@@ -24,7 +24,7 @@ TEST_F(SimRunLoopTest, nothing_runs_inside_the_call_that_posts_it)
     EXPECT_EQ(ran, std::vector{1});
 }
 
-TEST_F(SimRunLoopTest, equal_deadlines_run_in_the_order_in_which_they_were_asked_for)
+TEST_F(SimRunLoopTest, equal_deadlines_run_in_the_order_in_which_they_were_scheduled)
 {
     loop.postAfter(Seconds(1), note(1));
     const auto timer = loop.scheduleOnce(Seconds(1), note(2));
@@ -43,7 +43,7 @@ TEST_F(SimRunLoopTest, deadlines_run_in_order_and_see_their_own_instant)
     EXPECT_EQ(loop.systemUptime().count(), 1.0);
 }
 
-TEST_F(SimRunLoopTest, a_repeating_timer_keeps_its_beat_until_it_is_cancelled)
+TEST_F(SimRunLoopTest, a_repeating_timer_fires_at_its_interval_until_it_is_cancelled)
 {
     auto timer = loop.scheduleRepeating(Seconds(0.15), Seconds(0.075), note(1));
     loop.runFor(Seconds(0.5));
@@ -75,7 +75,7 @@ TEST_F(SimRunLoopTest, cancelling_a_timer_that_has_fired_does_nothing)
     EXPECT_EQ(loop.armedTimerCount(), 0U);
 }
 
-TEST_F(SimRunLoopTest, the_tolerances_of_the_armed_timers_are_known)
+TEST_F(SimRunLoopTest, the_tolerances_of_the_armed_timers_are_listed)
 {
     const auto once = loop.scheduleOnce(Seconds(0.1), note(1));
     auto tolerant = loop.scheduleRepeating(Seconds(0.1), Seconds(0.05), note(2));
@@ -87,7 +87,7 @@ TEST_F(SimRunLoopTest, the_tolerances_of_the_armed_timers_are_known)
     EXPECT_EQ(loop.armedTolerances(), std::multiset<Seconds>{Seconds(0)});
 }
 
-TEST(SimRunLoop, pending_events_can_be_asked_for_and_discarded)
+TEST(SimRunLoop, pending_events_can_be_queried_and_discarded)
 {
     SimRunLoop runLoop;
     EXPECT_FALSE(runLoop.nextDue());

@@ -50,7 +50,7 @@ TEST(SimToolkitWindow, the_toolkit_does_not_ask_the_server_for_a_frame_that_it_b
     fixture.onServer().frame = {400, 300, 300, 200}; // moved by the window server
     EXPECT_EQ(fixture.window->frame(), (Rect{10, 20, 300, 200}));
 
-    fixture.window->setFrameOrigin({10, 20}); // where the toolkit thinks that it is
+    fixture.window->setFrameOrigin({10, 20}); // where the toolkit believes it to be
     EXPECT_EQ(fixture.onServer().frame, (Rect{400, 300, 300, 200}));
     fixture.window->setFrameOrigin({11, 20});
     EXPECT_EQ(fixture.onServer().frame, (Rect{11, 680, 300, 200}));
@@ -80,7 +80,7 @@ TEST(SimToolkitWindow, requests_to_draw_are_joined_and_a_new_size_draws)
     fixture.window->orderOut();
     fixture.window->setNeedsDisplay();
     fixture.desktop.runLoop.runPosted();
-    EXPECT_EQ(fixture.view.drawn, 2) << "nobody sees it";
+    EXPECT_EQ(fixture.view.drawn, 2) << "it is hidden";
     fixture.window->orderFront();
     fixture.desktop.runLoop.runPosted();
     EXPECT_EQ(fixture.view.drawn, 3);

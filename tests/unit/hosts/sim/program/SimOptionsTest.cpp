@@ -50,7 +50,7 @@ TEST(SimOptions, help_version_and_schema_need_nothing_else)
     EXPECT_EQ(parsed({"--schema"}).action, Action::schema);
 }
 
-TEST(SimOptions, arguments_that_make_no_sense_are_named)
+TEST(SimOptions, wrong_arguments_are_named)
 {
     EXPECT_EQ(problemOf({}), "give a scenario file, or --seed");
     EXPECT_EQ(problemOf({"--fast"}), "unknown argument: --fast");

@@ -53,7 +53,7 @@ TEST_F(SimProgramTest, a_good_scenario_prints_its_journal_and_succeeds)
     EXPECT_EQ(errors, "");
 }
 
-TEST_F(SimProgramTest, a_disappointed_expectation_prints_the_journal_so_far_and_fails)
+TEST_F(SimProgramTest, a_failed_expectation_prints_the_journal_so_far_and_fails)
 {
     EXPECT_EQ(run(replaying(write(R"({"title": "t", "steps": [{"do": "expectHighlight", "after": 1}]})"))), 1);
     EXPECT_THAT(output, testing::HasSubstr("step: expectHighlight"));

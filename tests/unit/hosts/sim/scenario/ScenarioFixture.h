@@ -1,4 +1,4 @@
-// Plays a scenario that stands in a test as text.
+// Plays a scenario that a test has as text.
 #pragma once
 
 #include "hosts/sim/scenario/SimReplay.h"
@@ -17,7 +17,7 @@ struct PlayedScenario {
     SimPlayer& player() { return replay->player(); }
 };
 
-// `steps` are the steps alone, without the brackets of their list; `setup` is an object.
+// `steps` are the steps without the brackets of their list; `setup` is an object.
 inline PlayedScenario playScenario(const std::string& steps, const std::string& setup = "{}")
 {
     PlayedScenario played;

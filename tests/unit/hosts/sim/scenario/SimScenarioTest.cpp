@@ -101,10 +101,10 @@ TEST(SimScenario, what_is_written_is_read_back_the_same)
 TEST(SimScenario, the_schema_in_the_repository_is_the_one_in_force)
 {
     EXPECT_EQ(contentsOf(HALORIC_SCENARIOS "/schema.json"), SimScenario::schemaText())
-        << "write it anew: haloric-sim --schema > scenarios/schema.json";
+        << "write it again: haloric-sim --schema > scenarios/schema.json";
 }
 
-TEST(SimScenario, the_schema_knows_every_verb_and_argument)
+TEST(SimScenario, the_schema_has_every_verb_and_argument)
 {
     const SimJson schema = SimScenario::schema();
     const SimJson& alternatives = schema["properties"]["steps"]["items"]["oneOf"];
@@ -131,7 +131,7 @@ TEST(SimScenario, every_story_ends_in_an_expectation_or_a_look_at_the_desktop_at
     EXPECT_GE(stories, 15u);
 }
 
-TEST(SimScenario, the_documentation_tells_of_every_verb_and_setup_member)
+TEST(SimScenario, the_documentation_lists_every_verb_and_setup_member)
 {
     const std::string document = contentsOf(HALORIC_SCENARIOS "/../docs/simulation.md");
     for (const SimStepKind* kind : allSimStepKinds())
@@ -140,7 +140,7 @@ TEST(SimScenario, the_documentation_tells_of_every_verb_and_setup_member)
         EXPECT_THAT(document, HasSubstr("| `" + std::string(member.name) + "` | "));
 }
 
-TEST(SimScenario, every_verb_has_a_name_of_its_own)
+TEST(SimScenario, verbs_are_unique)
 {
     std::set<std::string_view> names;
     for (const SimStepKind* kind : allSimStepKinds())

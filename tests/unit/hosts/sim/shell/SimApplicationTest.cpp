@@ -24,7 +24,7 @@ TEST(SimApplication, its_key_window_is_its_focused_one_while_it_is_frontmost)
     EXPECT_FALSE(application.keyWindow());
 }
 
-TEST(SimApplication, it_terminates_once_and_tells_its_delegate)
+TEST(SimApplication, it_terminates_once_and_notifies_its_delegate)
 {
     struct Delegate : ApplicationDelegate {
         int launched = 0;

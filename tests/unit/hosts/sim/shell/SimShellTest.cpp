@@ -54,7 +54,7 @@ TEST(SimUserDefaults, a_save_that_fails_leaves_what_was_stored)
     EXPECT_EQ(defaults.data("k"), "old");
 }
 
-TEST(SimProcesses, a_launch_fails_when_told_or_for_an_unknown_program)
+TEST(SimProcesses, a_launch_fails_by_fault_or_for_an_unknown_program)
 {
     SimDesktopFixture fixture;
     SimProcesses processes(fixture.desktop);

@@ -55,7 +55,7 @@ TEST(SimAccessibility, a_hung_application_takes_the_messaging_timeout_of_virtual
     EXPECT_NEAR((meanwhile - start).count(), 0.1, 0.001) << "the main loop goes on";
 }
 
-TEST(SimAccessibility, without_trust_nothing_is_told_and_nobody_observed)
+TEST(SimAccessibility, without_trust_attributes_and_observers_are_refused)
 {
     AccessibilityFixture fixture;
     fixture.desktop.model.trusted = false;
@@ -68,7 +68,7 @@ TEST(SimAccessibility, without_trust_nothing_is_told_and_nobody_observed)
     EXPECT_EQ(fixture.desktop.journal.count(SimJournal::Kind::prompt), 1u);
 }
 
-TEST(SimAccessibility, the_close_button_tells_the_title_bar)
+TEST(SimAccessibility, the_close_button_has_the_middle_of_the_title_bar)
 {
     AccessibilityFixture fixture;
     fixture.window.titleBarHeight = 40;
@@ -100,12 +100,12 @@ TEST(SimAccessibility, a_refused_notification_is_not_delivered_and_the_others_ar
 {
     AccessibilityFixture fixture;
     fixture.desktop.faults.refusedNotifications = {"AXWindowMoved"};
-    std::vector<std::string> heard;
+    std::vector<std::string> reported;
     std::unique_ptr<AXObserver> observer;
     fixture.onQueue([&] {
         const auto app = fixture.accessibility.createApplicationElement(fixture.editor.pid);
         observer =
-            fixture.accessibility.createObserver(fixture.editor.pid, [&](auto name) { heard.emplace_back(name); });
+            fixture.accessibility.createObserver(fixture.editor.pid, [&](auto name) { reported.emplace_back(name); });
         EXPECT_EQ(observer->addNotification(app, "AXWindowMoved"), AXError::notificationUnsupported);
         EXPECT_EQ(observer->addNotification(app, "AXWindowResized"), AXError::success);
     });
@@ -113,7 +113,7 @@ TEST(SimAccessibility, a_refused_notification_is_not_delivered_and_the_others_ar
 
     fixture.desktop.windows.setFrame(fixture.window, {0, 0, 500, 400});
     fixture.run();
-    EXPECT_THAT(heard, testing::ElementsAre("AXWindowResized"));
+    EXPECT_THAT(reported, testing::ElementsAre("AXWindowResized"));
     fixture.onQueue([&] { observer.reset(); });
 }
 
@@ -127,7 +127,7 @@ TEST(SimAccessibility, calls_outside_a_queue_are_counted)
     EXPECT_EQ(fixture.accessibility.misplacedCalls(), 1u);
 }
 
-TEST(SimAccessibility, a_window_may_keep_its_number_to_itself)
+TEST(SimAccessibility, a_window_may_have_no_readable_number)
 {
     AccessibilityFixture fixture;
     fixture.window.numberUntold = true;

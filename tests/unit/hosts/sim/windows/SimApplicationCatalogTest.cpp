@@ -4,7 +4,7 @@
 namespace haloric {
 namespace {
 
-TEST(SimApplicationCatalog, knows_the_applications_that_run)
+TEST(SimApplicationCatalog, the_applications_that_run_are_installed)
 {
     SimDesktopFixture fixture;
     const SimApplicationCatalog catalog(fixture.desktop);

@@ -4,7 +4,7 @@
 namespace haloric {
 namespace {
 
-TEST(SimWindowInfoSource, reads_can_give_nothing_for_a_while)
+TEST(SimWindowInfoSource, reads_can_fail_for_a_while)
 {
     SimDesktopFixture fixture;
     fixture.addOverlay({10, 680, 300, 200}).layer = 3;

@@ -61,7 +61,7 @@ TEST(SimOracle, nothing_is_expected_of_windows_that_deserve_no_highlight)
     }
 }
 
-TEST(SimOracle, a_full_screen_window_may_do_without)
+TEST(SimOracle, a_full_screen_window_may_have_no_highlight)
 {
     OracleFixture fixture;
     fixture.desktop.windows.enterFullScreen(*fixture.draft);
@@ -72,7 +72,7 @@ TEST(SimOracle, a_full_screen_window_may_do_without)
     EXPECT_TRUE(fixture.oracle.focusedFrame());
 }
 
-TEST(SimOracle, nobody_can_tell_about_a_hung_application_or_without_screens)
+TEST(SimOracle, nothing_is_expected_of_a_hung_application_or_without_screens)
 {
     OracleFixture fixture;
     EXPECT_TRUE(fixture.oracle.canTell());

@@ -19,7 +19,7 @@ TEST(SimRandomRun, the_same_seed_gives_the_same_journals)
 
 TEST(SimRandomRun, another_seed_gives_other_journals) { EXPECT_NE(run(5, 400).digest, run(6, 400).digest); }
 
-TEST(SimRandomRun, an_episode_is_the_same_alone_as_among_others)
+TEST(SimRandomRun, an_episode_is_the_same_when_played_separately)
 {
     const auto alone = SimRandomRun({.seed = 5, .steps = 10'000, .episode = 0}).run();
 

@@ -56,8 +56,8 @@ TEST(SimShrinker, the_setup_keeps_only_what_matters)
     EXPECT_EQ(shrinker.shrink(scenario).setup, (SimJson{{"trusted", false}}));
 }
 
-// The checkers find a window server that says it has moved an overlay and has not, and what they found becomes a
-// scenario of a few steps that still shows it.
+// The checkers find a window server that reports a move of an overlay without making it, and the episode is shortened
+// to a scenario of a few steps that still fails.
 TEST(SimShrinker, a_planted_fault_is_found_and_shortened)
 {
     const auto result = SimRandomRun({.seed = 1,
@@ -77,7 +77,7 @@ TEST(SimShrinker, a_planted_fault_is_found_and_shortened)
     EXPECT_TRUE(SimShrinker::failsWhenPlayed(SimScenario::parse(shorter.toJson().dump(), "shortened")));
     SimScenario honest = shorter;
     std::erase_if(honest.steps, [](const SimStep& step) { return step.kind->name == "transactionsLie"; });
-    EXPECT_FALSE(SimShrinker::failsWhenPlayed(honest)) << "it is the fault that fails, not the scenario";
+    EXPECT_FALSE(SimShrinker::failsWhenPlayed(honest)) << "without the fault the scenario holds";
 }
 
 } // namespace

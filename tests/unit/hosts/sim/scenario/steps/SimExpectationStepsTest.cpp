@@ -1,4 +1,4 @@
-// Every expectation holds where it should, and is disappointed where it should be.
+// Every expectation in a state in which it holds and in one in which it fails.
 #include "unit/hosts/sim/scenario/ScenarioFixture.h"
 
 namespace haloric {
@@ -12,7 +12,7 @@ struct Case {
 
 class Expectations : public testing::TestWithParam<Case> {};
 
-TEST_P(Expectations, hold_or_are_disappointed)
+TEST_P(Expectations, hold_or_fail)
 {
     const auto& [step, before, holds] = GetParam();
     const std::string comma = before.empty() ? "" : ", ";

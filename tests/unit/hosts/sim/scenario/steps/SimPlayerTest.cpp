@@ -33,7 +33,7 @@ TEST(SimPlayer, the_same_story_gives_the_same_journal)
     EXPECT_THAT(once, HasSubstr("save: Haloric.settings.v1"));
 }
 
-TEST(SimPlayer, the_journal_tells_nothing_that_nobody_can_see)
+TEST(SimPlayer, the_journal_has_nothing_but_visible_changes)
 {
     auto played = playScenario(kEditorSteps);
     const auto before = played.player().desktop().journal.entries().size();
@@ -55,7 +55,7 @@ TEST(SimPlayer, steps_come_at_their_instants_and_after_their_delays)
     EXPECT_EQ(played.player().now(), Seconds(3));
 }
 
-TEST(SimPlayer, a_name_that_is_not_there_is_an_error_that_names_the_step)
+TEST(SimPlayer, an_unknown_name_is_an_error_that_names_the_step)
 {
     try {
         playScenario(R"({"do": "wait"}, {"do": "focus", "window": "ghost"})");
@@ -80,7 +80,7 @@ TEST(SimPlayer, a_setting_of_the_wrong_type_is_an_error)
     EXPECT_THROW(playScenario(R"({"do": "settings", "change": {"borderWidth": "thick"}})"), SimScenarioError);
 }
 
-TEST(SimPlayer, a_failure_tells_step_and_instant)
+TEST(SimPlayer, a_failure_names_step_and_instant)
 {
     auto played = playScenario(kEditorSteps + R"(, {"do": "expectNoHighlight"})");
 

@@ -1,4 +1,4 @@
-#include "hosts/macos/windows/MacAXValues.h"
+#include "hosts/macos/windows/MacAXElement.h"
 
 #include "hosts/macos/base/MacConversions.h"
 

@@ -1,4 +1,4 @@
-// Accessibility elements and attribute values of macOS as those of src/platform, and back. Accessibility queue.
+// An Accessibility element of macOS, and attribute values as those of src/platform. Accessibility queue.
 #pragma once
 
 #include "hosts/macos/base/CFOwned.h"

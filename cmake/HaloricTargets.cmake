@@ -41,6 +41,7 @@ mark_as_advanced(HALORIC_UNITY_BATCH)
 function(haloric_compile_in_batches name)
     set_target_properties(${name} PROPERTIES
         UNITY_BUILD ${HALORIC_UNITY} UNITY_BUILD_BATCH_SIZE ${HALORIC_UNITY_BATCH})
+    # Each of their sources has sizes and the like of its own, under the same names.
     if(name MATCHES "^haloric_linux_(files|form|qt|shell)$")
         set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
     endif()

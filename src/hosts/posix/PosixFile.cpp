@@ -73,7 +73,7 @@ int PosixFile::makeFolders(const std::filesystem::path& folder)
     }
     if (mkdir(folder.c_str(), 0700) == 0)
         return 0;
-    const int number = errno; // somebody else may have made it meanwhile
+    const int number = errno; // another process may have made it meanwhile
     return number == EEXIST && std::filesystem::is_directory(folder, error) ? 0 : number;
 }
 

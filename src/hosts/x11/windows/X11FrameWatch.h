@@ -2,8 +2,7 @@
 // however busy the main thread is. Windows are named by their client's X id; rectangles are visible frames in root
 // pixels.
 //
-// The thread alone reads from its connection, so every event wakes it. Like everybody it waits for the X server
-// alone.
+// Only the thread reads from its connection, so every event wakes it. It blocks only on the X server.
 #pragma once
 
 #include "hosts/x11/server/X11Atoms.h"

@@ -21,6 +21,13 @@ public:
         return least + static_cast<std::int64_t>(below(static_cast<std::size_t>(most - least + 1)));
     }
 
+    // A whole number, sometimes half a one more.
+    double halves(std::int64_t least, std::int64_t most)
+    {
+        const auto whole = static_cast<double>(between(least, most));
+        return chance(0.1) ? whole + 0.5 : whole;
+    }
+
     double fraction() { return static_cast<double>(m_engine() >> 11) * 0x1p-53; } // 0 to below 1
     bool chance(double probability) { return fraction() < probability; }
     bool coin() { return (m_engine() & 1) != 0; }

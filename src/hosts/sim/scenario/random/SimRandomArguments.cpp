@@ -6,17 +6,6 @@
 
 namespace haloric {
 
-namespace {
-
-// Frames and sizes in whole points, sometimes in halves.
-double halves(SimDice& dice, std::int64_t least, std::int64_t most)
-{
-    const auto whole = static_cast<double>(dice.between(least, most));
-    return dice.chance(0.1) ? whole + 0.5 : whole;
-}
-
-} // namespace
-
 SimJson SimRandomArguments::setup()
 {
     SimJson setup{{"version", m_dice.chance(0.3) ? 13 : 14},
@@ -169,10 +158,10 @@ Rect SimRandomArguments::anyFrame()
         return {screen.x + 10, screen.y + 10, m_dice.coin() ? 1.0 : 2.0, 400};
     const auto whole = [](double value) { return static_cast<std::int64_t>(value); };
     Rect frame;
-    frame.width = halves(m_dice, 40, whole(screen.width));
-    frame.height = halves(m_dice, 30, whole(screen.height));
-    frame.x = screen.x + halves(m_dice, -200, whole(screen.width) - 20);
-    frame.y = screen.y + halves(m_dice, 0, whole(screen.height) - 20);
+    frame.width = m_dice.halves(40, whole(screen.width));
+    frame.height = m_dice.halves(30, whole(screen.height));
+    frame.x = screen.x + m_dice.halves(-200, whole(screen.width) - 20);
+    frame.y = screen.y + m_dice.halves(0, whole(screen.height) - 20);
     return frame;
 }
 

@@ -1,5 +1,7 @@
 #include "hosts/x11/windows/X11Client.h"
 
+#include "hosts/x11/server/X11Property.h"
+
 namespace haloric {
 namespace {
 
@@ -75,6 +77,92 @@ TEST(X11ClientNotice, another_frame_desktop_or_type_is_worth_a_look)
         alter(now);
         EXPECT_THAT(changesTo(now), UnorderedElementsAre(Change::otherwise));
     }
+}
+
+X11Property extents(std::initializer_list<std::uint32_t> values)
+{
+    const std::string bytes(reinterpret_cast<const char*>(std::data(values)), values.size() * sizeof(std::uint32_t));
+    return {XCB_ATOM_CARDINAL, 32, bytes};
+}
+
+// A frame window exactly as large as the decoration.
+X11FrameGeometry snug() { return {{100, 100, 412, 330}, {5, 29, 402, 296}, X11Extents{5, 5, 29, 5}, std::nullopt}; }
+
+TEST(X11FrameGeometry, the_visible_frame_is_the_client_with_its_decoration)
+{
+    EXPECT_EQ(snug().visibleFrame(), (PixelRect{100, 100, 412, 330}));
+}
+
+TEST(X11FrameGeometry, an_invisible_margin_of_the_frame_is_not_part_of_it)
+{
+    const X11FrameGeometry margin{{90, 92, 420, 360}, {10, 45, 400, 300}, X11Extents{0, 0, 37, 0}, std::nullopt};
+    EXPECT_EQ(margin.visibleFrame(), (PixelRect{100, 100, 400, 337}));
+}
+
+TEST(X11FrameGeometry, a_shadow_that_the_client_draws_is_not_part_of_it)
+{
+    const X11FrameGeometry shadowed{{0, 0, 852, 648}, {0, 0, 852, 648}, X11Extents{}, X11Extents{26, 26, 23, 29}};
+    EXPECT_EQ(shadowed.visibleFrame(), (PixelRect{26, 23, 800, 596}));
+}
+
+TEST(X11FrameGeometry, a_shadow_larger_than_the_window_is_taken_for_broken)
+{
+    const X11FrameGeometry broken{{0, 0, 40, 40}, {0, 0, 40, 40}, std::nullopt, X11Extents{26, 26, 23, 29}};
+    EXPECT_EQ(broken.visibleFrame(), (PixelRect{0, 0, 40, 40}));
+}
+
+TEST(X11FrameGeometry, a_window_without_a_frame_is_its_own)
+{
+    X11FrameGeometry bare{{7, 8, 30, 20}, {1, 1, 28, 18}, std::nullopt, std::nullopt};
+    EXPECT_EQ(bare.visibleFrame(), (PixelRect{8, 9, 28, 18})) << "the border of the window itself is not content";
+    bare.frameConfigured({17, 18, 30, 20});
+    EXPECT_EQ(bare.visibleFrame(), (PixelRect{18, 19, 28, 18}));
+}
+
+TEST(X11FrameGeometry, the_visible_frame_moves_with_the_frame)
+{
+    X11FrameGeometry geometry = snug();
+    geometry.frameConfigured({-2000, 3000, 412, 330});
+    EXPECT_EQ(geometry.visibleFrame(), (PixelRect{-2000, 3000, 412, 330}));
+}
+
+TEST(X11FrameGeometry, the_visible_frame_grows_and_shrinks_with_the_frame)
+{
+    X11FrameGeometry geometry = snug();
+    geometry.frameConfigured({100, 100, 512, 230});
+    EXPECT_EQ(geometry.visibleFrame(), (PixelRect{100, 100, 512, 230}));
+    geometry.frameConfigured({100, 100, 2, 2});
+    EXPECT_GE(geometry.visibleFrame().width, 0);
+    EXPECT_GE(geometry.visibleFrame().height, 0);
+}
+
+TEST(X11FrameGeometry, a_border_belongs_to_the_frame)
+{
+    EXPECT_EQ(X11FrameGeometry::outerRect(10, 20, 100, 50, 3), (PixelRect{10, 20, 106, 56}));
+}
+
+TEST(X11FrameGeometry, a_rolled_up_window_shows_its_decoration_alone)
+{
+    EXPECT_EQ(snug().rolledUpFrame(), (PixelRect{100, 100, 412, 34}));
+    X11FrameGeometry bare = snug();
+    bare.decoration.reset();
+    EXPECT_EQ(bare.rolledUpFrame(), bare.visibleFrame());
+}
+
+TEST(X11Extents, four_plausible_numbers_are_accepted)
+{
+    EXPECT_EQ(X11Extents::from(extents({1, 2, 3, 4})), (X11Extents{1, 2, 3, 4}));
+    EXPECT_EQ(X11Extents::from(extents({1, 2, 3, 4, 5})), (X11Extents{1, 2, 3, 4}));
+    EXPECT_EQ(X11Extents::from(extents({0, 0, 0, 0})), X11Extents{});
+}
+
+TEST(X11Extents, anything_else_counts_as_absent)
+{
+    EXPECT_EQ(X11Extents::from({}), std::nullopt);
+    EXPECT_EQ(X11Extents::from(extents({})), std::nullopt);
+    EXPECT_EQ(X11Extents::from(extents({1, 2, 3})), std::nullopt);
+    EXPECT_EQ(X11Extents::from(extents({1, 2, 0xFFFFFFFF, 4})), std::nullopt);
+    EXPECT_EQ(X11Extents::from({XCB_ATOM_STRING, 8, "0123456789abcdef"}), std::nullopt);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "hosts/x11/windows/X11ProcessIds.h"
+#include "hosts/x11/windows/X11ClientReader.h"
 
 namespace haloric {
 namespace {

@@ -9,11 +9,9 @@ X11Hotkeys::X11Hotkeys(X11Connection& connection, X11Keyboard& keyboard, RunLoop
       m_keyboard(keyboard),
       m_runLoop(runLoop)
 {
-    m_presses = connection.onEvent(XCB_KEY_PRESS, [this](const xcb_generic_event_t& event) {
-        receivePress(eventAs<xcb_key_press_event_t>(event));
-    });
-    m_releases = connection.onEvent(XCB_KEY_RELEASE, [this](const xcb_generic_event_t& event) {
-        const auto& release = eventAs<xcb_key_release_event_t>(event);
+    m_presses =
+        connection.onEvent<xcb_key_press_event_t>(XCB_KEY_PRESS, [this](const auto& press) { receivePress(press); });
+    m_releases = connection.onEvent<xcb_key_release_event_t>(XCB_KEY_RELEASE, [this](const auto& release) {
         m_releasedAt = release.time;
         m_releasedKey = release.detail;
     });

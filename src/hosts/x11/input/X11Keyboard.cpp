@@ -6,9 +6,8 @@ namespace haloric {
 
 X11Keyboard::X11Keyboard(X11Connection& connection) : m_connection(connection)
 {
-    m_events = connection.onEvent(XCB_MAPPING_NOTIFY, [this](const xcb_generic_event_t& event) {
-        const auto request = eventAs<xcb_mapping_notify_event_t>(event).request;
-        if (request != XCB_MAPPING_POINTER && !std::exchange(m_hasChanged, true))
+    m_events = connection.onEvent<xcb_mapping_notify_event_t>(XCB_MAPPING_NOTIFY, [this](const auto& event) {
+        if (event.request != XCB_MAPPING_POINTER && !std::exchange(m_hasChanged, true))
             m_changes.publish();
     });
 }

@@ -50,8 +50,8 @@ X11RawInput::X11RawInput(X11Connection& connection, X11Keyboard& keyboard)
     readState();
     m_rawEvents =
         connection.onGenericEvent(&xcb_input_id, [this](const xcb_generic_event_t& event) { receive(event); });
-    m_mappingChanges = connection.onEvent(XCB_MAPPING_NOTIFY, [this](const xcb_generic_event_t& event) {
-        if (eventAs<xcb_mapping_notify_event_t>(event).request == XCB_MAPPING_POINTER)
+    m_mappingChanges = connection.onEvent<xcb_mapping_notify_event_t>(XCB_MAPPING_NOTIFY, [this](const auto& event) {
+        if (event.request == XCB_MAPPING_POINTER)
             readButtonMapping();
     });
 }

@@ -40,8 +40,7 @@ X11ImageUploader::X11ImageUploader(X11Connection& connection)
     m_maximumPixels = X11SharedPixels::kPixels;
     m_pieces.push_back({std::move(first)});
     const auto type = static_cast<std::uint8_t>(connection.firstEvent(&xcb_shm_id) + XCB_SHM_COMPLETION);
-    m_completions = connection.onEvent(type, [this](const xcb_generic_event_t& event) {
-        const auto& completion = eventAs<xcb_shm_completion_event_t>(event);
+    m_completions = connection.onEvent<xcb_shm_completion_event_t>(type, [this](const auto& completion) {
         for (Piece& piece : m_pieces) {
             if (piece.shared->segment() == completion.shmseg)
                 piece.isRead = false;

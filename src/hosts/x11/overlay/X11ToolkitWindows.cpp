@@ -27,8 +27,7 @@ X11ToolkitWindows::X11ToolkitWindows(X11Connection& connection, LinuxRunLoop& ru
             m_mapDamage.mapped(window);
     });
     m_compositorChanges = compositor.onChange([this] { compositorChanged(); });
-    m_exposures = connection.onEvent(
-        XCB_EXPOSE, [this](const xcb_generic_event_t& event) { expose(eventAs<xcb_expose_event_t>(event)); });
+    m_exposures = connection.onEvent(XCB_EXPOSE, [this](const auto& event) { expose(event); });
 }
 
 std::unique_ptr<ToolkitWindow> X11ToolkitWindows::make(const ToolkitWindowConfiguration& configuration,
@@ -83,14 +82,13 @@ bool X11ToolkitWindows::paint()
     return worked;
 }
 
-void X11ToolkitWindows::expose(const xcb_expose_event_t& event)
+void X11ToolkitWindows::expose(const xcb_generic_event_t& event)
 {
+    const auto& exposed = eventAs<xcb_expose_event_t>(event);
     const auto found = std::ranges::find_if(
-        m_windows, [&event](const X11ToolkitWindow* window) { return window->windowNumber() == event.window; });
-    if (found == m_windows.end())
-        return;
-    const auto& numbered = reinterpret_cast<const xcb_generic_event_t&>(event); // libxcb keeps the whole number there
-    (*found)->expose({event.x, event.y, event.width, event.height}, numbered.full_sequence);
+        m_windows, [&exposed](const X11ToolkitWindow* window) { return window->windowNumber() == exposed.window; });
+    if (found != m_windows.end())
+        (*found)->expose({exposed.x, exposed.y, exposed.width, exposed.height}, event.full_sequence);
 }
 
 } // namespace haloric

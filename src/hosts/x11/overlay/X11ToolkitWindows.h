@@ -50,7 +50,7 @@ private:
     void compositorChanged();
     void setTranslucent(bool translucent);
     void explainRing();
-    void expose(const xcb_expose_event_t& event);
+    void expose(const xcb_generic_event_t& event);
 
     X11Connection& m_connection;
     LinuxRunLoop& m_runLoop;

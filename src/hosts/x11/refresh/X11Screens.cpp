@@ -14,10 +14,6 @@ X11Screens::X11Screens(X11Connection& connection, X11Scale& scale) : m_connectio
 
 void X11Screens::listen()
 {
-    const auto noteOn = [this](std::uint8_t type, auto isOurs) {
-        m_subscriptions.push_back(m_connection.onEvent(
-            type, [this, isOurs](const auto& event) { m_mayHaveChanged = m_mayHaveChanged || isOurs(event); }));
-    };
     const xcb_window_t root = m_connection.root();
     m_connection.selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     const xcb_window_t resourceRoot = m_connection.resourceRoot();
@@ -25,12 +21,15 @@ void X11Screens::listen()
         const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
         xcb_change_window_attributes(m_connection.raw(), resourceRoot, XCB_CW_EVENT_MASK, &mask);
     }
-    noteOn(XCB_PROPERTY_NOTIFY, [resourceRoot](const auto& event) {
-        const auto& change = eventAs<xcb_property_notify_event_t>(event);
-        return change.window == resourceRoot && change.atom == XCB_ATOM_RESOURCE_MANAGER;
-    });
-    noteOn(XCB_CONFIGURE_NOTIFY,
-           [root](const auto& event) { return eventAs<xcb_configure_notify_event_t>(event).window == root; });
+    const auto keep = [this](Subscription subscription) { m_subscriptions.push_back(std::move(subscription)); };
+    keep(
+        m_connection.onEvent<xcb_property_notify_event_t>(XCB_PROPERTY_NOTIFY, [this, resourceRoot](const auto& event) {
+            if (event.window == resourceRoot && event.atom == XCB_ATOM_RESOURCE_MANAGER)
+                m_mayHaveChanged = true;
+        }));
+    keep(m_connection.onEvent<xcb_configure_notify_event_t>(XCB_CONFIGURE_NOTIFY, [this, root](const auto& event) {
+        m_mayHaveChanged = m_mayHaveChanged || event.window == root;
+    }));
     if (!m_connection.has(&xcb_randr_id))
         return;
     xcb_randr_select_input(m_connection.raw(), root,
@@ -38,7 +37,8 @@ void X11Screens::listen()
                                XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE);
     const std::uint8_t first = m_connection.firstEvent(&xcb_randr_id);
     for (const int event : {XCB_RANDR_SCREEN_CHANGE_NOTIFY, XCB_RANDR_NOTIFY})
-        noteOn(static_cast<std::uint8_t>(first + event), [](const auto&) { return true; });
+        keep(m_connection.onEvent(static_cast<std::uint8_t>(first + event),
+                                  [this](const auto&) { m_mayHaveChanged = true; }));
 }
 
 bool X11Screens::update()

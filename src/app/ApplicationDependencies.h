@@ -27,6 +27,7 @@ class StatusItems;
 class ToolkitWindows;
 class UpdaterFramework;
 class UserDefaults;
+class VideoLinks;
 class WindowInfoSource;
 class WindowServerCalls;
 class Workspace;
@@ -55,6 +56,9 @@ struct ApplicationDependencies {
     UserDefaults& userDefaults;
     Processes& processes;
     Log& log;
+
+    // Where the system makes no links from screens; then used instead of displayLinks.
+    VideoLinks* videoLinks = nullptr;
 
     // What a host says at launch where Accessibility access is not the platform's permission but something else that
     // is missing; absent, the usual words.

@@ -70,6 +70,7 @@ FocusTrackerDependencies EntrySequence::trackingPlatform(const ApplicationDepend
         .input = platform.input,
         .application = platform.application,
         .windowServer = m_windowServer,
+        .videoLinks = platform.videoLinks,
     };
 }
 

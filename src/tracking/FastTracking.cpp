@@ -10,7 +10,7 @@ void FastTracking::start(Task tick, const Rect& frame)
 {
     m_lastMovement = m_runLoop.systemUptime();
     m_settlingStarted = m_input.pressedMouseButtons() == 0 ? std::optional(m_lastMovement) : std::nullopt;
-    m_displayDriver.emplace(m_displayLinks, std::move(tick));
+    m_displayDriver.emplace(m_displayLinks, m_videoLinks, std::move(tick));
     updateTrackingScreen(frame, Resync::always);
 }
 

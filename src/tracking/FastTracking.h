@@ -31,10 +31,12 @@ public:
     enum class Resync { ifScreenChanged, always };
 
     // The adapters outlive this object.
-    FastTracking(RunLoop& runLoop, const Screens& screens, DisplayLinks& displayLinks, const InputMonitors& input)
+    FastTracking(RunLoop& runLoop, const Screens& screens, DisplayLinks& displayLinks, VideoLinks* videoLinks,
+                 const InputMonitors& input)
         : m_runLoop(runLoop),
           m_screens(screens),
           m_displayLinks(displayLinks),
+          m_videoLinks(videoLinks),
           m_input(input)
     {
     }
@@ -59,6 +61,7 @@ private:
     RunLoop& m_runLoop;
     const Screens& m_screens;
     DisplayLinks& m_displayLinks;
+    VideoLinks* m_videoLinks;
     const InputMonitors& m_input;
     std::optional<FocusDisplayDriver> m_displayDriver;
     std::optional<DisplayID> m_trackingScreenID;

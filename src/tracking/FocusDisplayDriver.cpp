@@ -4,8 +4,9 @@
 
 namespace haloric {
 
-FocusDisplayDriver::FocusDisplayDriver(DisplayLinks& displayLinks, Task tick)
+FocusDisplayDriver::FocusDisplayDriver(DisplayLinks& displayLinks, VideoLinks* videoLinks, Task tick)
     : m_displayLinks(displayLinks),
+      m_videoLinks(videoLinks),
       m_tick(std::make_shared<const Task>(std::move(tick)))
 {
 }
@@ -15,10 +16,10 @@ FocusDisplayDriver::~FocusDisplayDriver() { stop(); }
 void FocusDisplayDriver::start(const Screen& screen, DisplayID displayID)
 {
     stop();
-    if (m_displayLinks.screenLinksAvailable())
-        startModern(screen);
+    if (m_videoLinks)
+        startLegacy(*m_videoLinks, displayID);
     else
-        startLegacy(displayID);
+        startModern(screen);
 }
 
 void FocusDisplayDriver::startModern(const Screen& screen)
@@ -31,12 +32,12 @@ void FocusDisplayDriver::startModern(const Screen& screen)
     m_modernLink->addToMainRunLoop();
 }
 
-void FocusDisplayDriver::startLegacy(DisplayID displayID)
+void FocusDisplayDriver::startLegacy(VideoLinks& videoLinks, DisplayID displayID)
 {
-    auto link = m_displayLinks.makeVideoLink(displayID);
+    auto link = videoLinks.makeVideoLink(displayID);
     if (!link)
         return;
-    const auto source = m_displayLinks.makeDataAddSource(m_anchor.bind(&FocusDisplayDriver::displayTick));
+    const auto source = videoLinks.makeDataAddSource(m_anchor.bind(&FocusDisplayDriver::displayTick));
     source->resume();
     const auto countFrame = [source]() -> std::int32_t {
         source->add(1);

@@ -28,7 +28,7 @@ FocusTracker::FocusTracker(const FocusTrackerDependencies& platform)
     : m_platform(platform),
       m_queries(platform.serialQueues, platform.runLoop, platform.accessibility),
       m_frames(platform.windowServer, platform.windowInfo, platform.screens),
-      m_fastTracking(platform.runLoop, platform.screens, platform.displayLinks, platform.input)
+      m_fastTracking(platform.runLoop, platform.screens, platform.displayLinks, platform.videoLinks, platform.input)
 {
 }
 

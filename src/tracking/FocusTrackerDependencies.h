@@ -11,6 +11,7 @@ class RunLoop;
 class Screens;
 class SerialQueues;
 class SharedWindowServer;
+class VideoLinks;
 class WindowInfoSource;
 class Workspace;
 
@@ -25,6 +26,7 @@ struct FocusTrackerDependencies {
     InputMonitors& input;
     Application& application;
     SharedWindowServer& windowServer;
+    VideoLinks* videoLinks = nullptr; // if set, used instead of displayLinks
 };
 
 } // namespace haloric

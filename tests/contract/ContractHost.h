@@ -25,6 +25,7 @@ class Screens;
 class SerialQueues;
 class ToolkitWindows;
 class UserDefaults;
+class VideoLinks;
 class WindowInfoSource;
 class WindowServerCalls;
 class Workspace;
@@ -49,6 +50,8 @@ public:
     virtual ToolkitWindows& toolkitWindows() = 0;
     virtual InputMonitors& input() = 0;
     virtual DisplayLinks& displayLinks() = 0;
+    virtual bool makesLinksFromScreens() const = 0;
+    virtual VideoLinks* videoLinks() = 0; // null if the host needs none
     virtual UserDefaults& userDefaults() = 0;
     virtual const Bundle& bundle() = 0;
     virtual Processes& processes() = 0;

@@ -37,6 +37,8 @@ public:
     ToolkitWindows& toolkitWindows() override { return m_toolkitWindows; }
     InputMonitors& input() override { return m_input; }
     DisplayLinks& displayLinks() override { return m_displayLinks; }
+    bool makesLinksFromScreens() const override { return m_displayLinks.makesLinksFromScreens(); }
+    VideoLinks* videoLinks() override { return &m_displayLinks; }
     UserDefaults& userDefaults() override { return m_userDefaults; }
     const Bundle& bundle() override { return m_bundle; }
     Processes& processes() override { return m_processes; }

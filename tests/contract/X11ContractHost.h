@@ -34,6 +34,8 @@ public:
     ToolkitWindows& toolkitWindows() override { return m_desktop.toolkitWindows; }
     InputMonitors& input() override { return m_desktop.input; }
     DisplayLinks& displayLinks() override { return m_desktop.displayLinks; }
+    bool makesLinksFromScreens() const override { return true; }
+    VideoLinks* videoLinks() override { return nullptr; }
     UserDefaults& userDefaults() override { return m_userDefaults; }
     const Bundle& bundle() override { return m_bundle; }
     Processes& processes() override { return m_processes; }

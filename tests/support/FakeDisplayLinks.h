@@ -1,8 +1,9 @@
-// Display links of both generations that tick when a test says so, and data sources that add up until it lets the
-// main loop see them. Any step can be made to fail.
+// Links by screen and by display number that tick when a test calls `frame`, and data sources that deliver when it
+// calls `deliverSources`. Any step can be made to fail.
 #pragma once
 
 #include "platform/DisplayLinks.h"
+#include "platform/VideoLinks.h"
 
 #include <algorithm>
 #include <string>
@@ -11,29 +12,26 @@
 
 namespace haloric {
 
-class FakeDisplayLinks final : public DisplayLinks {
+class FakeDisplayLinks final : public DisplayLinks, public VideoLinks {
 public:
-    bool modern = true; // whether screens make links
     bool refusesLinks = false;
     bool refusesOutputHandlers = false;
     bool refusesToStart = false;
 
-    std::vector<Screen> screenLinks;          // the screen of each modern link that was ever asked for
-    std::vector<DisplayID> videoLinks;        // the display of each video link that was ever asked for
-    std::vector<FrameRateRange> rateRanges;   // each one that was set
-    std::vector<std::string> calls;           // what is done to links and sources, in order
+    std::vector<Screen> screenLinks;          // the screen of each requested link
+    std::vector<DisplayID> videoLinks;        // the display of each requested video link
+    std::vector<FrameRateRange> rateRanges;   // each range that was set
+    std::vector<std::string> calls;           // the calls to links and sources, in order
     std::vector<std::int32_t> handlerReturns; // what output handlers returned
 
-    // A frame of every running link: the modern ones tick at once, the others add to their sources.
+    // A frame of every running link: screen links tick at once, video links add to their sources.
     void frame();
 
-    // The main loop sees what the sources have added up.
+    // Calls the handlers of the sources that have counts.
     void deliverSources();
 
     std::size_t runningLinkCount() const { return m_running.size(); }
     std::size_t liveSourceCount() const { return m_sources.size(); }
-
-    bool screenLinksAvailable() const override { return modern; }
 
     std::unique_ptr<ScreenDisplayLink> makeScreenLink(const Screen& screen, Task tick) override
     {
@@ -160,7 +158,7 @@ private:
 
 inline void FakeDisplayLinks::frame()
 {
-    // By index, without a copy, so that a frame itself costs no allocation; ticks may end links.
+    // By index and without a copy, so that a frame allocates nothing; ticks may end links.
     for (std::size_t i = 0; i < m_running.size(); ++i)
         m_running[i]->frame();
 }

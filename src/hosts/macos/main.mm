@@ -13,6 +13,7 @@
 #include "hosts/macos/overlay/MacToolkitWindows.h"
 #include "hosts/macos/refresh/MacDisplayLinks.h"
 #include "hosts/macos/refresh/MacScreens.h"
+#include "hosts/macos/refresh/MacVideoLinks.h"
 #include "hosts/macos/shell/MacAlerts.h"
 #include "hosts/macos/shell/MacApplication.h"
 #include "hosts/macos/shell/MacLoginItemService.h"
@@ -36,6 +37,7 @@ int main()
         MacRunLoop runLoop;
         MacSerialQueues serialQueues;
         MacDisplayLinks displayLinks;
+        MacVideoLinks videoLinks;
         MacWorkspace workspace;
         MacScreens screens;
         MacAccessibility accessibility;
@@ -79,7 +81,8 @@ int main()
                              .bundle = bundle,
                              .userDefaults = userDefaults,
                              .processes = processes,
-                             .log = log});
+                             .log = log,
+                             .videoLinks = MacDisplayLinks::areAvailable() ? nullptr : &videoLinks});
         entry.run(); // returns only when the process ends
     }
     return 0;

@@ -13,6 +13,7 @@
 #include "hosts/macos/overlay/MacToolkitWindows.h"
 #include "hosts/macos/refresh/MacDisplayLinks.h"
 #include "hosts/macos/refresh/MacScreens.h"
+#include "hosts/macos/refresh/MacVideoLinks.h"
 #include "hosts/macos/shell/MacApplication.h"
 #include "hosts/macos/windows/MacAccessibility.h"
 #include "hosts/macos/windows/MacWindowInfoSource.h"
@@ -41,6 +42,8 @@ public:
     ToolkitWindows& toolkitWindows() override { return m_toolkitWindows; }
     InputMonitors& input() override { return m_input; }
     DisplayLinks& displayLinks() override { return m_displayLinks; }
+    bool makesLinksFromScreens() const override { return MacDisplayLinks::areAvailable(); }
+    VideoLinks* videoLinks() override { return &m_videoLinks; }
     UserDefaults& userDefaults() override { return m_userDefaults; }
     const Bundle& bundle() override { return m_bundle; }
     Processes& processes() override { return m_processes; }
@@ -71,6 +74,7 @@ private:
     MacRunLoop m_runLoop;
     MacSerialQueues m_serialQueues;
     MacDisplayLinks m_displayLinks;
+    MacVideoLinks m_videoLinks;
     MacWorkspace m_workspace;
     MacScreens m_screens;
     MacAccessibility m_accessibility;

@@ -20,7 +20,7 @@ protected:
     FakeScreens screens{{kFirst, kSecond}};
     FakeDisplayLinks links;
     FakeInputMonitors input;
-    FastTracking fast{loop, screens, links, input};
+    FastTracking fast{loop, screens, links, nullptr, input};
 
     void start(const Rect& frame = {})
     {

@@ -19,9 +19,12 @@ class FocusDisplayDriverTest : public testing::Test {
 protected:
     FakeDisplayLinks links;
     int ticks = 0;
-    std::optional<FocusDisplayDriver> driver{std::in_place, links, [this] { ++ticks; }};
+    std::optional<FocusDisplayDriver> driver{std::in_place, links, nullptr, [this] { ++ticks; }};
 
-    void useLegacyLinks() { links.modern = false; }
+    void useVideoLinks()
+    {
+        driver.emplace(links, &links, [this] { ++ticks; });
+    }
     void frame()
     {
         links.frame();
@@ -76,7 +79,7 @@ TEST_F(FocusDisplayDriverTest, starting_twice_leaves_one_link)
     frame();
     EXPECT_EQ(ticks, 1);
 
-    useLegacyLinks();
+    useVideoLinks();
     driver->start(kScreen, kDisplay);
     driver->start(kOtherScreen, kOtherDisplay);
     EXPECT_EQ(links.runningLinkCount(), 1U);
@@ -89,7 +92,7 @@ TEST_F(FocusDisplayDriverTest, starting_twice_leaves_one_link)
 TEST_F(FocusDisplayDriverTest, stopping_a_driver_that_never_started_does_nothing)
 {
     driver->stop();
-    useLegacyLinks();
+    useVideoLinks();
     driver->stop();
     EXPECT_TRUE(links.calls.empty());
 }
@@ -103,7 +106,7 @@ TEST_F(FocusDisplayDriverTest, a_destroyed_driver_has_ended_its_link)
 
 TEST_F(FocusDisplayDriverTest, a_video_link_ticks_through_the_data_source)
 {
-    useLegacyLinks();
+    useVideoLinks();
     driver->start(kScreen, kDisplay);
     EXPECT_TRUE(links.screenLinks.empty());
     EXPECT_THAT(links.calls, ElementsAre("resume source", "start"));
@@ -116,7 +119,7 @@ TEST_F(FocusDisplayDriverTest, a_video_link_ticks_through_the_data_source)
 
 TEST_F(FocusDisplayDriverTest, frames_that_arrive_while_the_main_thread_is_busy_make_one_tick)
 {
-    useLegacyLinks();
+    useVideoLinks();
     driver->start(kScreen, kDisplay);
     links.frame();
     links.frame();
@@ -128,7 +131,7 @@ TEST_F(FocusDisplayDriverTest, frames_that_arrive_while_the_main_thread_is_busy_
 
 TEST_F(FocusDisplayDriverTest, stopping_stops_the_video_link_and_cancels_the_source)
 {
-    useLegacyLinks();
+    useVideoLinks();
     driver->start(kScreen, kDisplay);
     links.frame();
     driver->stop();
@@ -140,7 +143,7 @@ TEST_F(FocusDisplayDriverTest, stopping_stops_the_video_link_and_cancels_the_sou
 
 TEST_F(FocusDisplayDriverTest, a_display_without_a_video_link_leaves_the_driver_silent)
 {
-    useLegacyLinks();
+    useVideoLinks();
     links.refusesLinks = true;
     driver->start(kScreen, kDisplay);
     EXPECT_TRUE(links.calls.empty());
@@ -150,7 +153,7 @@ TEST_F(FocusDisplayDriverTest, a_display_without_a_video_link_leaves_the_driver_
 
 TEST_F(FocusDisplayDriverTest, a_refused_output_handler_leaves_the_driver_silent)
 {
-    useLegacyLinks();
+    useVideoLinks();
     links.refusesOutputHandlers = true;
     driver->start(kScreen, kDisplay);
     EXPECT_THAT(links.calls, ElementsAre("resume source", "cancel source", "free link"));
@@ -161,7 +164,7 @@ TEST_F(FocusDisplayDriverTest, a_refused_output_handler_leaves_the_driver_silent
 
 TEST_F(FocusDisplayDriverTest, a_video_link_that_cannot_start_leaves_the_driver_silent)
 {
-    useLegacyLinks();
+    useVideoLinks();
     links.refusesToStart = true;
     driver->start(kScreen, kDisplay);
     EXPECT_THAT(links.calls, ElementsAre("resume source", "start", "cancel source", "free link"));
@@ -170,10 +173,10 @@ TEST_F(FocusDisplayDriverTest, a_video_link_that_cannot_start_leaves_the_driver_
 
 TEST_F(FocusDisplayDriverTest, a_tick_may_destroy_the_driver)
 {
-    for (const bool modern : {true, false}) {
-        links.modern = modern;
+    VideoLinks* const none = nullptr;
+    for (VideoLinks* videoLinks : {none, static_cast<VideoLinks*>(&links)}) {
         int calls = 0;
-        driver.emplace(links, [this, &calls, guard = std::make_shared<int>(1)] {
+        driver.emplace(links, videoLinks, [this, &calls, guard = std::make_shared<int>(1)] {
             driver.reset();
             calls += *guard; // the tick itself is still whole
         });

@@ -141,7 +141,7 @@ TEST_F(FocusTrackerFast, an_application_or_space_switch_starts_it)
 
 TEST_F(FocusTrackerFast, ticks_come_on_the_legacy_link_too)
 {
-    links.modern = false;
+    useVideoLinks();
     start();
     journal.clear();
     EXPECT_THAT(links.videoLinks, ElementsAre(DisplayID{1}));
@@ -153,7 +153,7 @@ TEST_F(FocusTrackerFast, ticks_come_on_the_legacy_link_too)
 
 TEST_F(FocusTrackerFast, without_any_link_the_poll_keeps_working)
 {
-    links.modern = false;
+    useVideoLinks();
     links.refusesLinks = true;
     start();
     journal.clear();

@@ -35,9 +35,16 @@ protected:
     void makeTrackerOnly()
     {
         tracker.emplace(FocusTrackerDependencies{loop, queues, links, workspace, screens, accessibility, windowInfo,
-                                                 input, application, *windowServer});
+                                                 input, application, *windowServer, videoLinks});
         tracker->onChange = [this](const FocusState& state) { journal.push_back(describe(state)); };
         tracker->onPulse = [this] { journal.emplace_back("pulse"); };
+    }
+
+    // As on a system that makes no links from screens.
+    void useVideoLinks()
+    {
+        videoLinks = &links;
+        makeTracker();
     }
 
     // As on a system whose private interface cannot be opened.

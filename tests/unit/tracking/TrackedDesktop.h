@@ -113,6 +113,7 @@ struct TrackedDesktop {
     SimRunLoop loop;
     SimSerialQueues queues{loop};
     FakeDisplayLinks links;
+    VideoLinks* videoLinks = nullptr;
     FakeWorkspace workspace;
     FakeScreens screens{{kPrimary, kSecondary}};
     FakeAccessibility accessibility;

@@ -1,4 +1,4 @@
-// Display links of both generations, and the dispatch source that carries frames to the main thread.
+// CADisplayLink: the links that screens make since macOS 14.
 #pragma once
 
 #include "platform/DisplayLinks.h"
@@ -7,10 +7,10 @@ namespace haloric {
 
 class MacDisplayLinks final : public DisplayLinks {
 public:
-    bool screenLinksAvailable() const override;
+    // False on macOS 13, where `makeScreenLink` always returns null.
+    static bool areAvailable();
+
     std::unique_ptr<ScreenDisplayLink> makeScreenLink(const Screen& screen, Task tick) override;
-    std::unique_ptr<VideoDisplayLink> makeVideoLink(DisplayID display) override;
-    std::shared_ptr<DataAddSource> makeDataAddSource(Task handler) override;
 };
 
 } // namespace haloric

@@ -1,15 +1,68 @@
 #include "hosts/macos/refresh/MacDisplayLinks.h"
 
-#include "hosts/macos/refresh/MacDataAddSource.h"
-#include "hosts/macos/refresh/MacScreenLink.h"
+#include "hosts/macos/base/OwnPool.h"
 #include "hosts/macos/refresh/MacScreens.h"
-#include "hosts/macos/refresh/MacVideoLink.h"
+
+#import <AppKit/AppKit.h>
+#import <QuartzCore/QuartzCore.h>
 
 #include <utility>
 
-namespace haloric {
+// What the link calls; the link keeps it until it is invalidated.
+API_AVAILABLE(macos(14.0))
+@interface MacScreenLinkTarget : NSObject
+- (instancetype)initWithTick:(haloric::Task)tick;
+- (void)displayTick:(CADisplayLink*)link;
+@end
 
-bool MacDisplayLinks::screenLinksAvailable() const
+@implementation MacScreenLinkTarget {
+    haloric::Task _tick;
+}
+
+- (instancetype)initWithTick:(haloric::Task)tick
+{
+    if ((self = [super init]))
+        _tick = std::move(tick);
+    return self;
+}
+
+- (void)displayTick:(CADisplayLink*)__unused link
+{
+    const haloric::Task tick = _tick; // it may invalidate the link, and release this object with it
+    haloric::withOwnPool(tick);
+}
+
+@end
+
+namespace haloric {
+namespace {
+
+class API_AVAILABLE(macos(14.0)) MacScreenLink final : public ScreenDisplayLink {
+public:
+    MacScreenLink(NSScreen* screen, Task tick)
+        : m_link([screen displayLinkWithTarget:[[MacScreenLinkTarget alloc] initWithTick:std::move(tick)]
+                                      selector:@selector(displayTick:)])
+    {
+    }
+    ~MacScreenLink() override { [m_link invalidate]; }
+    MacScreenLink(const MacScreenLink&) = delete;
+    MacScreenLink& operator=(const MacScreenLink&) = delete;
+
+    void setPreferredFrameRateRange(const FrameRateRange& range) override
+    {
+        m_link.preferredFrameRateRange = CAFrameRateRangeMake(
+            static_cast<float>(range.minimum), static_cast<float>(range.maximum), static_cast<float>(range.preferred));
+    }
+    void addToMainRunLoop() override { [m_link addToRunLoop:NSRunLoop.mainRunLoop forMode:NSRunLoopCommonModes]; }
+    void invalidate() override { [m_link invalidate]; }
+
+private:
+    CADisplayLink* m_link;
+};
+
+} // namespace
+
+bool MacDisplayLinks::areAvailable()
 {
     if (@available(macOS 14.0, *))
         return true;
@@ -23,16 +76,6 @@ std::unique_ptr<ScreenDisplayLink> MacDisplayLinks::makeScreenLink(const Screen&
             return std::make_unique<MacScreenLink>(found, std::move(tick));
     }
     return nullptr;
-}
-
-std::unique_ptr<VideoDisplayLink> MacDisplayLinks::makeVideoLink(DisplayID display)
-{
-    return MacVideoLink::make(display);
-}
-
-std::shared_ptr<DataAddSource> MacDisplayLinks::makeDataAddSource(Task handler)
-{
-    return std::make_shared<MacDataAddSource>(std::move(handler));
 }
 
 } // namespace haloric

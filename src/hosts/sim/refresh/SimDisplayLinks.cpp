@@ -5,7 +5,7 @@
 
 namespace haloric {
 
-// Calls a task on every multiple of a screen's refresh period while it runs and the screen is there.
+// Calls a task on every multiple of a screen's refresh period, until it is stopped or the screen is removed.
 class SimDisplayLinks::Ticker {
 public:
     Ticker(SimDisplayLinks& owner, const SimScreen& screen, Task tick)
@@ -46,7 +46,7 @@ private:
                 return;
             }
             self->schedule();
-            const Task tick = self->m_tick; // the link may be destroyed by its own tick
+            const Task tick = self->m_tick; // the tick may destroy its link
             tick();
         });
     }
@@ -127,7 +127,7 @@ private:
 std::unique_ptr<ScreenDisplayLink> SimDisplayLinks::makeScreenLink(const Screen& screen, Task tick)
 {
     const SimScreen* found = findScreen(screen.displayID.value_or(DisplayID::none));
-    return found ? std::make_unique<ScreenLink>(*this, *found, std::move(tick)) : nullptr;
+    return found && makesLinksFromScreens() ? std::make_unique<ScreenLink>(*this, *found, std::move(tick)) : nullptr;
 }
 
 std::unique_ptr<VideoDisplayLink> SimDisplayLinks::makeVideoLink(DisplayID display)

@@ -1,6 +1,5 @@
 #include "hosts/x11/refresh/X11DisplayLinks.h"
 
-#include "hosts/x11/refresh/X11DataAddSource.h"
 #include <cmath>
 #include <utility>
 
@@ -77,11 +76,6 @@ std::unique_ptr<ScreenDisplayLink> X11DisplayLinks::makeScreenLink(const Screen&
     if (m_presentAvailable)
         clock = std::make_unique<X11PresentClock>(m_connection, m_scale.current().fromScreenSpace(screen.frame));
     return std::make_unique<X11ScreenLink>(m_runLoop, std::move(clock), screen.maximumFramesPerSecond, std::move(tick));
-}
-
-std::shared_ptr<DataAddSource> X11DisplayLinks::makeDataAddSource(Task handler)
-{
-    return std::make_shared<X11DataAddSource>(m_runLoop, std::move(handler));
 }
 
 } // namespace haloric

@@ -49,10 +49,7 @@ public:
     // Whether links follow the refresh; otherwise they are timers at the screen's rate.
     bool followRefresh() const { return m_presentAvailable; }
 
-    bool screenLinksAvailable() const override { return true; }
     std::unique_ptr<ScreenDisplayLink> makeScreenLink(const Screen& screen, Task tick) override;
-    std::unique_ptr<VideoDisplayLink> makeVideoLink(DisplayID) override { return nullptr; } // there are none
-    std::shared_ptr<DataAddSource> makeDataAddSource(Task handler) override;
 
 private:
     X11Connection& m_connection;

@@ -24,7 +24,6 @@ struct X11DisplayLinksTest : testing::Test {
 TEST_F(X11DisplayLinksTest, a_link_ticks_with_the_refresh)
 {
     ASSERT_TRUE(links.followRefresh());
-    EXPECT_TRUE(links.screenLinksAvailable());
     const auto link = makeLink();
     adapters.settle();
     EXPECT_EQ(ticks, 0); // not on the loop yet
@@ -87,20 +86,6 @@ TEST_F(X11DisplayLinksTest, without_refreshes_a_timer_takes_over)
     session.observer().synchronize();
     const int before = ticks;
     EXPECT_TRUE(adapters.waitUntil([&] { return ticks >= before + 20; }));
-}
-
-TEST_F(X11DisplayLinksTest, links_by_display_number_do_not_exist)
-{
-    EXPECT_EQ(links.makeVideoLink(DisplayID{1}), nullptr);
-}
-
-TEST_F(X11DisplayLinksTest, a_source_delivers_on_the_loop)
-{
-    const auto source = links.makeDataAddSource([this] { ++ticks; });
-    source->resume();
-    source->add(1);
-    EXPECT_EQ(ticks, 0);
-    EXPECT_TRUE(adapters.waitUntil([&] { return ticks == 1; }));
 }
 
 } // namespace

@@ -44,6 +44,7 @@ SimSession::SimSession(const SimSetup& setup)
         .userDefaults = userDefaults,
         .processes = processes,
         .log = log,
+        .videoLinks = displayLinks.makesLinksFromScreens() ? nullptr : &displayLinks,
     });
 }
 

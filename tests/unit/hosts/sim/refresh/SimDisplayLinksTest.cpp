@@ -30,10 +30,8 @@ TEST(SimDisplayLinks, a_screen_link_ticks_on_the_screens_refresh_grid)
 TEST(SimDisplayLinks, a_video_link_calls_its_handler_until_it_stops)
 {
     SimDesktopFixture fixture;
-    fixture.desktop.systemVersion = 13;
     fixture.desktop.model.screens[0].framesPerSecond = 100;
     SimDisplayLinks links(fixture.desktop);
-    EXPECT_FALSE(links.screenLinksAvailable());
     EXPECT_EQ(links.makeVideoLink(DisplayID{9}), nullptr);
     int frames = 0;
     const auto link = links.makeVideoLink(DisplayID{1});
@@ -50,6 +48,17 @@ TEST(SimDisplayLinks, a_video_link_calls_its_handler_until_it_stops)
     EXPECT_EQ(frames, 10);
     fixture.desktop.faults.videoLinksFail = true;
     EXPECT_EQ(links.makeVideoLink(DisplayID{1}), nullptr);
+}
+
+TEST(SimDisplayLinks, screens_make_no_links_before_version_14)
+{
+    SimDesktopFixture fixture;
+    SimDisplayLinks links(fixture.desktop);
+    EXPECT_TRUE(links.makesLinksFromScreens());
+    fixture.desktop.systemVersion = 13;
+    EXPECT_FALSE(links.makesLinksFromScreens());
+    EXPECT_EQ(links.makeScreenLink(SimScreens(fixture.desktop).all()[0], [] {}), nullptr);
+    EXPECT_NE(links.makeVideoLink(DisplayID{1}), nullptr);
 }
 
 TEST(SimDisplayLinks, a_screen_that_is_gone_makes_no_link)

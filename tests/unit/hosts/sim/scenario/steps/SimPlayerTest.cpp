@@ -95,7 +95,7 @@ TEST(SimPlayer, a_setup_reaches_the_desktop)
         "screens": [{"screen": 4, "frame": [0, 0, 800, 600], "rate": 120, "scale": 1}]})");
     SimSession& session = played.player().session();
 
-    EXPECT_FALSE(session.displayLinks.screenLinksAvailable());
+    EXPECT_EQ(session.displayLinks.makeScreenLink(session.screens.all()[0], [] {}), nullptr);
     EXPECT_FALSE(session.accessibility.isProcessTrusted());
     EXPECT_TRUE(session.desktop().spaces.exists(5));
     EXPECT_EQ(session.bundle.path(), "/opt/x");

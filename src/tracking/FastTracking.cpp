@@ -1,6 +1,6 @@
 #include "tracking/FastTracking.h"
 
-#include "platform/ScreenChoice.h"
+#include "foundation/ScreenChoice.h"
 
 #include <utility>
 

@@ -48,20 +48,6 @@ Rect SimModel::flipped(const Rect& rect) const
     return flippedVertically(rect, screens.empty() ? 0 : screens.front().frame.height);
 }
 
-const SimScreen* SimModel::screenHolding(const Rect& rect) const
-{
-    const SimScreen* best = nullptr;
-    double largest = 0;
-    for (const SimScreen& screen : screens) {
-        const double area = intersectionArea(screen.frame, rect);
-        if (!best || area > largest) {
-            best = &screen;
-            largest = area;
-        }
-    }
-    return best;
-}
-
 std::vector<WindowNumber> SimModel::takeVanished()
 {
     std::vector<WindowNumber> vanished;

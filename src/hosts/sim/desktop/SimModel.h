@@ -44,9 +44,6 @@ public:
     // Global space to screen space and back; both need a screen.
     Rect flipped(const Rect& rect) const;
 
-    // The screen that holds most of a rectangle in global space; null without screens.
-    const SimScreen* screenHolding(const Rect& rect) const;
-
     // Application windows that have left the screen since the last call.
     std::vector<WindowNumber> takeVanished();
 };

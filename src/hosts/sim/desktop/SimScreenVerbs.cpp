@@ -1,5 +1,7 @@
 #include "hosts/sim/desktop/SimScreenVerbs.h"
 
+#include "foundation/ScreenChoice.h"
+
 #include <algorithm>
 
 namespace haloric {
@@ -57,7 +59,7 @@ void SimScreenVerbs::bringWindowsBack()
         if (window->overlay)
             continue;
         if (window->fullScreenOrigin) {
-            m_windows.setFrame(*window, m_model.screenHolding(window->frame)->frame);
+            m_windows.setFrame(*window, screenHoldingMost(window->frame, m_model.screens)->frame);
             continue;
         }
         const bool seen = std::ranges::any_of(

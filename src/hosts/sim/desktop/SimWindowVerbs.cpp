@@ -1,5 +1,7 @@
 #include "hosts/sim/desktop/SimWindowVerbs.h"
 
+#include "foundation/ScreenChoice.h"
+
 #include <utility>
 
 namespace haloric {
@@ -80,7 +82,7 @@ void SimWindowVerbs::restore(SimWindow& window)
 
 void SimWindowVerbs::enterFullScreen(SimWindow& window)
 {
-    const SimScreen* screen = m_model.screenHolding(window.frame);
+    const SimScreen* screen = screenHoldingMost(window.frame, m_model.screens);
     if (window.fullScreenOrigin || window.minimised || !screen)
         return;
     window.fullScreenOrigin = {window.frame, window.space};

@@ -9,7 +9,7 @@ void HotkeyManager::enable()
     if (isRegistered())
         return;
     if (m_handler == EventHandlerRef::none) { // else it is left from a combination that was taken
-        m_handler = m_hotkeys.installEventHandler(kEventType, [weak = m_anchor.ref()] {
+        m_handler = m_hotkeys.installEventHandler(Hotkeys::kPressed, [weak = m_anchor.ref()] {
             if (HotkeyManager* self = weak.get())
                 self->pressed();
             return Hotkeys::kNoError; // consumed: nobody else gets the press

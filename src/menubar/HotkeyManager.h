@@ -10,14 +10,12 @@ namespace haloric {
 
 class HotkeyManager {
 public:
-    // The platform's numbers: the F key of the ANSI layout, its masks for Command, Option and Control, "HLRC", and a
-    // hotkey that is pressed, of the class "keyb".
-    static constexpr std::uint32_t kCommandKey = 0x100;
-    static constexpr std::uint32_t kOptionKey = 0x800;
-    static constexpr std::uint32_t kControlKey = 0x1000;
-    static constexpr Hotkey kHotkey{
-        .keyCode = 3, .modifiers = kCommandKey + kOptionKey + kControlKey, .signature = 0x484C5243, .number = 1};
-    static constexpr HotkeyEventType kEventType{.eventClass = 0x6B657962, .kind = 5};
+    // The F key of the ANSI layout, and the signature "HLRC".
+    static constexpr Hotkey kHotkey{.keyCode = 3,
+                                    .modifiers = HotkeyModifiers::kCommand | HotkeyModifiers::kOption |
+                                                 HotkeyModifiers::kControl,
+                                    .signature = 0x484C5243,
+                                    .number = 1};
 
     // Called on each press.
     Task onTrigger;

@@ -8,6 +8,7 @@
 #include "platform/Bundle.h"
 #include "platform/Panels.h"
 #include "platform/RunLoop.h"
+#include "platform/WindowStyle.h"
 #include "settings/AccessibilityGrant.h"
 #include "settings/LaunchAtLogin.h"
 
@@ -17,14 +18,11 @@ namespace haloric {
 
 namespace {
 
-constexpr std::uint64_t kTitled = 1;
-constexpr std::uint64_t kClosable = 2;
-constexpr std::uint64_t kMiniaturizable = 4;
 constexpr double kCreditsFontSize = 11; // points
 
 const FormWindowConfiguration kSettingsWindow{
     .title = "Haloric Settings",
-    .styleMask = kTitled | kClosable | kMiniaturizable,
+    .styleMask = WindowStyle::kTitled | WindowStyle::kClosable | WindowStyle::kMiniaturizable,
     .isReleasedWhenClosed = false,
     .contentSize = {440, 560},
 };

@@ -1,6 +1,7 @@
 #include "overlay/OverlayWindow.h"
 
-#include "platform/ScreenChoice.h"
+#include "foundation/ScreenChoice.h"
+#include "platform/WindowStyle.h"
 
 #include <cmath>
 
@@ -13,7 +14,6 @@ constexpr double kPositionTolerance = 0.5;
 
 ToolkitWindowConfiguration standardConfiguration()
 {
-    constexpr std::uint64_t kBorderless = 0;
     constexpr std::uint64_t kBuffered = 2;
     constexpr std::int64_t kNoAnimation = 2;
     constexpr std::int64_t kFloatingLevel = 3;
@@ -24,7 +24,7 @@ ToolkitWindowConfiguration standardConfiguration()
 
     ToolkitWindowConfiguration configuration;
     configuration.contentRect = Rect();
-    configuration.styleMask = kBorderless;
+    configuration.styleMask = WindowStyle::kBorderless;
     configuration.backing = kBuffered;
     configuration.defersCreation = false;
     configuration.isOpaque = false;

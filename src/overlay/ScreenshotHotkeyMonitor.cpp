@@ -9,14 +9,11 @@ constexpr std::int64_t kKeycode4 = 21;
 constexpr std::int64_t kKeycode5 = 23;
 constexpr std::int64_t kKeycodeEscape = 53;
 
-constexpr std::uint64_t kShift = 0x20000;
-constexpr std::uint64_t kOption = 0x80000;
-constexpr std::uint64_t kCommand = 0x100000;
-
 bool opensScreenshotInterface(const TapEvent& key)
 {
     // Control only selects where the picture goes.
-    const bool modifiers = (key.flags & (kCommand | kOption | kShift)) == (kCommand | kShift);
+    constexpr std::uint64_t kHeld = ModifierFlags::kCommand | ModifierFlags::kShift;
+    const bool modifiers = (key.flags & (kHeld | ModifierFlags::kOption)) == kHeld;
     return modifiers && (key.keyCode == kKeycode4 || key.keyCode == kKeycode5);
 }
 

@@ -13,7 +13,7 @@ namespace haloric {
 // Properties that a window is made with, named and numbered as the platform's.
 struct FormWindowConfiguration {
     std::string title;
-    std::uint64_t styleMask = 0;
+    std::uint64_t styleMask = 0; // WindowStyle
     bool isReleasedWhenClosed = true;
     Size contentSize; // points
     friend bool operator==(const FormWindowConfiguration&, const FormWindowConfiguration&) = default;

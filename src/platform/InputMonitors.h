@@ -1,8 +1,9 @@
-// Mouse monitors, the state of the mouse buttons, and the listen-only event tap. Main thread. No monitor can change
-// or hold up an event.
+// Mouse monitors, the state of the mouse buttons, and the listen-only event tap. No monitor can change or delay an
+// event. Main thread.
 #pragma once
 
 #include "foundation/Subscription.h"
+#include "platform/ModifierFlags.h"
 
 #include <cstdint>
 #include <functional>
@@ -10,7 +11,7 @@
 
 namespace haloric {
 
-// The platform's event numbers.
+// With the numbers of macOS.
 enum class EventType : std::uint32_t {
     leftMouseDown = 1,
     leftMouseUp = 2,
@@ -30,7 +31,7 @@ constexpr EventMask maskOf(EventType type) { return EventMask{1} << static_cast<
 struct TapEvent {
     EventType type = EventType::keyDown;
     std::int64_t keyCode = 0; // virtual key number; keyDown only
-    std::uint64_t flags = 0;  // modifier flags: Shift 0x20000, Control 0x40000, Option 0x80000, Command 0x100000
+    std::uint64_t flags = 0;  // ModifierFlags
 };
 
 enum class TapLocation : std::uint32_t { hid = 0, session = 1 };
@@ -45,7 +46,7 @@ struct EventTapDescription {
     friend bool operator==(const EventTapDescription&, const EventTapDescription&) = default;
 };
 
-// An installed tap; destroying it frees it without disabling it first.
+// An installed tap. Destroying it removes it without disabling it first.
 class EventTap {
 public:
     virtual ~EventTap() = default;
@@ -63,13 +64,13 @@ public:
     // Events that go to other applications.
     virtual Subscription addGlobalMouseMonitor(EventMask mask, MouseHandler handler) = 0;
 
-    // Events that go to this application's own windows; they arrive there unchanged.
+    // Events that go to this application's own windows, which receive them unchanged.
     virtual Subscription addLocalMouseMonitor(EventMask mask, MouseHandler handler) = 0;
 
-    // One bit a pressed button, 0 when none is. Costs no allocation.
+    // One bit per pressed button. Does not allocate.
     virtual std::uint64_t pressedMouseButtons() const = 0;
 
-    // Null when the process may not watch input. The handler runs on the main thread.
+    // Null if the process may not observe input. The handler runs on the main thread.
     virtual std::unique_ptr<EventTap> createEventTap(const EventTapDescription& description, TapHandler handler) = 0;
 };
 

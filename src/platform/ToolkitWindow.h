@@ -14,7 +14,7 @@ namespace haloric {
 // Properties that a window is made with, named and numbered as the platform's.
 struct ToolkitWindowConfiguration {
     Rect contentRect;
-    std::uint64_t styleMask = 0;
+    std::uint64_t styleMask = 0; // WindowStyle
     std::uint64_t backing = 0;
     bool defersCreation = true;
     bool isOpaque = true;

@@ -2,6 +2,7 @@
 
 #include "hosts/linux/qt/QtProgramIcon.h"
 #include "hosts/linux/qt/QtText.h"
+#include "platform/WindowStyle.h"
 
 #include <algorithm>
 
@@ -14,10 +15,6 @@
 namespace haloric {
 
 namespace {
-
-// Bits of the style, as the platform numbers them.
-constexpr std::uint64_t kMiniaturizable = 4;
-constexpr std::uint64_t kResizable = 8;
 
 constexpr int kFrameAllowance = 60; // points that frames and panels need beside a window as high as the screen
 constexpr std::uint32_t kFromPager = 2;
@@ -49,12 +46,12 @@ QtFormWindow::QtFormWindow(X11Connection& connection, const FormWindowConfigurat
                            const FormModel& form)
     : m_connection(connection),
       m_contentSize(QSizeF(configuration.contentSize.width, configuration.contentSize.height).toSize()),
-      m_isResizable((configuration.styleMask & kResizable) != 0),
+      m_isResizable((configuration.styleMask & WindowStyle::kResizable) != 0),
       m_view(new QtFormView(this))
 {
     Qt::WindowFlags flags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                             Qt::WindowCloseButtonHint;
-    if ((configuration.styleMask & kMiniaturizable) != 0)
+    if ((configuration.styleMask & WindowStyle::kMiniaturizable) != 0)
         flags |= Qt::WindowMinimizeButtonHint;
     setWindowFlags(flags);
     setWindowTitle(qtText(configuration.title));

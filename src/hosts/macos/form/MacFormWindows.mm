@@ -2,10 +2,14 @@
 
 #include "hosts/macos/base/MacConversions.h"
 #import "hosts/macos/form/MacFormView.h"
+#include "platform/WindowStyle.h"
 
 #include <utility>
 
-static_assert((NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskMiniaturizable) == 7);
+static_assert(NSWindowStyleMaskTitled == haloric::WindowStyle::kTitled);
+static_assert(NSWindowStyleMaskClosable == haloric::WindowStyle::kClosable);
+static_assert(NSWindowStyleMaskMiniaturizable == haloric::WindowStyle::kMiniaturizable);
+static_assert(NSWindowStyleMaskResizable == haloric::WindowStyle::kResizable);
 
 // An accessory application has no menu bar, and so no command that closes a window.
 @interface MacClosableWindow : NSWindow

@@ -9,12 +9,13 @@
 namespace haloric {
 namespace {
 
-static_assert(HotkeyManager::kEventType == HotkeyEventType{kEventClassKeyboard, kEventHotKeyPressed});
-static_assert(HotkeyManager::kHotkey.keyCode == kVK_ANSI_F);
-static_assert(HotkeyManager::kCommandKey == cmdKey);
-static_assert(HotkeyManager::kOptionKey == optionKey);
-static_assert(HotkeyManager::kControlKey == controlKey);
+static_assert(Hotkeys::kPressed == HotkeyEventType{kEventClassKeyboard, kEventHotKeyPressed});
 static_assert(Hotkeys::kNoError == noErr);
+static_assert(HotkeyModifiers::kCommand == cmdKey);
+static_assert(HotkeyModifiers::kShift == shiftKey);
+static_assert(HotkeyModifiers::kOption == optionKey);
+static_assert(HotkeyModifiers::kControl == controlKey);
+static_assert(HotkeyManager::kHotkey.keyCode == kVK_ANSI_F);
 
 OSStatus takeEvent(EventHandlerCallRef, EventRef, void* context)
 {

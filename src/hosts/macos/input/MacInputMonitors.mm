@@ -28,6 +28,11 @@ static_assert(numberOf(kCGHeadInsertEventTap) == numberOf(TapPlacement::headInse
 static_assert(numberOf(kCGEventTapOptionListenOnly) == numberOf(TapOptions::listenOnly));
 static_assert(numberOf(kCGEventTapDisabledByTimeout) == numberOf(EventType::tapDisabledByTimeout));
 static_assert(numberOf(kCGEventTapDisabledByUserInput) == numberOf(EventType::tapDisabledByUserInput));
+static_assert(kCGEventFlagMaskAlphaShift == ModifierFlags::kCapsLock);
+static_assert(kCGEventFlagMaskShift == ModifierFlags::kShift);
+static_assert(kCGEventFlagMaskControl == ModifierFlags::kControl);
+static_assert(kCGEventFlagMaskAlternate == ModifierFlags::kOption);
+static_assert(kCGEventFlagMaskCommand == ModifierFlags::kCommand);
 static_assert((maskOf(EventType::keyDown) | maskOf(EventType::leftMouseUp)) == 1028);
 static_assert((CGEventMaskBit(kCGEventKeyDown) | CGEventMaskBit(kCGEventLeftMouseUp)) == 1028);
 

@@ -1,11 +1,12 @@
 #import "hosts/macos/overlay/MacOverlayWindow.h"
 
 #include "hosts/macos/base/MacConversions.h"
+#include "platform/WindowStyle.h"
 
 #include <cstdlib>
 
 // The numbers of platform/ToolkitWindow.h are those of AppKit.
-static_assert(NSWindowStyleMaskBorderless == 0);
+static_assert(NSWindowStyleMaskBorderless == haloric::WindowStyle::kBorderless);
 static_assert(NSBackingStoreBuffered == 2);
 static_assert(NSWindowAnimationBehaviorNone == 2);
 static_assert((NSWindowCollectionBehaviorMoveToActiveSpace | NSWindowCollectionBehaviorTransient |

@@ -9,10 +9,6 @@ namespace haloric {
 
 class SimKeyboard {
 public:
-    static constexpr std::uint64_t kShift = 0x20000;
-    static constexpr std::uint64_t kControl = 0x40000;
-    static constexpr std::uint64_t kOption = 0x80000;
-    static constexpr std::uint64_t kCommand = 0x100000;
     static constexpr std::int64_t kDigit4 = 21;
     static constexpr std::int64_t kDigit5 = 23;
     static constexpr std::int64_t kEscape = 53;

@@ -8,13 +8,13 @@ namespace haloric {
 
 namespace {
 
-// The keyboard's modifiers in the mask that hotkeys are registered with.
+// The modifier flags of a key event as the modifiers of a hotkey.
 std::uint32_t hotkeyModifiers(std::uint64_t flags)
 {
-    constexpr std::pair<std::uint64_t, std::uint32_t> kMasks[] = {{SimKeyboard::kCommand, 0x100},
-                                                                  {SimKeyboard::kShift, 0x200},
-                                                                  {SimKeyboard::kOption, 0x800},
-                                                                  {SimKeyboard::kControl, 0x1000}};
+    constexpr std::pair<std::uint64_t, std::uint32_t> kMasks[] = {{ModifierFlags::kCommand, HotkeyModifiers::kCommand},
+                                                                  {ModifierFlags::kShift, HotkeyModifiers::kShift},
+                                                                  {ModifierFlags::kOption, HotkeyModifiers::kOption},
+                                                                  {ModifierFlags::kControl, HotkeyModifiers::kControl}};
     std::uint32_t modifiers = 0;
     for (const auto& [flag, modifier] : kMasks)
         modifiers |= (flags & flag) != 0 ? modifier : 0;

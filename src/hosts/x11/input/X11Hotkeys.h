@@ -18,14 +18,12 @@ namespace haloric {
 
 class X11Hotkeys final : public Hotkeys {
 public:
-    // The only type of event that is delivered: a hotkey was pressed.
-    static constexpr HotkeyEventType kPressed{.eventClass = 0x6B657962, .kind = 5}; // "keyb"
-
     // All outlive it.
     X11Hotkeys(X11Connection& connection, X11Keyboard& keyboard, RunLoop& runLoop);
     ~X11Hotkeys() override;
 
-    // A press calls the handlers, the newest first, until one returns `kNoError`.
+    // The only event type that is delivered is kPressed. A press calls its handlers, the newest first, until one
+    // returns `kNoError`.
     EventHandlerRef installEventHandler(HotkeyEventType type, std::function<std::int32_t()> handler) override;
     void removeEventHandler(EventHandlerRef handler) override;
 

@@ -1,6 +1,7 @@
 #include "hosts/x11/input/X11KeyCombination.h"
 
 #include "platform/Hotkeys.h"
+#include "platform/ModifierFlags.h"
 
 #include <algorithm>
 
@@ -8,14 +9,16 @@ namespace haloric {
 
 namespace {
 
-// The platform's modifier mask, as hotkeys bear it, and the flags by which keys are known.
+// A modifier in the numbers of hotkeys and of key events.
 struct HotkeyModifier {
     std::uint32_t inMask;
     std::uint64_t flag;
 };
 
-constexpr HotkeyModifier kModifiers[] = {
-    {0x100, kCommandFlag}, {0x200, kShiftFlag}, {0x800, kOptionFlag}, {0x1000, kControlFlag}};
+constexpr HotkeyModifier kModifiers[] = {{HotkeyModifiers::kCommand, ModifierFlags::kCommand},
+                                         {HotkeyModifiers::kShift, ModifierFlags::kShift},
+                                         {HotkeyModifiers::kOption, ModifierFlags::kOption},
+                                         {HotkeyModifiers::kControl, ModifierFlags::kControl}};
 
 constexpr std::size_t kModifierCount = 8;
 constexpr std::uint16_t kModifierBits = 0xFF;
@@ -60,7 +63,7 @@ std::optional<X11KeyCombination> X11KeyCombination::find(const Hotkey& hotkey, c
     for (const HotkeyModifier& modifier : kModifiers) {
         if ((hotkey.modifiers & modifier.inMask) == 0)
             continue;
-        // A key may serve two modifiers; holding it sets both, and the lowest is the one that it is known for.
+        // A key may be mapped to two modifiers; holding it sets both. The lowest is the usual one.
         const auto bits =
             modifierBits(keyAt, modifierKeys, [&](const X11Key& key) { return key.modifier == modifier.flag; });
         if (bits == 0)

@@ -1,5 +1,7 @@
 #include "hosts/x11/input/X11KeyNames.h"
 
+#include "platform/ModifierFlags.h"
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -51,20 +53,20 @@ std::uint64_t modifierFlag(std::uint32_t symbol)
     switch (symbol) {
     case XK_Shift_L:
     case XK_Shift_R:
-        return kShiftFlag;
+        return ModifierFlags::kShift;
     case XK_Control_L:
     case XK_Control_R:
-        return kControlFlag;
+        return ModifierFlags::kControl;
     case XK_Alt_L:
     case XK_Alt_R:
     case XK_Meta_L:
     case XK_Meta_R:
-        return kOptionFlag;
+        return ModifierFlags::kOption; // Alt
     case XK_Super_L:
     case XK_Super_R:
-        return kCommandFlag;
+        return ModifierFlags::kCommand; // Super
     case XK_Caps_Lock:
-        return kCapsLockFlag;
+        return ModifierFlags::kCapsLock;
     default:
         return 0;
     }
@@ -106,7 +108,7 @@ X11Key keyWithSymbols(std::span<const std::uint32_t> keySymbols)
     if (keySymbols.empty())
         return key;
     key.modifier = modifierFlag(keySymbols.front());
-    key.isCapsLock = key.modifier == kCapsLockFlag;
+    key.isCapsLock = key.modifier == ModifierFlags::kCapsLock;
     key.isOtherLock = keySymbols.front() == XK_Num_Lock || keySymbols.front() == XK_Scroll_Lock;
     key.isPrintScreen = keySymbols.front() == XK_Print;
     key.number = virtualKeyNumber(keySymbols.front());

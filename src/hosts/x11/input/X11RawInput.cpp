@@ -152,7 +152,8 @@ void X11RawInput::receiveKey(std::uint8_t keyCode, bool pressed)
         m_capsLocked = !m_capsLocked;
     if (key.isPrintScreen) {
         // It opens the desktop's screenshot interface, as Command-Shift-5 does on macOS.
-        m_keyDowns.publish({EventType::keyDown, kKeyNumberOf5, heldModifiers() | kCommandFlag | kShiftFlag});
+        m_keyDowns.publish(
+            {EventType::keyDown, kKeyNumberOf5, heldModifiers() | ModifierFlags::kCommand | ModifierFlags::kShift});
     } else if (key.number) {
         m_keyDowns.publish({EventType::keyDown, *key.number, heldModifiers()});
     }
@@ -160,7 +161,7 @@ void X11RawInput::receiveKey(std::uint8_t keyCode, bool pressed)
 
 std::uint64_t X11RawInput::heldModifiers() const
 {
-    std::uint64_t flags = m_capsLocked ? kCapsLockFlag : 0;
+    std::uint64_t flags = m_capsLocked ? ModifierFlags::kCapsLock : 0;
     for (std::size_t code = 0; code < X11Keyboard::kKeyCodes; ++code) {
         const X11Key& key = m_keyboard.key(static_cast<std::uint8_t>(code));
         if (m_heldKeys[code] && !key.isCapsLock)

@@ -22,13 +22,13 @@ void pressKey(SimPlayer& player, const SimJson& arguments)
     std::uint64_t flags = 0;
     for (const std::string& modifier : arguments.value("modifiers", std::vector<std::string>{})) {
         if (modifier == "shift")
-            flags |= SimKeyboard::kShift;
+            flags |= ModifierFlags::kShift;
         else if (modifier == "control")
-            flags |= SimKeyboard::kControl;
+            flags |= ModifierFlags::kControl;
         else if (modifier == "option")
-            flags |= SimKeyboard::kOption;
+            flags |= ModifierFlags::kOption;
         else if (modifier == "command")
-            flags |= SimKeyboard::kCommand;
+            flags |= ModifierFlags::kCommand;
     }
     player.desktop().keyboard.press(arguments["code"].get<std::int64_t>(), flags);
 }
@@ -104,7 +104,7 @@ const std::vector<SimStepKind>& simInputSteps()
          "open the system's screenshot interface by Command-Shift-4",
          {},
          [](SimPlayer& player, const SimJson&) {
-             player.desktop().keyboard.press(SimKeyboard::kDigit4, SimKeyboard::kCommand | SimKeyboard::kShift);
+             player.desktop().keyboard.press(SimKeyboard::kDigit4, ModifierFlags::kCommand | ModifierFlags::kShift);
          }},
         {"escape",
          "press Escape",

@@ -17,14 +17,14 @@ TEST(SimHotkeys, a_combination_reaches_its_handler_while_it_is_registered)
         fixture.desktop.keyboard.press(3, flags);
         fixture.run();
     };
-    constexpr auto kAll = SimKeyboard::kControl | SimKeyboard::kOption | SimKeyboard::kCommand;
+    constexpr auto kAll = ModifierFlags::kControl | ModifierFlags::kOption | ModifierFlags::kCommand;
     press(kAll);
     EXPECT_EQ(presses, 0);
     const HotkeyRef hotkey = hotkeys.registerHotkey({3, 0x1900, 0, 1}, 0);
     press(kAll);
     EXPECT_EQ(presses, 1);
-    press(kAll | SimKeyboard::kShift);
-    press(SimKeyboard::kCommand);
+    press(kAll | ModifierFlags::kShift);
+    press(ModifierFlags::kCommand);
     EXPECT_EQ(presses, 1);
     hotkeys.unregisterHotkey(hotkey);
     press(kAll);

@@ -1,7 +1,7 @@
-// Where views draw: a small subset of a two-dimensional graphics context.
+// The interface that views draw on: a small subset of a two-dimensional graphics context.
 //
-// Coordinates are points in the view's space, origin at the bottom left, y upward. State (clip, shadow, blend mode)
-// belongs to the innermost save; colours go with each call. Main thread.
+// Coordinates are points in the view's space, origin at the bottom left, y upward. Clip, shadow and blend mode are
+// state that save() and restore() keep; colours are passed with each call. Main thread.
 #pragma once
 
 #include "drawing/LineStyle.h"
@@ -33,10 +33,10 @@ public:
     virtual void save() = 0;
     virtual void restore() = 0; // pairs with save()
 
-    // Limits later drawing to the inside of `path` as well.
+    // Limits later drawing further, to the inside of `path`.
     virtual void clip(const Path& path, FillRule rule) = 0;
 
-    // For every later fill and stroke, until the state is restored.
+    // Applies to every later fill and stroke, until the state is restored.
     virtual void setShadow(const Shadow& shadow) = 0;
 
     virtual void setBlendMode(BlendMode mode) = 0;
@@ -50,7 +50,7 @@ public:
     // `lineWidth` in points, centred on the path.
     virtual void stroke(const Path& path, const Color& color, double lineWidth) = 0;
 
-    // All lines as one path: where they cross, the colour counts once. A line of fewer than two points is not drawn.
+    // All lines as one path: where they cross, the colour is applied once. Lines of fewer than two points are skipped.
     virtual void strokeLines(std::span<const Polyline> lines, const Color& color, const LineStyle& style) = 0;
 };
 

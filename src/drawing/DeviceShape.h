@@ -1,7 +1,7 @@
 // A rectangle or rounded rectangle on the pixel grid of a view, in whole 1/256ths of a pixel, y downward.
 //
-// Everything that is drawn passes through this form: a shape then has the same pixels however its coordinates were
-// rounded on the way, and a part of a view the same pixels as the whole. Cairo works on the same grid.
+// Everything that is drawn is converted to this form first, so that small rounding errors in coordinates do not change
+// the pixels, and a part of a view has the same pixels as the whole. Cairo uses the same grid.
 #pragma once
 
 namespace haloric {
@@ -22,11 +22,11 @@ struct DeviceShape {
     friend bool operator==(const DeviceShape&, const DeviceShape&) = default;
 };
 
-// A corner of an open line, on the same grid.
+// A point of an open line, on the same grid.
 struct DevicePoint {
     int x = 0;
     int y = 0;
-    bool begins = false; // the first one of its line
+    bool begins = false; // the first point of its line
 
     friend bool operator==(const DevicePoint&, const DevicePoint&) = default;
 };
@@ -35,7 +35,7 @@ struct DevicePoint {
 constexpr int pixelFloor(int units) { return units >> 8; }
 constexpr int pixelCeil(int units) { return (units + DeviceShape::kUnit - 1) >> 8; }
 
-// Whether every point of `inner` lies in `outer`. May say no for a rounded outer shape that does hold the inner one.
+// Whether every point of `inner` lies in `outer`. May be false for a rounded outer shape that does hold the inner one.
 constexpr bool holds(const DeviceShape& outer, const DeviceShape& inner)
 {
     return outer.x0 <= inner.x0 && outer.y0 <= inner.y0 && outer.x1 >= inner.x1 && outer.y1 >= inner.y1 &&

@@ -17,7 +17,7 @@ int toUnits(double pixels)
 
 int wholePixels(double pixels)
 {
-    // A size that is whole but for rounding must not gain a pixel.
+    // Rounding errors must not add a pixel to a whole number.
     return pixels > 0 ? static_cast<int>(std::ceil(std::min(pixels, kMaxPixels) - 1.0 / DeviceShape::kUnit)) : 0;
 }
 
@@ -34,7 +34,7 @@ bool isUsable(const Rect& rect)
            !std::isnan(rect.maxY()) && rect.width > 0 && rect.height > 0;
 }
 
-// As every canvas does: at most half the width and height; less than nothing is none.
+// At most half the width and height, as on every canvas; negative values count as zero.
 double limitedRadius(const RoundedRect& shape)
 {
     const double limit = std::min(shape.rect.width, shape.rect.height) / 2;

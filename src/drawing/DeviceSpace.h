@@ -1,5 +1,5 @@
-// Turns a view's points (origin at the bottom left, y upward) into its pixels (origin at the top left, y downward).
-// Takes any number: what is not one gives an empty shape, what is too large is cut to a million pixels. Pure.
+// Converts a view's points (origin at the bottom left, y upward) to its pixels (origin at the top left, y downward).
+// Accepts any value: NaN gives an empty shape, and too large values are limited to a million pixels. Pure.
 #pragma once
 
 #include "drawing/DeviceShape.h"
@@ -11,7 +11,7 @@
 
 namespace haloric {
 
-// The two outlines between which a stroke lies. An empty inner one means that the stroke covers all of the outer.
+// The two outlines of a stroke. If the inner one is empty, the stroke covers all of the outer one.
 struct StrokeOutline {
     DeviceShape outer;
     DeviceShape inner;
@@ -19,27 +19,27 @@ struct StrokeOutline {
 
 class DeviceSpace {
 public:
-    // `scale`: pixels a point; a scale that is not above zero counts as 1. `offset`: how far right of and below the
-    // first pixel's corner the view's lies, half a pixel at most; the pixels stay those of a view without one.
+    // `scale`: pixels per point; 1 if it is not above zero. `offset`: from the first pixel's upper left corner to the
+    // view's, to the right and down, in pixels, half a pixel at most. It does not change `pixels`.
     DeviceSpace(double scale, Size viewSize, Point offset = {});
 
     double scale() const { return m_scale; }
 
-    // Every pixel that the view touches when its top edge is the top edge of its first row.
+    // Every pixel that the view touches if it starts at the corner of the first pixel.
     PixelRect pixels() const { return m_pixels; }
 
-    // A plain rectangle that reaches an edge of the view takes in the whole of the last pixels there, which a
+    // A plain rectangle that reaches an edge of the view is extended to cover the last pixels there completely, which a
     // fractional scale or an offset would leave half covered: the edge of a window is the edge of a pixel.
     DeviceShape shape(const Path::Shape& shape) const;
 
     // Centred on the shape's edge. Corners of a plain rectangle stay sharp, round ones stay round.
     StrokeOutline stroke(const Path::Shape& shape, double lineWidth) const;
 
-    // Appends the line's points. Adds nothing for a line that has fewer than two, or a coordinate that is no number or
-    // infinite.
+    // Appends the line's points. Appends nothing for a line with fewer than two points or with a coordinate that is not
+    // finite.
     void addLine(const Polyline& line, std::vector<DevicePoint>& points) const;
 
-    // A length in points as pixels, cut to 0...`limit`.
+    // A length in points as pixels, limited to 0...`limit`.
     double length(double points, double limit) const;
 
 private:

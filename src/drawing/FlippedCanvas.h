@@ -1,6 +1,6 @@
 // A canvas with its origin at the top left and y downward, over one with y upward.
 //
-// Shapes and points are mirrored; a shadow's offset stays in the space of the canvas beneath, as platforms have it.
+// Shapes and points are mirrored; a shadow's offset stays in the space of the underlying canvas, as on macOS.
 #pragma once
 
 #include "drawing/Canvas.h"

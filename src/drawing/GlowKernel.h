@@ -1,4 +1,4 @@
-// The blur of a shadow, in one dimension. Everything that draws a glow takes its shape from here.
+// The blur of a shadow in one dimension, used by everything that draws a glow.
 //
 // A shadow of blur radius B is a Gaussian of standard deviation B / 2, cut at ± B and scaled to a sum of one: what open
 // re-implementations of the toolkit found when they compared pixels with it. It acts on pixels, on a mask whose edges
@@ -14,21 +14,21 @@ namespace haloric {
 
 class GlowKernel {
 public:
-    // A blur beyond this many pixels is drawn as this one: wider than any screen shows as an edge.
+    // Larger blurs, in pixels, are drawn with this one: wider than any visible edge.
     static constexpr double kMaxBlurRadius = 512;
 
-    // `blurRadius` in pixels; cut to 0...kMaxBlurRadius.
+    // `blurRadius` in pixels; limited to 0...kMaxBlurRadius.
     explicit GlowKernel(double blurRadius);
 
-    // How many pixels away from a mask's own pixels its blur gets.
+    // How many pixels the blur extends beyond a mask's own pixels.
     static int marginOf(double blurRadius);
     int margin() const { return static_cast<int>(m_taps.size()) - 1; }
 
     // The shares of the pixels at distances 0, 1, ... margin(), on either side.
     const std::vector<float>& taps() const { return m_taps; }
 
-    // How much a pixel gets of everything beyond a straight edge, `distance` pixels from the edge to the pixel's
-    // centre: 0 far on this side of it, 1 far beyond.
+    // The share of a blurred half-plane in a pixel whose centre is `distance` pixels inside its straight edge: 0 far
+    // outside, 1 far inside.
     float cumulative(double distance) const
     {
         const double position = distance + margin() + 0.5;

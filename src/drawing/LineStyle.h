@@ -16,8 +16,7 @@ struct Polyline {
 // How a line ends: at its last point, or half its width beyond, in a half circle.
 enum class LineCap { butt, round };
 
-// The outer side of a corner: drawn to a point (cut off where it would reach further than 10 times half the width), or
-// round.
+// The outer side of a corner: drawn to a point (cut off if it would be longer than 10 times half the width), or round.
 enum class LineJoin { miter, round };
 
 struct LineStyle {

@@ -1,5 +1,5 @@
-// A path as the shapes that it was made of. Canvases turn shapes into curves themselves, so that a canvas with a
-// faster way for a rectangle or a rounded rectangle can see one.
+// A path as the list of its shapes. Canvases convert shapes to curves themselves, so that a canvas can draw rectangles
+// and rounded rectangles in a faster way.
 #pragma once
 
 #include "foundation/Geometry.h"

@@ -56,7 +56,7 @@ public:
     };
     using Call = std::variant<Save, Restore, Clip, SetShadow, SetBlendMode, Fill, FillRect, Stroke, StrokeLines>;
 
-    // What the innermost save holds.
+    // The state that save() keeps.
     struct State {
         std::vector<Clip> clips; // outermost first; drawing shows inside all of them
         std::optional<Shadow> shadow;
@@ -71,17 +71,17 @@ public:
         friend bool operator==(const Drawing&, const Drawing&) = default;
     };
 
-    // Every call in order; saves and restores are in it, also a restore without a save (which changes nothing).
+    // Every call in order, including saves and restores, and a restore without a save, which changes nothing.
     const std::vector<Call>& calls() const { return m_calls; }
 
-    // The painting calls alone, in order.
+    // Only the painting calls, in order.
     const std::vector<Drawing>& drawings() const { return m_drawings; }
 
-    // The state in force, and how many saves still wait for their restore.
+    // The current state, and the number of unmatched save() calls.
     const State& state() const { return m_state; }
     std::size_t openSaves() const { return m_saved.size(); }
 
-    // What compositingOperation() answers from now on; sourceOver at first.
+    // Sets what compositingOperation() returns; initially sourceOver.
     void setCompositingOperation(CompositingOperation operation) { m_operation = operation; }
 
     void save() override;

@@ -18,7 +18,7 @@ struct PixelRing {
 
     bool holdsRow(int row) const { return row >= y0 && row < y1 && x1 > x0; }
 
-    // How far the row's ends lie within the sides, measured in the middle of the row.
+    // The distance of the row's ends from the sides, measured at the middle of the row.
     int insetOf(int row) const
     {
         const double depth = std::min(row - y0, y1 - 1 - row) + 0.5;
@@ -34,7 +34,7 @@ struct PixelRing {
     }
 };
 
-// The pixels of one row of a ring: everything from begin to end but the hole.
+// The pixels of one row of a ring: from begin to end, except the hole.
 struct RingRow {
     int begin = 0;
     int holeBegin = 0;

@@ -1,6 +1,6 @@
-// A canvas for screens without transparency: it keeps the strokes of rectangles and rounded rectangles, as whole pixels
-// in one opaque colour, and drops everything else. What it gathers is the shape of a window that is that colour all
-// over. Main thread.
+// A canvas for screens without transparency: it collects the strokes of rectangles and rounded rectangles, as whole
+// pixels of one opaque colour, and drops everything else. The result is the shape of a window that is filled with that
+// colour. Main thread.
 #pragma once
 
 #include "drawing/Canvas.h"
@@ -17,11 +17,11 @@ public:
     // As for DeviceSpace.
     RingCanvas(double scale, Size viewSize, Point offset = {}) : m_space(scale, viewSize, offset) {}
 
-    // The pixels of all strokes, from the view's upper left pixel, y downward. Rows that are alike share a rectangle.
-    // Those of different strokes may overlap.
+    // The pixels of all strokes, counted from the view's upper left pixel, y downward. Equal rows share a rectangle.
+    // Rectangles of different strokes may overlap.
     const std::vector<PixelRect>& rects() const { return m_rects; }
 
-    // The first stroke's colour, opaque; none as long as there is no stroke.
+    // The first stroke's colour, made opaque; no value if there is no stroke.
     const std::optional<Color>& color() const { return m_color; }
 
     void save() override {}

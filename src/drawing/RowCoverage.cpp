@@ -33,7 +33,7 @@ RowCoverage::RowCoverage(const DeviceShape& shape, int row) : m_shape(shape), m_
     m_top = {std::max(0, topCentre - to) * kPixels, (topCentre - from) * kPixels};
     m_bottom = {std::max(0, from - bottomCentre) * kPixels, (to - bottomCentre) * kPixels};
 
-    double widest = m_radius; // how far from the centre of its arc the outline gets, at most and at least
+    double widest = m_radius; // the largest and the smallest distance of the outline from the centre of its arc
     double narrowest = m_radius;
     if (!m_top.empty())
         narrowest = std::min(narrowest, legOf(m_radius, m_top.far));
@@ -69,7 +69,7 @@ double RowCoverage::cutByCorner(const Band& rows, double columnNear, double colu
     return whole - inside;
 }
 
-// What the two corners of one side cut from a pixel, whose outer edge lies `outerDistance` from the side inward.
+// The area that the two corners of one side cut from a pixel whose outer edge is `outerDistance` inward of that side.
 double RowCoverage::cutOnSide(double outerDistance) const
 {
     const double far = m_radius - std::max(outerDistance, 0.0);

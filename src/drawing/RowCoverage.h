@@ -1,7 +1,7 @@
 // How much of each pixel in one row a shape covers: exact areas, no sampling.
 //
-// Most of a row is either untouched or covered alike; only the pixels that an edge passes through vary. Columns and
-// rows are pixels of the space that the shape is in. Pure; cheap enough to make one for every row.
+// Most of a row is either uncovered or covered equally; only the pixels at an edge differ. Columns and rows are pixels
+// of the shape's space. Pure; cheap enough to make one for every row.
 #pragma once
 
 #include "drawing/DeviceShape.h"
@@ -23,12 +23,12 @@ public:
     // Any column.
     float at(int column) const;
 
-    // Whether every row between the shape's corners has the very coverage of this one.
+    // The rows from uniformBegin to uniformEnd, between the shape's corners, have the same coverage.
     static int uniformBegin(const DeviceShape& shape) { return pixelCeil(shape.y0 + shape.radius); }
     static int uniformEnd(const DeviceShape& shape) { return pixelFloor(shape.y1 - shape.radius); }
 
 private:
-    // The part of the row, as distances from the centre of a corner's arc away from the shape's middle.
+    // The part of the row beside a corner, as distances from the centre of its arc, outward.
     struct Band {
         double near = 0;
         double far = 0;

@@ -1,4 +1,4 @@
-// What a toolkit window shows. The window's owner implements it; the host calls it back to draw. Main thread.
+// The content of a toolkit window. The window's owner implements it; the host calls it to draw. Main thread.
 #pragma once
 
 #include "foundation/Geometry.h"
@@ -21,8 +21,8 @@ public:
     // the part that needs display.
     virtual void draw(Canvas& canvas, const Rect& bounds) = 0;
 
-    // Rectangles outside which `draw` leaves every pixel transparent, so that a host need neither store nor send
-    // the rest. They may overlap each other and the bounds' edges.
+    // Rectangles outside which `draw` leaves every pixel transparent, so that a host need neither store nor send the
+    // rest. They may overlap each other and exceed the bounds.
     virtual std::vector<Rect> paintedArea(const Rect& bounds) const = 0;
 };
 

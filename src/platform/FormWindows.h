@@ -10,7 +10,7 @@
 
 namespace haloric {
 
-// Properties that a window is made with, named and numbered as the platform's.
+// Properties that a window is made with, with the names and numbers of macOS.
 struct FormWindowConfiguration {
     std::string title;
     std::uint64_t styleMask = 0; // WindowStyle

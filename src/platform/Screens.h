@@ -13,9 +13,9 @@ namespace haloric {
 
 struct Screen {
     Rect frame;                         // screen space, points
-    std::optional<DisplayID> displayID; // absent when the system does not tell
+    std::optional<DisplayID> displayID; // no value if the system reports none
     double maximumFramesPerSecond = 60;
-    double backingScale = 1; // pixels a point
+    double backingScale = 1; // pixels per point
     friend bool operator==(const Screen&, const Screen&) = default;
 };
 
@@ -23,11 +23,11 @@ class Screens {
 public:
     virtual ~Screens() = default;
 
-    // In the system's order; the first is the primary screen. May be empty. Costs no allocation and no round trip;
-    // valid until the main loop turns.
+    // In the system's order; the first is the primary screen. May be empty. Neither allocates nor asks the system.
+    // Valid until the next turn of the main loop.
     virtual std::span<const Screen> all() const = 0;
 
-    // After screens came, went, moved or changed size; `all()` tells the new ones by then.
+    // After screens were added, removed, moved or resized. `all()` returns the new ones by then.
     virtual Subscription onParametersChange(Task handler) = 0;
 };
 

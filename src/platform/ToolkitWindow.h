@@ -1,5 +1,4 @@
-// Windows of the windowing toolkit, as far as Haloric makes its own: borderless, transparent and click-through.
-// Main thread.
+// Haloric's own windows of the windowing toolkit: borderless, transparent and click-through. Main thread.
 #pragma once
 
 #include "foundation/Geometry.h"
@@ -11,7 +10,7 @@
 
 namespace haloric {
 
-// Properties that a window is made with, named and numbered as the platform's.
+// Properties that a window is made with, with the names and numbers of macOS.
 struct ToolkitWindowConfiguration {
     Rect contentRect;
     std::uint64_t styleMask = 0; // WindowStyle
@@ -31,7 +30,7 @@ struct ToolkitWindowConfiguration {
     friend bool operator==(const ToolkitWindowConfiguration&, const ToolkitWindowConfiguration&) = default;
 };
 
-// What the toolkit asks a window to decide. The owner outlives the window.
+// Decisions that the toolkit leaves to a window. The delegate outlives the window.
 class ToolkitWindowDelegate {
 public:
     virtual ~ToolkitWindowDelegate() = default;
@@ -44,7 +43,7 @@ class ToolkitWindow {
 public:
     virtual ~ToolkitWindow() = default;
 
-    // Screen space. What the toolkit believes; a move past the toolkit does not change it.
+    // Screen space, as last set by the toolkit; a move past the toolkit does not change it.
     virtual Rect frame() const = 0;
     virtual void setFrame(const Rect& frame, bool display) = 0;
     virtual void setFrameOrigin(Point origin) = 0;
@@ -53,14 +52,14 @@ public:
     virtual void orderFront() = 0; // above every window of the same level
     virtual void orderOut() = 0;
 
-    // The window server's number; zero or less when there is none.
+    // The window server's number; zero or less if there is none.
     virtual std::int64_t windowNumber() const = 0;
 
     // The view outlives the window.
     virtual void setContentView(ContentView& view) = 0;
 
-    // The content is drawn again, wholly or inside the given rectangles (view space), on a later turn of the main
-    // loop. Requests add up.
+    // Draws the content again, all of it or the given rectangles (view space), on a later turn of the main loop.
+    // Requests add up.
     virtual void setNeedsDisplay() = 0;
     virtual void setNeedsDisplay(std::span<const Rect> parts) = 0;
 };

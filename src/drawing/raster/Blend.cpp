@@ -8,10 +8,10 @@ namespace haloric {
 
 namespace {
 
-// Pixels that are dealt with at a time where the loop needs their values prepared.
+// The number of pixels processed at a time where the loop needs prepared values.
 constexpr std::size_t kChunk = 16;
 
-// Bytes and sums of 16 bits: what every vector unit multiplies eight or more of at once.
+// Bytes and 16-bit products, of which every vector unit multiplies eight or more at once.
 void blendBytes(std::uint8_t* bytes, std::size_t count, const std::uint8_t* sources, const std::uint8_t* keeps)
 {
     for (std::size_t i = 0; i < count; ++i) {
@@ -26,7 +26,7 @@ const std::uint8_t* bytesOf(const std::uint32_t* pixels) { return reinterpret_ca
 
 double unit(double component) { return component > 0 ? std::min(component, 1.0) : 0; }
 
-// Rounded to nearest; far quicker than the library's rounding, which knows more modes.
+// Rounded to nearest; much faster than the library functions, which respect the rounding mode.
 std::uint32_t toByte(double fraction)
 {
     const double half = 0.5;

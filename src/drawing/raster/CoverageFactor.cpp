@@ -38,7 +38,7 @@ std::optional<CoverageFactor> CoverageFactor::of(std::span<const DeviceShape> sh
         found[count++] = shape;
     }
     if (count < 2)
-        return inside(found[0]); // empty when there is none
+        return inside(found[0]); // empty if there is no shape
     if (rule == FillRule::evenOdd)
         return ofTwo(found[0], found[1], visible);
     if (holds(found[0], found[1]))

@@ -1,5 +1,5 @@
-// A region whose coverage is known exactly, row by row: everything, or the inside of a shape, less the inside of
-// another shape that lies wholly within the first.
+// A region with exactly known coverage, row by row: everything or the inside of a shape, minus the inside of a second
+// shape that lies completely within the first.
 #pragma once
 
 #include "drawing/DeviceShape.h"
@@ -12,13 +12,13 @@
 namespace haloric {
 
 struct CoverageFactor {
-    std::optional<DeviceShape> outer; // none: everything
-    std::optional<DeviceShape> inner; // none: nothing is cut out
+    std::optional<DeviceShape> outer; // no value: everything
+    std::optional<DeviceShape> inner; // no value: nothing is cut out
 
     static CoverageFactor inside(const DeviceShape& shape) { return {shape, std::nullopt}; }
     static CoverageFactor outside(const DeviceShape& shape) { return {std::nullopt, shape}; }
 
-    // What a path covers among `visible` pixels; none for a path that needs the general way.
+    // The coverage of a path among `visible` pixels; no value for a path that needs masks (see GeneralPainter).
     static std::optional<CoverageFactor> of(std::span<const DeviceShape> shapes, FillRule rule,
                                             const PixelRect& visible);
 

@@ -19,7 +19,7 @@ void forEachShape(std::span<const CoverageFactor> factors, Visit visit)
     }
 }
 
-// The first row after `row` that may differ from it, or `row` itself when each row is one of its own.
+// The first row after `row` that may differ from it, or `row` itself if the next one may.
 int uniformRowsEnd(std::span<const CoverageFactor> factors, int row, int limit)
 {
     int end = limit;
@@ -116,7 +116,7 @@ void CoveragePainter::prepareRow(const PixelRect& area, int row, std::span<const
 
 void CoveragePainter::addRun(int begin, int end, Blend blend)
 {
-    // The few pixels of a line's side cost less as part of what lies beside them than on their own.
+    // A short run costs less as part of the pixels beside it than as a run of its own.
     constexpr int kShort = 16;
     if (end - begin > kShort) {
         m_runs.push_back({begin, end, blend, Run::kUniform, blend.writes()});

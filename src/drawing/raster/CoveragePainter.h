@@ -1,5 +1,5 @@
-// Paints one colour where every one of a few regions covers, in rows: the pixels that edges pass through are computed
-// one by one, the runs between them are filled, and rows that are alike are prepared once. Main thread.
+// Paints one colour inside the intersection of a few regions, row by row: the pixels at edges are computed one by one,
+// the runs between them are filled, and equal rows are prepared once. Main thread.
 #pragma once
 
 #include "drawing/raster/Blend.h"
@@ -15,11 +15,11 @@ class CoveragePainter {
 public:
     static constexpr std::size_t kMaxFactors = 8;
 
-    // `origin`: which pixel of the view the buffer's first one is. Keep a painter: it pools its memory.
+    // `origin`: the view's pixel at the buffer's first one. A painter reuses its memory, so keep it.
     void setTarget(const PixelBuffer& buffer, int originX, int originY);
 
-    // `area`: the view's pixels to touch, all of them in the buffer. The coverage is the product of the factors'.
-    // At most kMaxFactors of them.
+    // `area`: the view's pixels to paint, all of them in the buffer. The coverage is the product of the factors', of
+    // which there are at most kMaxFactors.
     void paint(const PixelRect& area, std::span<const CoverageFactor> factors, const Color& color, PaintMode mode);
 
     // The view's pixel at x in row y.
@@ -29,9 +29,9 @@ private:
     struct Run {
         int begin = 0;
         int end = 0;
-        Blend blend;          // for every pixel, unless
-        int first = kUniform; // each has its own, from here on in m_sources and m_keeps
-        bool writes = true;   // none of those keeps anything
+        Blend blend;          // of every pixel, if uniform
+        int first = kUniform; // otherwise the index of the first pixel's own blend in m_sources and m_keeps
+        bool writes = true;   // every blend overwrites
         static constexpr int kUniform = -1;
     };
 

@@ -18,8 +18,8 @@ double fraction(std::uint8_t byte) { return byte / 255.0; }
 
 } // namespace
 
-// Cairo's strokes depend a little on the area that is asked for. A part of a view has to have the pixels of the whole,
-// so a stroke is made as a whole, or as much of it as the view can show.
+// Cairo's strokes depend slightly on the rendered area. A part of a view must have the pixels of the whole, so a stroke
+// is always rendered for the whole view.
 void GeneralPainter::renderMask(const PixelRect& area, const GeneralPaint& paint, int margin)
 {
     if (paint.path.lineWidth <= 0) {

@@ -1,5 +1,5 @@
-// Paints any path under any clip, with a shadow or without: by masks of the pixels concerned, as Cairo makes them. What
-// the exact rows and the glow patches cannot do ends here. Main thread.
+// Paints any path under any clip, with or without a shadow, by masks that Cairo renders. Used for what CoveragePainter
+// and GlowTiles cannot draw. Main thread.
 #pragma once
 
 #include "drawing/raster/CoveragePainter.h"
@@ -22,16 +22,16 @@ struct PixelShadow {
 
 struct GeneralPaint {
     MaskPath path;
-    PixelRect view; // all pixels of the view that the drawing is a part of
+    PixelRect view; // all pixels of the view
     std::span<const MaskPath> clips;
-    std::optional<PixelShadow> shadow; // left out when erasing
+    std::optional<PixelShadow> shadow; // ignored when erasing
     Color color;
     PaintMode mode = PaintMode::over;
 };
 
 class GeneralPainter {
 public:
-    // `area`: the view's pixels to touch at most, all of them in the target.
+    // `area`: the view's pixels that may be painted, all of them in the target.
     void paint(const CoveragePainter& target, const PixelRect& area, const GeneralPaint& paint);
 
 private:

@@ -14,9 +14,8 @@ namespace {
 constexpr int kUnit = DeviceShape::kUnit;
 constexpr long kMaxPatchPixels = 8L << 20;
 
-// Where one side of the smallest rectangle ends, in units, that stands for a side from `begin`, in pixel 0, to `end`:
-// so far off that the middle pixel, and the one on either side of it, see neither corner. A shorter side stands for
-// itself.
+// The end, in units, of the smallest side that can replace a side from `begin`, in pixel 0, to `end`: long enough that
+// the middle pixel and its two neighbours are affected by neither corner. A shorter side is not replaced.
 int smallestEnd(int begin, int end, int radius, int reach)
 {
     const int afterCorner = pixelCeil(begin + radius) + reach;
@@ -28,8 +27,8 @@ int smallestEnd(int begin, int end, int radius, int reach)
 // Whether a pattern between these ends reads the same from both sides.
 bool isSymmetrical(int begin, int end) { return ((begin + end) & (kUnit - 1)) == 0; }
 
-// What the glow puts into a pixel that the rectangle covers by `coverage`: the shadow and over it the rectangle itself,
-// both let through by the clip to the outside. Rounded once.
+// The glow's pixel where the rectangle covers `coverage` of it: the shadow and over it the rectangle itself, both
+// clipped to the outside. Rounded once.
 std::uint32_t glowPixel(const GlowKey& key, float blurred, float coverage)
 {
     const double open = 1 - static_cast<double>(coverage);

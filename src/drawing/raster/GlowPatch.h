@@ -1,11 +1,11 @@
 // The glow around a rounded rectangle, as pixels that fit every size of it.
 //
-// Outside the rectangle a glow depends on the blur, the corners and the colours, but not on how long the sides are. So
-// it is computed once around the smallest rectangle whose corners do not yet see one another, with one column and one
-// row in the middle that repeat. A rectangle smaller than that is computed as it is, and nothing repeats.
+// Outside the rectangle a glow depends on the blur, the corners and the colours, but not on the length of the sides. So
+// it is computed once, around the smallest rectangle whose corners do not affect one another, and the middle column and
+// row are repeated for larger ones. Around a smaller rectangle it is computed as it is, and nothing is repeated.
 //
-// No blur takes place: a rounded rectangle is a stack of thin strips, a blurred strip is the product of one difference
-// of cumulative functions across and one down, and the glow is the sum over the strips.
+// There is no blur pass: a rounded rectangle is a stack of thin strips, a blurred strip is the product of two
+// differences of cumulative functions, one across and one down, and the glow is the sum over the strips.
 #pragma once
 
 #include "drawing/DeviceShape.h"
@@ -18,15 +18,15 @@
 
 namespace haloric {
 
-// All that a patch depends on.
+// Everything that a patch depends on.
 struct GlowKey {
     // The smallest rectangle, its upper left corner within pixel (0, 0).
     DeviceShape shape;
     double blurRadius = 0; // pixels
     Color shadowColor;
-    Color fillColor; // of the rectangle; all of it is clipped away but what the smoothed edge lets through
+    Color fillColor; // of the rectangle; visible only through the smoothed edge of the clip
 
-    // None when the patch would be larger than is sensible to keep.
+    // No value if the patch would be too large to keep.
     static std::optional<GlowKey> of(const DeviceShape& shape, double blurRadius, const Color& shadowColor,
                                      const Color& fillColor);
 
@@ -35,7 +35,7 @@ struct GlowKey {
 
 class GlowPatch {
 public:
-    // Pixels of one row that may be other than transparent: from 0 to leftEnd and from rightBegin to the width.
+    // The pixels of one row that may not be transparent: from 0 to leftEnd and from rightBegin to the width.
     struct Extent {
         int leftEnd = 0;
         int rightBegin = 0;
@@ -43,14 +43,14 @@ public:
 
     explicit GlowPatch(const GlowKey& key);
 
-    // Where the patch's first pixel lies, from the pixel that holds the rectangle's upper left corner.
+    // From the pixel with the rectangle's upper left corner to the patch's first pixel, in x and y.
     int offset() const { return -m_reach; }
 
     int width() const { return m_width; }
     int height() const { return m_height; }
     std::size_t pixels() const { return m_pixels.size(); }
 
-    // What repeats; the middle when nothing does.
+    // The repeated column and row; the middle if nothing is repeated.
     int middleColumn() const { return m_width / 2; }
     int middleRow() const { return m_height / 2; }
 
@@ -62,7 +62,7 @@ private:
     void compute(const GlowKey& key);
     void findExtents();
 
-    int m_reach; // how many pixels beyond the rectangle's outermost ones the patch goes
+    int m_reach; // pixels from the rectangle's outermost pixels to the patch's
     int m_width;
     int m_height;
     std::vector<std::uint32_t> m_pixels;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kPixels = 1.0 / DeviceShape::kUnit;
 
-// A wide blur hides steps that a narrow one shows.
+// A wide blur hides larger steps than a narrow one.
 double wantedStripHeight(const GlowKernel& kernel) { return std::clamp(kernel.margin() / 32.0, 0.25, 1.0); }
 
 // The area between the arc of a corner and its square's top, from the top down to `depth`.

@@ -1,4 +1,4 @@
-// A rounded rectangle as a stack of strips, and how much of each lies within the kernel around any row or column.
+// A rounded rectangle as a stack of strips, and each strip's share in the kernel around any row or column.
 #pragma once
 
 #include "drawing/DeviceShape.h"
@@ -10,12 +10,12 @@ namespace haloric {
 
 class GlowStrips {
 public:
-    // The strips of the upper and of the lower corners have the same sides in pairs; the last strip is the middle.
+    // Each strip at the upper corners has a twin of the same width at the lower ones; the last strip is the middle.
     GlowStrips(const DeviceShape& shape, const GlowKernel& kernel);
 
     std::size_t count() const { return m_inset.size(); }
 
-    // For the pixel centres of `columns` columns from `first` on: by strip, then by column.
+    // For the centres of `columns` pixels from `first` on: by strip, then by column.
     std::vector<float> acrossColumns(int first, int columns) const;
 
     // The share of one strip and its twin in the row's kernel.
@@ -25,7 +25,7 @@ private:
     DeviceShape m_shape;
     const GlowKernel& m_kernel;
     double m_stripHeight = 0;    // pixels; of all but the last
-    std::vector<double> m_inset; // how far the sides of a strip lie within the shape's, pixels
+    std::vector<double> m_inset; // pixels from the shape's sides to the strip's
 };
 
 } // namespace haloric

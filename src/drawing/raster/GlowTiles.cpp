@@ -21,7 +21,7 @@ public:
     {
     }
 
-    // The same row often comes many times in succession.
+    // The same row is often put many times in succession.
     void put(int patchRow, int viewRow)
     {
         if (patchRow != m_row)
@@ -78,7 +78,7 @@ private:
     int m_left;
     int m_extra;
     PaintMode m_mode;
-    int m_row = -1; // the one that was cut into pieces
+    int m_row = -1; // the row that m_pieces is made from
     std::array<Piece, 3> m_pieces;
     std::size_t m_count = 0;
 };

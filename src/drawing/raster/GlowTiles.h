@@ -1,4 +1,4 @@
-// Draws glows from patches, of which it keeps the last few: a window that moves or changes its size needs no new one.
+// Draws glows from patches and keeps the last few, so that a window that moves or changes its size needs no new one.
 // Main thread.
 #pragma once
 
@@ -12,12 +12,12 @@ namespace haloric {
 
 class GlowTiles {
 public:
-    // How many patches, and pixels of them all, are kept; the one that was not drawn for the longest time goes first.
+    // The maximum number of patches, and of their pixels; the least recently drawn one is removed first.
     static constexpr std::size_t kMaxPatches = 8;
     static constexpr std::size_t kMaxPixels = std::size_t{4} << 20;
 
-    // A glow around `shape`, within `area` of the view. Mode is over or write. False, with nothing drawn, when the
-    // patch would be too large.
+    // A glow around `shape`, within `area` of the view. Mode is over or write. False if the patch would be too large;
+    // then nothing is drawn.
     bool paint(const CoveragePainter& target, const PixelRect& area, const DeviceShape& shape, double blurRadius,
                const Color& shadowColor, const Color& fillColor, PaintMode mode);
 
@@ -33,7 +33,7 @@ private:
     const GlowPatch& patchFor(const GlowKey& key);
     void makeRoom();
 
-    std::list<Kept> m_patches; // the last drawn first
+    std::list<Kept> m_patches; // most recently drawn first
     std::size_t m_built = 0;
 };
 

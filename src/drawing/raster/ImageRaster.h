@@ -1,4 +1,4 @@
-// Turns pictures that the program draws into pixels, for hosts that show pictures as pixels. Main thread.
+// Renders the program's drawn images, for hosts that need them as pixels. Main thread.
 #pragma once
 
 #include "drawing/raster/Picture.h"
@@ -7,8 +7,8 @@
 namespace haloric {
 
 struct ImageRaster {
-    // The whole picture, its top row first, premultiplied. `scale`: pixels a point. A picture of no size, and one that
-    // nobody draws, gives no pixels, or transparent ones.
+    // The whole picture, its top row first, premultiplied. `scale`: pixels per point. An image without a size gives no
+    // pixels, one without a drawing function transparent ones.
     static Picture render(const DrawnImage& image, double scale, const SystemColors& colors);
 };
 

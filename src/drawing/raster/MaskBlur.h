@@ -11,7 +11,7 @@ namespace haloric {
 
 class MaskBlur {
 public:
-    // Blurs into `area`, which the mask has to exceed by the kernel's margin on every side.
+    // Blurs into `area`. The mask must exceed it by the kernel's margin on every side.
     void blur(const PathMask& mask, const PixelRect& area, const GlowKernel& kernel);
 
     // `y` in the space of the area, the first value being the area's leftmost; 0...1.

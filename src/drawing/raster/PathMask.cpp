@@ -17,13 +17,13 @@ struct CairoDeleter {
 // Finer than the default of a tenth of a pixel, which shows in the corners.
 constexpr double kFlatness = 0.02;
 
-// How far a sharp corner may reach, in halves of the line's width.
+// The maximum length of a sharp corner, in halves of the line's width.
 constexpr double kMiterLimit = 10;
 
-// Where the control points of a quarter circle lie, as a part of its radius.
+// The distance of a quarter circle's control points from its ends, as a part of its radius.
 constexpr double kArcHandle = 0.5522847498;
 
-// Adds shapes on the 1/256 grid that Cairo rounds to, so that a shift by whole pixels shifts the result and no more.
+// Adds shapes on the 1/256 grid that Cairo rounds to, so that a shift by whole pixels only shifts the result.
 class CairoPath {
 public:
     CairoPath(cairo_t* context, const PixelRect& area) : m_context(context), m_area(area) {}
@@ -68,7 +68,7 @@ private:
 
 } // namespace
 
-// How far a stroke reaches beyond its path.
+// How far a stroke extends beyond its path, in pixels.
 int MaskPath::margin() const
 {
     if (lineWidth <= 0)

@@ -1,5 +1,4 @@
-// Any path as a mask of eight bits a pixel, by Cairo. Slow beside the exact rows; for what those cannot do. Main
-// thread.
+// Any path as a mask of eight bits per pixel, rendered by Cairo. Much slower than CoveragePainter. Main thread.
 #pragma once
 
 #include "drawing/DeviceShape.h"
@@ -13,13 +12,13 @@
 
 namespace haloric {
 
-// What to make a mask of. The shapes are the caller's.
+// The path of a mask. Refers to the caller's shapes.
 struct MaskPath {
     std::span<const DeviceShape> shapes;
     FillRule rule = FillRule::nonZero;
     double lineWidth = 0; // pixels; a stroke if above zero, else a fill
 
-    // Open lines, for a stroke instead of shapes; the caller's too.
+    // The caller's open lines, for a stroke, instead of shapes.
     std::span<const DevicePoint> linePoints{};
     LineCap cap = LineCap::butt;
     LineJoin join = LineJoin::miter;
@@ -33,7 +32,7 @@ private:
 
 class PathMask {
 public:
-    // The mask becomes that of `path` in `area`. Memory is kept for the next time.
+    // The mask becomes that of `path` in `area`. Reuses its memory.
     void render(const MaskPath& path, const PixelRect& area);
 
     // Every pixel of `area` becomes 255.

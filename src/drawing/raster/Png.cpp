@@ -61,7 +61,7 @@ std::optional<Picture> Png::read(const std::string& path)
     Picture picture(pixels.width, pixels.height);
     for (int y = 0; y < picture.height; ++y)
         copyPixels(picture.buffer().row(y), pixels.row(y), static_cast<std::size_t>(picture.width));
-    if (!hasAlpha) // a picture written with every pixel opaque
+    if (!hasAlpha) // the file has no alpha: every pixel is opaque
         for (std::uint32_t& pixel : picture.pixels)
             pixel |= 0xff000000;
     return picture;

@@ -10,13 +10,13 @@ namespace haloric {
 
 class Png {
 public:
-    // False when the file cannot be written; it may then be there in part.
+    // False if the file cannot be written completely; it may exist in part.
     static bool write(const PixelBuffer& pixels, const std::string& path);
 
-    // The bytes of such a file; empty when memory ends.
+    // The bytes of such a file; empty if memory is exhausted.
     static std::string encode(const PixelBuffer& pixels);
 
-    // None when there is no such file or it is not a PNG.
+    // No value if there is no such file or it is not a PNG.
     static std::optional<Picture> read(const std::string& path);
 };
 

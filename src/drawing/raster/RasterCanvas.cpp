@@ -137,7 +137,7 @@ void RasterCanvas::paintFill(const Color& color, FillRule rule, PaintMode mode)
     paintGenerally({m_resources.shapes, rule, 0}, color, mode);
 }
 
-// For the shadow of a shape that is itself clipped away, and nothing else is.
+// For the shadow of a shape whose own inside is the only thing that is clipped away.
 bool RasterCanvas::paintGlow(const Color& color, FillRule rule)
 {
     const std::optional<PixelShadow> shadow = pixelShadow();

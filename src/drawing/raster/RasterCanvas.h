@@ -1,14 +1,13 @@
 // A canvas that draws into memory.
 //
-// The buffer shows a part of a view, so that a large view with little in it can be kept as a few narrow strips.
-// Whatever the parts, the pixels are those of the whole view drawn at once. What the program's views draw takes fast
-// ways, each held to the general one by tests:
-//   - a shadow cast outside its own rounded rectangle: patches of glow, copied (GlowTiles);
-//   - rectangles, rounded ones, strokes of them, a rectangle with a rounded hole, painted or erased: exact coverage,
-//   row
-//     by row (CoveragePainter).
-// Anything else goes by masks (GeneralPainter). Colours blend as they stand, in sRGB, eight bits a component.
-// Numbers that make no sense draw nothing or are cut to a sensible size. Main thread.
+// The buffer shows a part of a view, so that a large view with little content can be kept as a few narrow strips. The
+// pixels of a part are those of the whole view drawn at once. What the program's views draw is drawn in fast ways,
+// which tests compare with the general one:
+//   - a shadow outside its own rounded rectangle: copied from glow patches (GlowTiles);
+//   - plain and rounded rectangles, their strokes, and a rectangle with a rounded hole, painted or erased: exact
+//     coverage, row by row (CoveragePainter).
+// Everything else is drawn by masks (GeneralPainter). Colours are blended in sRGB, eight bits per component. NaN draws
+// nothing, and too large numbers are limited. Main thread.
 #pragma once
 
 #include "drawing/Canvas.h"
@@ -18,35 +17,35 @@
 
 namespace haloric {
 
-// Which part of a view a buffer shows.
+// The part of a view that a buffer shows.
 struct RasterView {
-    double scale = 1; // pixels a point
+    double scale = 1; // pixels per point
     Size size;        // of the whole view, in points
-    int originX = 0;  // the view's pixel, from its upper left one, that is the buffer's first
+    int originX = 0;  // the view's pixel at the buffer's first one, counted from the view's upper left
     int originY = 0;
-    Point offset = {}; // of the view's corner from that of its first pixel, as for DeviceSpace
+    Point offset = {}; // as for DeviceSpace
 };
 
-// What the buffer holds when drawing begins, as far as the canvas may draw.
+// The content of the buffer before drawing, where the canvas may draw.
 enum class RasterContents {
-    kept,        // drawn over
-    transparent, // known to be so; spares reading it
-    cleared,     // made transparent first
+    kept,        // is drawn over
+    transparent, // is known to be transparent, and need not be read
+    cleared,     // is made transparent first
 };
 
 enum class RasterWays { fast, generalOnly };
 
 class RasterCanvas final : public Canvas {
 public:
-    // The pixels and the resources outlive the canvas. Draws anywhere in the buffer, or only within `damage`: pixels of
-    // the view, which may overlap and exceed the buffer.
+    // The pixels and the resources outlive the canvas. Draws anywhere in the buffer, or only within `damage`:
+    // rectangles of the view's pixels, which may overlap and exceed the buffer.
     RasterCanvas(RasterResources& resources, const PixelBuffer& buffer, const RasterView& view, RasterContents contents,
                  RasterWays ways = RasterWays::fast);
     RasterCanvas(RasterResources& resources, const PixelBuffer& buffer, const RasterView& view, RasterContents contents,
                  std::span<const PixelRect> damage, RasterWays ways = RasterWays::fast);
 
     void save() override;
-    void restore() override; // without a save, nothing
+    void restore() override; // does nothing without a save
     void clip(const Path& path, FillRule rule) override;
     void setShadow(const Shadow& shadow) override;
     void setBlendMode(BlendMode mode) override;
@@ -71,7 +70,7 @@ private:
     RasterResources& m_resources;
     DeviceSpace m_space;
     RasterWays m_ways;
-    bool m_transparent; // nothing was drawn yet, onto nothing
+    bool m_transparent; // the area is still completely transparent
     RasterState m_state;
 };
 

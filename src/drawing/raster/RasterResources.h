@@ -1,5 +1,5 @@
-// What outlives one drawing of a view: glow patches and memory that would otherwise be allocated each time. A host
-// keeps one and gives it to each RasterCanvas it makes, one canvas at a time. Main thread.
+// Glow patches, and memory that would otherwise be allocated for each drawing. A host keeps one and passes it to each
+// RasterCanvas that it makes, one canvas at a time. Main thread.
 #pragma once
 
 #include "drawing/DeviceShape.h"
@@ -19,14 +19,14 @@ struct RasterResources {
     CoveragePainter coverage;
     GeneralPainter general;
 
-    // Scratch of the canvas in use.
+    // Working memory of the current canvas.
     PixelRegion area;                    // where it may draw
-    std::vector<DeviceShape> clipShapes; // of all clips in force, one after the other
+    std::vector<DeviceShape> clipShapes; // of all current clips, in order
     std::vector<RasterClip> clips;       // outermost first
-    std::vector<RasterState> states;     // the last save last
+    std::vector<RasterState> states;     // one per save, the innermost last
     std::vector<DeviceShape> shapes;     // of the path being drawn
     std::vector<DevicePoint> linePoints; // of the lines being drawn
-    std::vector<MaskPath> maskClips;     // the clips, for a drawing that takes the general way
+    std::vector<MaskPath> maskClips;     // the clips, for GeneralPainter
 };
 
 } // namespace haloric

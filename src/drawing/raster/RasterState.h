@@ -1,4 +1,4 @@
-// What RasterCanvas saves and restores.
+// The state that RasterCanvas saves and restores.
 #pragma once
 
 #include "drawing/Canvas.h"
@@ -8,7 +8,7 @@
 
 namespace haloric {
 
-// A clip as a part of the list of clip shapes.
+// A clip as a range of the list of clip shapes.
 struct RasterClip {
     std::size_t firstShape = 0;
     std::size_t shapes = 0;
@@ -16,7 +16,7 @@ struct RasterClip {
 };
 
 struct RasterState {
-    std::size_t clips = 0; // how many are in force
+    std::size_t clips = 0; // the number of current ones
     std::optional<Shadow> shadow;
     BlendMode blendMode = BlendMode::normal;
 };

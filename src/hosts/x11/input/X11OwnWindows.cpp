@@ -7,7 +7,7 @@ bool X11OwnWindows::areUnderPointer() const
     if (m_windows.empty())
         return false;
     xcb_connection_t* raw = m_connection.raw();
-    // From the root down to the innermost window: a window manager puts frames around ours.
+    // From the root down to the innermost window: a window manager puts frames around the windows.
     for (xcb_window_t window = m_connection.root(); window != XCB_WINDOW_NONE;) {
         if (m_windows.contains(window))
             return true;

@@ -1,4 +1,4 @@
-// The windows of this program that take part in input. Overlays are none of them: input passes through. Main thread.
+// The windows of this program that receive input. Overlays are not among them: input passes through. Main thread.
 #pragma once
 
 #include "hosts/x11/server/X11Connection.h"
@@ -15,7 +15,7 @@ public:
     void add(xcb_window_t window) { m_windows.insert(window); }
     void remove(xcb_window_t window) { m_windows.erase(window); }
 
-    // Whether the pointer is over one of them. A few round trips when there is one, none otherwise.
+    // Whether the pointer is over one of them. A few round trips, none if there are no windows.
     bool areUnderPointer() const;
 
 private:

@@ -1,5 +1,5 @@
-// An overlay as a translucent window, for screens with a compositor. What a view leaves transparent is neither drawn
-// nor sent. Main thread.
+// An overlay as a 32-bit window, for screens with a compositor. The transparent part of a view is neither drawn nor
+// sent to the server. Main thread.
 #pragma once
 
 #include "drawing/raster/RasterResources.h"
@@ -26,7 +26,7 @@ private:
     X11ImageUploader& m_uploader;
     RasterResources& m_resources;
     X11ClickThroughWindow m_window;
-    PixelRegion m_painted; // outside it every pixel is transparent
+    PixelRegion m_painted; // every pixel outside it is transparent
 };
 
 } // namespace haloric

@@ -1,5 +1,5 @@
-// Whether a compositing manager runs on the screen, which is what makes translucent windows possible. It comes and
-// goes. Main thread.
+// The compositing manager of the screen: the owner of the selection _NET_WM_CM_Sn. Only with one are windows
+// translucent. It may start and end at any time. Main thread.
 #pragma once
 
 #include "foundation/Publisher.h"
@@ -18,10 +18,10 @@ public:
 
     bool isRunning() const { return m_owner != XCB_WINDOW_NONE; }
 
-    // The name that the compositor gives itself; empty when it has none. One round trip.
+    // The name on the compositor's window; may be empty. One round trip.
     std::string name() const;
 
-    // After it came or went.
+    // After a compositor started or ended.
     Subscription onChange(Task handler) { return m_changed.subscribe(std::move(handler)); }
 
 private:

@@ -21,7 +21,7 @@ std::uint16_t component(double value)
 
 X11RingSurface::X11RingSurface(X11Connection& connection) : m_connection(connection), m_window(connection, std::nullopt)
 {
-    m_shape.push_back({0, 0, 1, 1}); // any, so that the next line has an effect
+    m_shape.push_back({0, 0, 1, 1}); // differs from the next line, which then has an effect
     setShape({});
 }
 
@@ -60,9 +60,9 @@ void X11RingSurface::setColor(const Color& color)
                                         component(color.green), component(color.blue));
     const XcbReply<xcb_alloc_color_reply_t> reply(xcb_alloc_color_reply(raw, cookie, nullptr));
     if (!reply)
-        return; // a full palette: the colour before stays
+        return; // the palette is full: keep the previous colour
     xcb_change_window_attributes(raw, window(), XCB_CW_BACK_PIXEL, &reply->pixel);
-    xcb_clear_area(raw, 0, window(), 0, 0, 0, 0); // all of it
+    xcb_clear_area(raw, 0, window(), 0, 0, 0, 0); // the whole window
 }
 
 } // namespace haloric

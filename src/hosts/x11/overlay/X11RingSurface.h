@@ -1,5 +1,5 @@
-// An overlay as an opaque window in the shape of the strokes that its view draws: the border and the pulse. For screens
-// without a compositor, where nothing can be translucent. Main thread.
+// An overlay as an opaque window with the bounding shape of the strokes that its view draws: the border and the pulse.
+// For screens without a compositor, where no window is translucent. Main thread.
 #pragma once
 
 #include "foundation/Color.h"
@@ -18,7 +18,7 @@ public:
 
     xcb_window_t window() const override { return m_window.id(); }
     PixelRegion paint(const X11ViewContent& content, const PixelRegion& damage) override;
-    void forget() override {} // the server paints the window by itself
+    void forget() override {} // the server repaints the window with its background
 
 private:
     void setShape(const std::vector<PixelRect>& rects);

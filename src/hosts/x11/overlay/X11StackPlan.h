@@ -1,4 +1,4 @@
-// Where overlays belong among the children of the root. Pure.
+// The place of the overlays among the children of the root window. Pure.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,8 @@ namespace haloric {
 // What a child of the root means to the overlays.
 enum class X11StackRole {
     ordinary, // an application's window that takes part in the highlighting and dimming
-    focused,  // the one with the focus, whatever else it is
-    other,    // panels, menus, popups, the desktop, windows that are not shown
+    focused,  // the window with the focus, of any kind
+    other,    // panels, menus, popups, the desktop, unmapped windows
     overlay,
 };
 
@@ -21,13 +21,13 @@ struct X11StackEntry {
 };
 
 struct X11StackPlan {
-    // The window that the lowest overlay belongs directly above; absent when there is nothing to be above.
+    // The window directly below the lowest overlay; no value if there is neither an ordinary nor a focused window.
     std::optional<std::uint32_t> anchor;
 
-    // Whether all overlays are there already, in their order, with nothing between.
+    // Whether all overlays are in place already: in their order, with no other window in between.
     bool isInPlace = false;
 
-    // `children` from bottom to top; `overlays` those that are shown, in their order from bottom to top.
+    // `children` from bottom to top; `overlays` are the shown ones, from bottom to top.
     static X11StackPlan make(std::span<const X11StackEntry> children, std::span<const std::uint32_t> overlays);
 };
 

@@ -40,10 +40,10 @@ void X11ToolkitWindow::setFrame(const Rect& frame, bool display)
     const PixelRect old = m_pixels;
     const Point oldOffset = std::exchange(m_offset, m_windows.space().offsetFromScreenSpace(m_frame));
     m_pixels = withinProtocol(m_windows.space().fromScreenSpace(m_frame));
-    configure(); // also when nothing differs: the window may have been moved past the toolkit
+    configure(); // even if unchanged: the window may have been moved past the toolkit
     const bool isMove = old.width == m_pixels.width && old.height == m_pixels.height && oldOffset == m_offset;
     if (display || !isMove)
-        setNeedsDisplay(); // a change of size goes out together with the new content
+        setNeedsDisplay(); // a change of size is sent together with the new content
     else if (m_visible)
         m_windows.connection().flush();
 }
@@ -118,7 +118,7 @@ bool X11ToolkitWindow::paint()
 
 void X11ToolkitWindow::expose(const PixelRect& part, std::uint32_t request)
 {
-    // Mapping and growing are answered by an exposure of what was drawn right after.
+    // The exposure after mapping or growing covers what was drawn right after it.
     const bool drawnSince = m_completeSince && static_cast<std::int32_t>(request - *m_completeSince) < 0;
     if (!drawnSince)
         m_damage.add(intersection(part, allPixels()));

@@ -1,6 +1,6 @@
-// One overlay window. Frames in points become pixels by X11Space: origin and size are rounded to the nearest pixel,
-// each by itself, and the view is drawn where the frame exactly is. A move is sent at once; everything else goes out
-// before the loop waits. Main thread.
+// One overlay window: an override-redirect X window that shows a view. X11Space converts its frame to pixels: origin
+// and size are rounded to the nearest pixel separately, and the view is drawn at the frame's exact offset. A move is
+// sent at once; everything else is sent before the loop waits. Main thread.
 #pragma once
 
 #include "drawing/PixelRect.h"
@@ -17,7 +17,7 @@ class X11ToolkitWindows;
 
 class X11ToolkitWindow final : public ToolkitWindow {
 public:
-    // `windows`, which makes and draws it, and the delegate outlive it.
+    // `windows` makes and draws it; `windows` and the delegate outlive it.
     X11ToolkitWindow(X11ToolkitWindows& windows, const ToolkitWindowConfiguration& configuration,
                      const ToolkitWindowDelegate& delegate);
     ~X11ToolkitWindow() override;
@@ -30,18 +30,18 @@ public:
     bool isVisible() const override { return m_visible; }
     void orderFront() override;
     void orderOut() override;
-    std::int64_t windowNumber() const override { return m_surface->window(); } // changes with the kind of surface
+    std::int64_t windowNumber() const override { return m_surface->window(); } // changes with the surface
     void setContentView(ContentView& view) override;
     void setNeedsDisplay() override;
     void setNeedsDisplay(std::span<const Rect> parts) override;
 
-    // For X11ToolkitWindows. Draws what is damaged; false when there was nothing to do.
+    // Called by X11ToolkitWindows, as are the next two. Draws the damaged part; false if there was nothing to do.
     bool paint();
 
-    // The server lost a part, by request number `request`. What was drawn later than that is not lost.
+    // The server has lost `part` by the request with the number `request`. Parts drawn after that request are kept.
     void expose(const PixelRect& part, std::uint32_t request);
 
-    // Takes a new surface of the kind that is in force, in the place of the old one. One round trip.
+    // Replaces the surface by one of the current kind at the same place. One round trip.
     void renewSurface();
 
 private:
@@ -54,11 +54,11 @@ private:
     std::unique_ptr<X11OverlaySurface> m_surface;
     ContentView* m_view = nullptr;
     Rect m_frame;
-    PixelRect m_pixels{0, 0, 1, 1}; // as the server was last told
-    Point m_offset;                 // of the frame's corner from that of the pixels
+    PixelRect m_pixels{0, 0, 1, 1}; // as last sent to the server
+    Point m_offset;                 // pixels, from the window's corner to the frame's
     bool m_visible = false;
     PixelRegion m_damage;
-    std::optional<std::uint32_t> m_completeSince; // the request after which nothing was missing
+    std::optional<std::uint32_t> m_completeSince; // the request after which the content was complete
 };
 
 } // namespace haloric

@@ -12,7 +12,7 @@ namespace {
 template <class T>
 using Reply = XcbReply<T>;
 
-// Refresh rates by output. Servers without real outputs give none.
+// Refresh rates by output. Servers without real outputs have none.
 std::map<xcb_randr_output_t, double> readRates(xcb_connection_t* connection, xcb_window_t root)
 {
     const Reply<xcb_randr_get_screen_resources_current_reply_t> resources(xcb_randr_get_screen_resources_current_reply(

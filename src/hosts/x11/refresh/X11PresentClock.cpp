@@ -32,7 +32,7 @@ X11PresentClock::X11PresentClock(X11Connection& connection, const PixelRect& mon
 
 X11PresentClock::~X11PresentClock()
 {
-    xcb_destroy_window(m_connection.raw(), m_window); // takes the selection of events with it
+    xcb_destroy_window(m_connection.raw(), m_window); // also ends the selection of events
 }
 
 void X11PresentClock::start(Task refreshed)
@@ -45,7 +45,7 @@ void X11PresentClock::start(Task refreshed)
 
 void X11PresentClock::ask()
 {
-    // The next refresh after the last one seen; when that has passed, the next to come.
+    // The refresh after the last one received, or the next to come if that one has passed.
     xcb_present_notify_msc(m_connection.raw(), m_window, ++m_serial, m_lastRefresh + 1, 1, 0);
 }
 
@@ -54,7 +54,7 @@ void X11PresentClock::receive(const xcb_generic_event_t& event)
     const auto& complete = eventAs<xcb_present_complete_notify_event_t>(event);
     if (complete.event_type != XCB_PRESENT_COMPLETE_NOTIFY || complete.event != m_eventId ||
         complete.serial != m_serial)
-        return; // another clock's, or one from before
+        return; // another clock's, or an earlier request's
     m_lastRefresh = complete.msc;
     ask();
     const Task refreshed = m_refreshed; // it may destroy this clock

@@ -1,5 +1,5 @@
-// Tells of each refresh of one monitor, as the server counts them. It asks for one refresh at a time, and for the
-// next when that has come, so that a stalled program meets no backlog. Main thread.
+// The refreshes of one monitor, as the Present extension counts them. It requests one notification at a time, and the
+// next after that one has arrived, so that no backlog builds up while the program is busy. Main thread.
 #pragma once
 
 #include "drawing/PixelRect.h"
@@ -13,7 +13,7 @@ namespace haloric {
 
 class X11PresentClock {
 public:
-    // The connection outlives it. `monitor` tells which monitor's refresh is meant: the one that holds its middle.
+    // The connection outlives it. Uses the refresh of the monitor that contains the centre of `monitor`.
     X11PresentClock(X11Connection& connection, const PixelRect& monitor);
     ~X11PresentClock();
     X11PresentClock(const X11PresentClock&) = delete;
@@ -27,9 +27,9 @@ private:
     void receive(const xcb_generic_event_t& event);
 
     X11Connection& m_connection;
-    xcb_window_t m_window;      // never shown; its place tells the server which monitor is meant
-    std::uint32_t m_eventId;    // of this clock's notices among those of others
-    std::uint32_t m_serial = 0; // of the refresh that was asked for
+    xcb_window_t m_window;      // never mapped; its position selects the monitor
+    std::uint32_t m_eventId;    // of this clock's events
+    std::uint32_t m_serial = 0; // of the requested refresh
     std::uint64_t m_lastRefresh = 0;
     Task m_refreshed;
     Subscription m_events;

@@ -1,7 +1,7 @@
-// The screens: RandR's monitors in points, all at one scale. Main thread.
+// RandR's monitors as screens, in points, all at one scale. Main thread.
 //
-// Keeps the shared scale up to date, too, because the scale's spaces start at the primary monitor. Several changes
-// of one turn of the main loop are told once, and only if they made a difference.
+// Also updates the shared scale, whose spaces start at the primary monitor. Several changes in one turn of the main
+// loop are reported once, and only if they made a difference.
 #pragma once
 
 #include "foundation/Publisher.h"
@@ -16,7 +16,7 @@ namespace haloric {
 
 class X11Screens final : public Screens {
 public:
-    static constexpr double kUsualFramesPerSecond = 60; // for monitors that do not tell
+    static constexpr double kUsualFramesPerSecond = 60; // for monitors of unknown rate
 
     // Reads the monitors. Both outlive it.
     X11Screens(X11Connection& connection, X11Scale& scale);

@@ -1,4 +1,4 @@
-// Hotkeys that a test presses. It notes every call, in order, and refuses what the test says.
+// Hotkeys that a test presses. Records every call, in order; installing and registering can be made to fail.
 #pragma once
 
 #include "foundation/Task.h"
@@ -60,7 +60,7 @@ public:
     std::size_t registeredCount() const { return m_registered.size(); }
     std::size_t handlerCount() const { return m_handlers.size(); }
 
-    // Each handler's answer, had the combination been pressed; none when nobody has registered it.
+    // Presses the combination and returns the result of each handler; empty if the combination is not registered.
     std::vector<std::int32_t> press()
     {
         std::vector<std::int32_t> answers;

@@ -1,4 +1,4 @@
-// Mouse monitors and event taps that a test feeds, and buttons that it presses.
+// Mouse monitors and event taps whose events a test sends, and buttons that it presses.
 #pragma once
 
 #include "foundation/Publisher.h"
@@ -13,11 +13,11 @@ namespace haloric {
 class FakeInputMonitors final : public InputMonitors {
 public:
     std::uint64_t pressedButtons = 0;
-    std::vector<EventMask> globalMasks; // each monitor that was ever asked for
+    std::vector<EventMask> globalMasks; // of each requested monitor
     std::vector<EventMask> localMasks;
 
     bool refusesTaps = false;
-    std::vector<EventTapDescription> tapDescriptions; // each tap that was ever asked for
+    std::vector<EventTapDescription> tapDescriptions; // of each requested tap
     std::vector<std::string> tapCalls;                // "addToMainRunLoop", "enable", "free"
     int liveTaps = 0;
 
@@ -25,7 +25,7 @@ public:
     void sendGlobal(EventType event) { m_global.publish(event); }
     void sendLocal(EventType event) { m_local.publish(event); }
 
-    // To the last tap that was made. Nothing happens when that one has been freed.
+    // Sends to the last tap that was made, if it still exists.
     void sendToTap(const TapEvent& event)
     {
         const TapHandler handler = m_tapHandler;
@@ -78,7 +78,7 @@ private:
         FakeInputMonitors& m_owner;
     };
 
-    // As on the platform, a monitor hears only of the events in its mask.
+    // As on macOS, a monitor receives only the events in its mask.
     static Subscription subscribe(Publisher<EventType>& publisher, EventMask mask, MouseHandler handler)
     {
         return publisher.subscribe([mask, handler = std::move(handler)](EventType event) {

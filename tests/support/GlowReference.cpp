@@ -65,7 +65,8 @@ void GlowReference::blur(double blurRadius)
 double GlowReference::alpha(int x, int y) const
 {
     const double open = 1 - coverage(x, y);
-    const double edge = coverage(x, y) * open; // what the clip's smooth edge lets through of the rectangle itself
+    const double edge =
+        coverage(x, y) * open; // the part of the rectangle that is visible through the clip's smooth edge
     return edge + m_blurred[index(x, y)] * open * (1 - edge);
 }
 

@@ -1,4 +1,4 @@
-// What a glow should be, worked out the long way in double precision: the smoothed mask of a rounded rectangle, blurred
+// The exact glow, computed directly in double precision: the smoothed mask of a rounded rectangle, blurred
 // pixel by pixel with a Gaussian of standard deviation B / 2, cut at ± B and scaled to a sum of one.
 #pragma once
 
@@ -14,7 +14,7 @@ public:
     // 0...1, of a rectangle in an opaque colour that casts an opaque shadow and is clipped to its own outside.
     double alpha(int x, int y) const;
 
-    // How much of the pixel the rectangle covers.
+    // The part of the pixel that the rectangle covers.
     double coverage(int x, int y) const { return m_mask[index(x, y)]; }
 
 private:

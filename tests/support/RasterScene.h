@@ -1,4 +1,4 @@
-// Something to draw and the ways to draw it into memory: at once, in parts, with fast ways or without.
+// A scene, and the ways to draw it into memory: at once, in parts, with or without the fast ways.
 #pragma once
 
 #include "drawing/raster/Picture.h"

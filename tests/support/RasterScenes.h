@@ -1,4 +1,4 @@
-// The pictures that the program's views draw, as scenes: each layer alone, together, at several scales and places.
+// What the program's views draw, as scenes: each layer by itself, all together, at several scales and places.
 #pragma once
 
 #include "support/RasterScene.h"
@@ -12,7 +12,7 @@ struct RasterScenes {
     static std::vector<RasterScene> dimming();
     static std::vector<RasterScene> all();
 
-    // The same without a glow and in one colour at a time: what exact coverage alone decides.
+    // The same without a glow and in one colour at a time, drawn only by exact coverage.
     static std::vector<RasterScene> singleShapes();
 };
 

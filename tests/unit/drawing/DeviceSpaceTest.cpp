@@ -87,7 +87,7 @@ TEST(DeviceSpace, the_edge_of_a_stroke_inside_a_whole_pixel_is_that_pixel)
     EXPECT_EQ(outline.outer.x1, 120 * DeviceShape::kUnit);
 }
 
-TEST(DeviceSpace, what_is_no_number_or_has_no_size_is_empty)
+TEST(DeviceSpace, a_shape_with_nan_or_without_a_size_is_empty)
 {
     const DeviceSpace space(1, {100, 100});
     for (const double bad : {kNone, -kInfinite, -1.0, 0.0}) {
@@ -100,7 +100,7 @@ TEST(DeviceSpace, what_is_no_number_or_has_no_size_is_empty)
     EXPECT_TRUE(space.stroke(Rect{0, 0, 10, 10}, kInfinite).outer.empty());
 }
 
-TEST(DeviceSpace, what_is_too_large_is_cut)
+TEST(DeviceSpace, too_large_values_are_limited)
 {
     const DeviceSpace space(2, {100, 100});
     const DeviceShape shape = space.shape(RoundedRect{{-kHuge / 4, -kHuge / 4, kHuge / 2, kHuge / 2}, kHuge});

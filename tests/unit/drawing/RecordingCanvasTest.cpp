@@ -32,7 +32,7 @@ TEST(RecordingCanvas, calls_are_kept_in_order_and_compare_by_value)
                             Recording::Restore{}));
 }
 
-TEST(RecordingCanvas, a_drawing_carries_the_state_that_was_in_force)
+TEST(RecordingCanvas, a_drawing_has_the_state_at_its_time)
 {
     RecordingCanvas canvas;
     canvas.save();
@@ -58,7 +58,7 @@ TEST(RecordingCanvas, a_restore_without_a_save_changes_nothing)
     EXPECT_EQ(canvas.openSaves(), 0u);
 }
 
-TEST(RecordingCanvas, the_operation_in_force_is_source_over_until_set)
+TEST(RecordingCanvas, the_operation_is_source_over_until_set)
 {
     RecordingCanvas canvas;
     EXPECT_EQ(canvas.compositingOperation(), CompositingOperation::sourceOver);

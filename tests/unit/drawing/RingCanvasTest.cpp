@@ -48,7 +48,7 @@ TEST(RingCanvas, round_corners_are_the_pixels_whose_middle_lies_in_the_stroke)
         }
 }
 
-TEST(RingCanvas, rows_that_are_alike_share_a_rectangle)
+TEST(RingCanvas, equal_rows_share_a_rectangle)
 {
     RingCanvas canvas(1, {2600, 1500});
     canvas.stroke(Path::roundedRect({20, 20, 2560, 1440}, 11), kGreen, 3);

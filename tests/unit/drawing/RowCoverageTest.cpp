@@ -78,7 +78,7 @@ TEST(RowCoverage, the_runs_between_the_edges_hold_what_each_pixel_has)
         }
 }
 
-TEST(RowCoverage, rows_between_the_corners_are_alike)
+TEST(RowCoverage, rows_between_the_corners_are_equal)
 {
     const DeviceShape shape{600, 700, 5000, 6000, 500};
     const RowCoverage first(shape, RowCoverage::uniformBegin(shape));

@@ -51,7 +51,7 @@ TEST_F(GlowTilesDrawing, what_was_drawn_last_is_kept_longest)
         paint(50, 50, 200, 150, 4 + static_cast<double>(i));
         paint(50, 50, 200, 150, 4);
     }
-    paint(50, 50, 200, 150, 40); // pushes one out, the oldest
+    paint(50, 50, 200, 150, 40); // removes the oldest
     const std::size_t built = glows.patchesBuilt();
     paint(50, 50, 200, 150, 4);
     EXPECT_EQ(glows.patchesBuilt(), built);

@@ -1,4 +1,4 @@
-// What the views draw against pictures that were looked at and kept.
+// Compares what the views draw with the golden pictures.
 #include "support/GoldenPictures.h"
 #include "support/RasterScenes.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 class Golden : public testing::TestWithParam<RasterScene> {};
 
-TEST_P(Golden, looks_as_it_was_kept)
+TEST_P(Golden, looks_like_its_golden_picture)
 {
     Picture picture = GetParam().whole();
     GoldenPictures::compare(GetParam().name, picture);

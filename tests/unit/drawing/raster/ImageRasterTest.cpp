@@ -45,7 +45,7 @@ TEST(ImageRaster, colours_of_the_system_reach_the_drawing_and_pixels_are_premult
     EXPECT_EQ(ImageRaster::render(image, 1, {.separator = {0, 0, 1, 0.5}}).at(0, 0), 0x80000080);
 }
 
-TEST(ImageRaster, a_picture_that_nobody_draws_is_transparent)
+TEST(ImageRaster, a_picture_without_a_drawing_function_is_transparent)
 {
     const Picture picture = ImageRaster::render({.size = {2, 2}, .draw = {}}, 1, {});
     EXPECT_EQ(picture, Picture(2, 2));

@@ -43,7 +43,7 @@ TEST(Png, encoding_gives_the_bytes_of_a_file)
     std::filesystem::remove(path);
 }
 
-TEST(Png, failures_are_told)
+TEST(Png, failures_are_reported)
 {
     Picture picture(2, 2);
     EXPECT_FALSE(Png::write(picture.buffer(), pathOf("no/such/folder/picture.png")));

@@ -1,4 +1,4 @@
-// Drawing a frame like the one before takes no memory. Paths are the caller's and stand ready.
+// Drawing a frame like the previous one allocates nothing. The caller keeps the paths.
 #include "drawing/raster/Picture.h"
 #include "drawing/raster/RasterCanvas.h"
 #include "support/AllocationCounter.h"
@@ -36,7 +36,7 @@ struct Frame {
     }
 };
 
-TEST(RasterAllocation, a_frame_after_the_first_takes_no_memory)
+TEST(RasterAllocation, frames_after_the_first_allocate_nothing)
 {
     Picture picture(300, 200);
     RasterResources resources;

@@ -1,4 +1,4 @@
-// A host keeps a view as narrow strips and redraws parts of them. None of it may show.
+// A host keeps a view as narrow strips and redraws parts of them. The pixels must not depend on it.
 #include "support/PictureDifference.h"
 #include "support/RasterScenes.h"
 
@@ -24,7 +24,7 @@ Picture inParts(const RasterScene& scene, std::span<const PixelRect> parts, Rast
     return picture;
 }
 
-// Cuts that fall on corners, edges and nothing in particular.
+// Cuts at corners, at edges and elsewhere.
 std::vector<PixelRect> partsOf(const PixelRect& all)
 {
     std::vector<PixelRect> parts;
@@ -36,7 +36,7 @@ std::vector<PixelRect> partsOf(const PixelRect& all)
     return parts;
 }
 
-TEST_P(RasterBands, parts_make_the_very_pixels_of_the_whole)
+TEST_P(RasterBands, parts_have_the_pixels_of_the_whole)
 {
     const RasterScene& scene = GetParam();
     for (const RasterWays ways : {RasterWays::fast, RasterWays::generalOnly}) {
@@ -59,7 +59,7 @@ TEST_P(RasterBands, damage_is_redrawn_as_it_was)
         std::vector<PixelRect> damage; // overlapping, and past the edges
         for (int i = 0; i < 5; ++i)
             damage.push_back({upTo(picture.width) - 10, upTo(picture.height) - 10, upTo(60), upTo(60)});
-        for (const PixelRect& rect : damage) { // what was there must not shine through
+        for (const PixelRect& rect : damage) { // the previous pixels must not remain visible
             const PixelRect seen = intersection(rect, scene.pixels());
             for (int y = seen.y; y < seen.maxY(); ++y)
                 fillPixels(picture.buffer().row(y) + seen.x, static_cast<std::size_t>(seen.width), 0xffabcdef);

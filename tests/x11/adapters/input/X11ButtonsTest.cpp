@@ -7,7 +7,7 @@ namespace {
 
 using X11ButtonsTest = InputAdapters;
 
-TEST_F(X11ButtonsTest, buttons_pressed_anywhere_are_heard)
+TEST_F(X11ButtonsTest, buttons_pressed_anywhere_are_reported)
 {
     for (const std::uint8_t button : std::initializer_list<std::uint8_t>{1, 2, 3, 9}) {
         session.input().press(button);
@@ -33,7 +33,7 @@ TEST_F(X11ButtonsTest, the_wheel_is_no_button)
     EXPECT_THAT(global, testing::IsEmpty());
 }
 
-TEST_F(X11ButtonsTest, a_monitor_hears_the_events_of_its_mask)
+TEST_F(X11ButtonsTest, a_monitor_receives_the_events_of_its_mask)
 {
     std::vector<EventType> ups;
     const auto monitor =
@@ -43,7 +43,7 @@ TEST_F(X11ButtonsTest, a_monitor_hears_the_events_of_its_mask)
     EXPECT_THAT(ups, testing::ElementsAre(EventType::leftMouseUp));
 }
 
-TEST_F(X11ButtonsTest, a_drag_by_the_window_manager_is_heard_to_its_end)
+TEST_F(X11ButtonsTest, a_drag_by_the_window_manager_is_reported_to_its_end)
 {
     const auto client = session.makeClient();
     ASSERT_TRUE(client->showFocused());
@@ -88,9 +88,9 @@ TEST_F(X11ButtonsTest, a_button_held_from_before_is_known)
     session.input().release(3);
 }
 
-TEST_F(X11ButtonsTest, nothing_is_held_where_releases_cannot_be_heard)
+TEST_F(X11ButtonsTest, no_button_counts_as_held_if_releases_are_not_reported)
 {
-    // The server stays with what a client asked for first; raw events during the grabs of others came later.
+    // The server keeps the version that a client requested first; raw events during grabs need a later one.
     const AdaptersDisplay old(session.display());
     const XcbReply<xcb_input_xi_query_version_reply_t> version(xcb_input_xi_query_version_reply(
         old.connection->raw(), xcb_input_xi_query_version(old.connection->raw(), 2, 0), nullptr));
@@ -103,7 +103,7 @@ TEST_F(X11ButtonsTest, nothing_is_held_where_releases_cannot_be_heard)
     session.input().release(3);
 }
 
-TEST_F(X11ButtonsTest, swapped_buttons_are_heard_as_the_user_means_them)
+TEST_F(X11ButtonsTest, swapped_buttons_are_reported_by_their_meaning)
 {
     std::vector<std::uint8_t> map(16);
     const TestConnection::Reply<xcb_get_pointer_mapping_reply_t> old(xcb_get_pointer_mapping_reply(

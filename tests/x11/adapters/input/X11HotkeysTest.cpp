@@ -37,7 +37,7 @@ struct X11HotkeysTest : testing::Test {
 
     X11HotkeysTest()
     {
-        // The user's own window has the focus, and would get what is not consumed.
+        // Another client's window has the focus and receives presses that are not consumed.
         const xcb_window_t window = xcb_generate_id(user.raw());
         const std::uint32_t mask = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_FOCUS_CHANGE;
         xcb_create_window(user.raw(), XCB_COPY_FROM_PARENT, window, user.root(), 0, 0, 50, 50, 0,
@@ -54,7 +54,7 @@ struct X11HotkeysTest : testing::Test {
 
     void settle()
     {
-        for (int pass = 0; pass < 2; ++pass) { // the second takes in what the first asked for
+        for (int pass = 0; pass < 2; ++pass) { // the second handles the replies to the first
             const XcbReply<xcb_get_input_focus_reply_t> reply(
                 xcb_get_input_focus_reply(connection->raw(), xcb_get_input_focus(connection->raw()), nullptr));
             loop.turn(Seconds(0));
@@ -62,19 +62,19 @@ struct X11HotkeysTest : testing::Test {
         }
     }
 
-    // The server tells times in milliseconds, and no hand releases and presses a key within one.
-    void waitAsAHandDoes()
+    // The server's times are in milliseconds; a person does not release and press a key within one.
+    void waitAsAPersonDoes()
     {
         constexpr std::uint32_t kMilliseconds = 3; // after which the server moves the pointer
         xcb_test_fake_input(user.raw(), XCB_MOTION_NOTIFY, 0, kMilliseconds, user.root(), 150, 50, 0);
         user.synchronize();
     }
 
-    // How often one press of the combination is told.
+    // The number of calls for one press of the combination.
     int pressesOf(std::uint32_t key = 'f')
     {
         presses = 0;
-        waitAsAHandDoes();
+        waitAsAPersonDoes();
         auto chord = kModifiers;
         chord.push_back(key);
         input.chord(chord);
@@ -90,7 +90,7 @@ struct X11HotkeysTest : testing::Test {
     }
 };
 
-TEST_F(X11HotkeysTest, a_press_is_told_once_and_consumed)
+TEST_F(X11HotkeysTest, a_press_is_reported_once_and_consumed)
 {
     ASSERT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
     EXPECT_EQ(pressesOf(), 1);
@@ -98,7 +98,7 @@ TEST_F(X11HotkeysTest, a_press_is_told_once_and_consumed)
     EXPECT_EQ(pressesSeenByFocus, 0);
 }
 
-TEST_F(X11HotkeysTest, before_it_is_registered_and_after_the_press_goes_to_whoever_has_the_focus)
+TEST_F(X11HotkeysTest, while_it_is_not_registered_the_focused_window_gets_the_press)
 {
     EXPECT_EQ(pressesOf(), 0);
     EXPECT_EQ(pressesSeenByFocus, 1);
@@ -137,7 +137,7 @@ TEST_F(X11HotkeysTest, lock_keys_do_not_matter)
 
 TEST_F(X11HotkeysTest, a_held_key_counts_once)
 {
-    // The repeats are real ones: with the hotkey free, the focused window gets them.
+    // The server really repeats: without the hotkey, the focused window gets the repeats.
     for (const std::uint32_t key : kModifiers)
         input.pressKey(key);
     input.pressKey('f');
@@ -155,7 +155,7 @@ TEST_F(X11HotkeysTest, a_held_key_counts_once)
     EXPECT_EQ(presses, 1);
     input.releaseKey('f');
     settle();
-    waitAsAHandDoes();
+    waitAsAPersonDoes();
     input.pressKey('f');
     input.releaseKey('f');
     settle();
@@ -210,7 +210,7 @@ TEST_F(X11HotkeysTest, a_layout_without_latin_letters_has_it_at_the_same_place)
     EXPECT_EQ(pressesOf(XK_Cyrillic_a), 1);
 }
 
-TEST_F(X11HotkeysTest, it_comes_to_life_with_a_modifier_that_the_keyboard_lacked)
+TEST_F(X11HotkeysTest, it_works_once_the_keyboard_has_a_modifier_that_it_lacked)
 {
     xcb_connection_t* raw = user.raw();
     const TestConnection::Reply<xcb_get_modifier_mapping_reply_t> usual(

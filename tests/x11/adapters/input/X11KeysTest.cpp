@@ -10,8 +10,8 @@ namespace haloric {
 namespace {
 
 struct X11KeysTest : InputAdapters {
-    // What a chord's last key is heard as.
-    std::optional<TapEvent> heard(const std::vector<std::uint32_t>& keySymbols)
+    // The event of a chord's last key.
+    std::optional<TapEvent> lastEvent(const std::vector<std::uint32_t>& keySymbols)
     {
         tapped.clear();
         session.input().chord(keySymbols);
@@ -20,14 +20,14 @@ struct X11KeysTest : InputAdapters {
     }
     std::pair<std::int64_t, std::uint64_t> numberAndFlags(const std::vector<std::uint32_t>& keySymbols)
     {
-        const auto event = heard(keySymbols).value_or(TapEvent{EventType::otherMouseUp, -1, 0});
+        const auto event = lastEvent(keySymbols).value_or(TapEvent{EventType::otherMouseUp, -1, 0});
         return {event.keyCode, event.flags};
     }
 };
 
 using Key = std::pair<std::int64_t, std::uint64_t>;
 
-TEST_F(X11KeysTest, keys_are_heard_with_their_numbers_and_flags)
+TEST_F(X11KeysTest, keys_are_reported_with_their_numbers_and_flags)
 {
     EXPECT_EQ(numberAndFlags({'4'}), Key(21, 0));
     EXPECT_EQ(numberAndFlags({XK_Super_L, XK_Shift_L, '4'}), Key(21, 0x120000));
@@ -37,9 +37,12 @@ TEST_F(X11KeysTest, keys_are_heard_with_their_numbers_and_flags)
     EXPECT_EQ(numberAndFlags({XK_Escape}), Key(53, 0));
 }
 
-TEST_F(X11KeysTest, modifiers_alone_are_no_keys) { EXPECT_FALSE(heard({XK_Super_L, XK_Shift_L}).has_value()); }
+TEST_F(X11KeysTest, modifiers_on_their_own_are_not_reported)
+{
+    EXPECT_FALSE(lastEvent({XK_Super_L, XK_Shift_L}).has_value());
+}
 
-TEST_F(X11KeysTest, lock_keys_do_not_disturb)
+TEST_F(X11KeysTest, lock_keys_change_no_other_flags)
 {
     session.input().chord({XK_Num_Lock});
     session.input().chord({XK_Scroll_Lock});
@@ -86,19 +89,19 @@ TEST_F(X11KeysTest, keys_held_from_before_count)
     EXPECT_EQ(last->flags, 0x100000U);
 }
 
-TEST_F(X11KeysTest, a_tap_hears_what_its_mask_names_while_it_is_enabled)
+TEST_F(X11KeysTest, a_tap_receives_the_events_of_its_mask_while_it_is_enabled)
 {
     session.input().clickAt(960, 540);
     adapters.settle();
     ASSERT_EQ(tapped.size(), 1U);
     EXPECT_EQ(tapped.front().type, EventType::leftMouseUp);
 
-    int heardByOther = 0;
-    const auto other = input.createEventTap({.mask = kEverything}, [&](const TapEvent&) { ++heardByOther; });
+    int seenByOther = 0;
+    const auto other = input.createEventTap({.mask = kEverything}, [&](const TapEvent&) { ++seenByOther; });
     other->addToMainRunLoop();
     session.input().chord({'4'});
     adapters.settle();
-    EXPECT_EQ(heardByOther, 0); // not enabled yet
+    EXPECT_EQ(seenByOther, 0); // not enabled yet
     tap.reset();
     tapped.clear();
     session.input().chord({'4'});

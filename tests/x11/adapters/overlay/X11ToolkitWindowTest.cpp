@@ -153,7 +153,7 @@ TEST_F(X11ToolkitWindowTest, a_frame_is_set_again_after_a_move_past_the_toolkit)
     }));
 }
 
-TEST_F(X11ToolkitWindowTest, frames_that_make_no_sense_are_borne)
+TEST_F(X11ToolkitWindowTest, nonsensical_frames_do_no_harm)
 {
     constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
     constexpr double kInfinity = std::numeric_limits<double>::infinity();

@@ -3,7 +3,7 @@
 namespace haloric {
 namespace {
 
-// A whole screen of one colour, in a window that is larger than all shared memory together.
+// A screen of one colour, in a window larger than all shared segments together.
 void fillScreen(ScreenAdapters& adapters, int width, int height)
 {
     PatchView view;
@@ -14,7 +14,7 @@ void fillScreen(ScreenAdapters& adapters, int width, int height)
     for (const auto& [x, y] : {std::pair{0, 0}, {width - 1, 0}, {width / 2, height / 2}, {width - 1, height - 1}})
         EXPECT_TRUE(adapters.waitForPixel(x, y, kRedPixel)) << x << ", " << y;
 
-    // And again, with what the server gave back.
+    // And again, with the segments that the server has released.
     view.patches = {{frame, kGreen}};
     window->setNeedsDisplay();
     for (const auto& [x, y] : {std::pair{0, 0}, {width - 1, height - 1}})

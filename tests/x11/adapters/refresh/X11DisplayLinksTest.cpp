@@ -34,7 +34,7 @@ TEST_F(X11DisplayLinksTest, a_link_ticks_with_the_refresh)
     EXPECT_LT(perSecond, 90); // the server counts sixty; a busy machine may miss some
 }
 
-TEST_F(X11DisplayLinksTest, an_invalidated_link_asks_no_more)
+TEST_F(X11DisplayLinksTest, an_invalidated_link_sends_no_more_requests)
 {
     const auto link = makeLink();
     link->addToMainRunLoop();
@@ -44,13 +44,13 @@ TEST_F(X11DisplayLinksTest, an_invalidated_link_asks_no_more)
     const auto subscription =
         adapters.connection->onGenericEvent(&xcb_present_id, [&](const xcb_generic_event_t&) { ++completions; });
     const int before = ticks;
-    const auto second = makeLink(); // refreshes that come meanwhile are told to another link
+    const auto second = makeLink(); // the refreshes of this time are reported to another link
     second->addToMainRunLoop();
     ASSERT_TRUE(adapters.waitUntil([&] { return ticks >= before + 5; }));
     EXPECT_LE(completions, ticks - before + 1); // at most one was under way
 }
 
-TEST_F(X11DisplayLinksTest, two_links_tick_each_for_itself)
+TEST_F(X11DisplayLinksTest, two_links_tick_independently)
 {
     int other = 0;
     const auto first = makeLink();
@@ -79,7 +79,7 @@ TEST_F(X11DisplayLinksTest, without_refreshes_a_timer_takes_over)
     const auto link = makeLink();
     link->addToMainRunLoop();
     ASSERT_TRUE(adapters.waitUntil([&] { return ticks >= 2; }));
-    // The server forgets every window of the clock, and with them what was asked.
+    // The server destroys the windows of the clock, and with them its requests.
     const auto children = session.observer().rootChildren();
     for (const RootChild& child : children)
         xcb_destroy_window(session.observer().raw(), child.window);

@@ -54,7 +54,7 @@ TEST_F(X11ScreensTest, monitors_become_screens_with_the_primary_first)
     EXPECT_GE(changes, 1);
 }
 
-TEST_F(X11ScreensTest, a_monitor_keeps_its_number_when_others_come_and_go)
+TEST_F(X11ScreensTest, a_monitor_keeps_its_number_when_others_are_added_and_removed)
 {
     ASSERT_TRUE(session.server().xrandr({"--setmonitor", "left", "1920/500x1080/280+0+0", "screen"}));
     ASSERT_TRUE(waitForFrames({{0, 0, 1920, 1080}}));
@@ -83,7 +83,7 @@ TEST_F(X11ScreensTest, resources_that_do_not_matter_are_no_change)
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(X11ScreensTest, changes_of_one_turn_are_told_once)
+TEST_F(X11ScreensTest, changes_of_one_turn_are_reported_once)
 {
     setResources("Xft.dpi:\t144\n");
     setResources("Xft.dpi:\t192\n");
@@ -92,7 +92,7 @@ TEST_F(X11ScreensTest, changes_of_one_turn_are_told_once)
     EXPECT_EQ(changes, 1);
 }
 
-// A server with screens that share nothing but the keyboard and the pointer: the resources are told on the first.
+// A server with screens that share only the keyboard and the pointer: the first has the resources.
 TEST(X11SeparateScreens, the_second_one_is_scaled_by_the_resources_of_the_first)
 {
     X11Session session(WindowManager::none, Compositor::none, {.arguments = {"-screen", "1", "800x600x24"}});

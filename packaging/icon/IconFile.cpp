@@ -1,7 +1,7 @@
 #include "icon/IconFile.h"
 
+#include "drawing/icon/IconPicture.h"
 #include "drawing/raster/Png.h"
-#include "icon/IconPicture.h"
 
 #include <cstdint>
 #include <map>
@@ -13,7 +13,7 @@ constexpr std::string_view kFileType = "icns";
 constexpr std::size_t kTypeLength = 4;
 constexpr std::size_t kHeaderLength = 8; // type and length, for the file as for each member
 
-// Big-endian, and the header counts.
+// Big-endian; the length includes the header.
 std::string header(std::string_view type, std::size_t bodyLength)
 {
     const auto length = static_cast<std::uint32_t>(bodyLength + kHeaderLength);

@@ -1,4 +1,4 @@
-// A file of the kind that macOS keeps icons in (.icns): one picture in several sizes, each as a PNG.
+// An icon file of macOS (.icns): one picture in several sizes, each as a PNG.
 #pragma once
 
 #include <string>
@@ -10,17 +10,17 @@ namespace haloric {
 class IconFile {
 public:
     struct Member {
-        std::string_view type; // a four-character code that stands for the size
+        std::string_view type; // four-character code of the size
         int pixels = 0;
     };
 
-    // What a complete icon holds.
+    // The members of a complete icon.
     static const std::vector<Member>& members();
 
-    // The whole file, drawn afresh.
+    // The whole file, newly drawn.
     static std::string bytes();
 
-    // The PNG of the member of that type in such a file; empty when it is not there or the file is broken.
+    // The PNG of the member of that type in an icon file; empty if it is missing or the file is broken.
     static std::string_view find(std::string_view file, std::string_view type);
 };
 

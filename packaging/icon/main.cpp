@@ -1,7 +1,7 @@
 // Draws the application's icon:  haloric-icon FILE.icns   or   haloric-icon FILE.png PIXELS
+#include "drawing/icon/IconPicture.h"
 #include "drawing/raster/Png.h"
 #include "icon/IconFile.h"
-#include "icon/IconPicture.h"
 
 #include <charconv>
 #include <fstream>

@@ -11,7 +11,7 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE "${release}")
 set(CPACK_DEBIAN_PACKAGE_SECTION x11)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS qt6-qpa-plugins) # how Qt shows windows on X11; loaded, not linked
+set(CPACK_DEBIAN_PACKAGE_DEPENDS qt6-qpa-plugins) # Qt's X11 plugin; loaded, not linked
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS picom)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "makes the focused window unmistakable")

@@ -1,5 +1,5 @@
-# write_information(FILE): the information dictionary of the bundle. It has a feed only where HALORIC_FEED_URL names one:
-# without, the program offers no update checks.
+# write_information(FILE): writes the bundle's information dictionary. It contains a feed only if HALORIC_FEED_URL is set;
+# without a feed the program offers no update checks.
 function(write_information file)
     set(HALORIC_FEED_ENTRY "")
     if(HALORIC_FEED_URL)

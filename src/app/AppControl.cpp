@@ -10,11 +10,9 @@ namespace haloric {
 
 void AppControl::restart(const Bundle& bundle, Processes& processes, Application& application)
 {
-    const std::string path = bundle.path();
-    if (path.ends_with(".app")) {
-        // The pause lets this instance end first; the quotes keep blanks in the path. A shell that cannot be
-        // launched is no reason to stay.
-        processes.launch("/bin/sh", {"-c", "sleep 0.4; " + bundle.openCommand() + " \"" + path + "\""});
+    if (bundle.path().ends_with(".app")) {
+        // The pause lets this instance end first. It ends even if the shell cannot be launched.
+        processes.launch("/bin/sh", {"-c", "sleep 0.4; " + bundle.relaunchCommand()});
     }
     application.terminate();
 }

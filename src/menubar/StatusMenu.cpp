@@ -34,16 +34,16 @@ StatusMenu::StatusMenu(const StatusMenuActions& actions)
 {
     add(heading("Haloric"));
     add(MenuItem::separator());
-    m_borderItem = addAction("Border", "toggleBorder", actions.toggleBorder);
-    m_glowItem = addAction("Glow", "toggleGlow", actions.toggleGlow);
-    m_tintItem = addAction("Title-bar tint", "toggleTint", actions.toggleTint);
-    m_dimItem = addAction("Dim other windows", "toggleDim", actions.toggleDim);
-    m_pulseItem = addAction("Pulse on focus change", "togglePulse", actions.togglePulse);
+    m_borderItem = addToggle("Border", "toggleBorder", actions.toggleBorder);
+    m_glowItem = addToggle("Glow", "toggleGlow", actions.toggleGlow);
+    m_tintItem = addToggle("Title-bar tint", "toggleTint", actions.toggleTint);
+    m_dimItem = addToggle("Dim other windows", "toggleDim", actions.toggleDim);
+    m_pulseItem = addToggle("Pulse on focus change", "togglePulse", actions.togglePulse);
     add(MenuItem::separator());
     addPresets(actions.pickPreset);
     addAction("Settings…", "openSettings", actions.openSettings, ",");
     add(MenuItem::separator());
-    m_loginItem = addAction("Launch at Login", "toggleLogin", actions.toggleLogin);
+    m_loginItem = addToggle("Launch at Login", "toggleLogin", actions.toggleLogin);
     m_axItem = addAction("Grant Accessibility Permission…", "grantAX", actions.grantAX);
     add(MenuItem::separator());
     addAction("About Haloric", "showAbout", actions.showAbout);
@@ -81,6 +81,14 @@ std::size_t StatusMenu::addAction(const std::string& title, const std::string& s
                                   const StatusMenuActions::Action& action, const std::string& keyEquivalent)
 {
     return add(actionItem(title, selector, MenuTarget::controller, action, keyEquivalent));
+}
+
+std::size_t StatusMenu::addToggle(const std::string& title, const std::string& selector,
+                                  const StatusMenuActions::Action& action)
+{
+    const std::size_t index = addAction(title, selector, action);
+    at(index).isCheckable = true;
+    return index;
 }
 
 void StatusMenu::addPresets(const StatusMenuActions::Action& pickPreset)

@@ -44,6 +44,8 @@ private:
     std::size_t add(MenuItem item);
     std::size_t addAction(const std::string& title, const std::string& selector,
                           const StatusMenuActions::Action& action, const std::string& keyEquivalent = {});
+    std::size_t addToggle(const std::string& title, const std::string& selector,
+                          const StatusMenuActions::Action& action);
     void addPresets(const StatusMenuActions::Action& pickPreset);
     MenuItem& at(std::size_t index) { return m_model.items[index]; }
 

@@ -1,4 +1,4 @@
-// Where the running program was installed, and the information dictionary that came with it. Any thread.
+// The folder of the installed program, and its information dictionary. Any thread.
 #pragma once
 
 #include <optional>
@@ -11,19 +11,20 @@ class Bundle {
 public:
     virtual ~Bundle() = default;
 
-    // The bundle folder's path; for a program outside a bundle, the folder of its executable. No trailing slash.
+    // The path of the bundle folder; outside a bundle, the folder of the executable. No trailing slash.
     virtual std::string path() const = 0;
 
-    // The bundle identifier; absent outside a bundle, or when it has none.
+    // The bundle identifier; absent outside a bundle, or if the bundle has none.
     virtual std::optional<std::string> identifier() const = 0;
 
-    // The beginning of a shell command that opens a bundle; the path follows, in double quotes.
-    virtual std::string openCommand() const { return "/usr/bin/open"; }
+    // A shell command that starts the program of this bundle again. This one is macOS's; quotes in the path are not
+    // escaped.
+    virtual std::string relaunchCommand() const { return "/usr/bin/open \"" + path() + "\""; }
 
-    // Whether the information dictionary has a value of that key, of any type.
+    // Whether the information dictionary has a value for that key, of any type.
     virtual bool hasInfo(std::string_view key) const = 0;
 
-    // A text value of the information dictionary; absent when it is missing or not text.
+    // A text value of the information dictionary; absent if it is missing or not text.
     virtual std::optional<std::string> infoString(std::string_view key) const = 0;
 };
 

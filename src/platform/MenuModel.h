@@ -13,14 +13,14 @@ namespace haloric {
 
 struct MenuItem;
 
-// Who performs an item's action. An item for the application itself has no target: it goes wherever the platform
-// sends actions without one.
+// The object that performs an item's action. An item for the application itself has no target; macOS sends its action
+// along the responder chain.
 enum class MenuTarget { none, controller, updaterGate };
 
 struct MenuAction {
-    std::string selector; // the action's name on the platform
+    std::string selector; // the action's name on macOS
     MenuTarget target = MenuTarget::none;
-    std::function<void(const MenuItem&)> perform; // given the sending item
+    std::function<void(const MenuItem&)> perform; // called with the item that sends it
 };
 
 struct MenuItem {
@@ -28,8 +28,9 @@ struct MenuItem {
     bool isSeparator = false;
     std::optional<MenuAction> action;
     std::string keyEquivalent; // with Command; empty for none
-    bool isOn = false;         // has a check mark
-    bool isEnabled = true;     // in force as it stands: the platform does not decide by the target
+    bool isCheckable = false;  // has a place for a check mark, also while `isOn` is false
+    bool isOn = false;         // shows the check mark
+    bool isEnabled = true;     // final: hosts do not derive it from the target
     bool isHidden = false;
     std::string toolTip; // empty for none
     Image image;

@@ -1,4 +1,4 @@
-// The program as it was installed, on a desktop of its own. The environment names it: HALORIC_INSTALLED_PROGRAM.
+// The installed program on a private desktop. HALORIC_INSTALLED_PROGRAM is its path.
 #include "hosts/linux/files/LinuxBundle.h"
 #include "testing/x11/X11Session.h"
 
@@ -34,7 +34,7 @@ TEST(InstalledProgram, it_is_a_bundle_with_an_identifier_a_version_and_an_icon)
     EXPECT_TRUE(is_regular_file(folder / bundle.infoString("CFBundleIconFile").value_or("none")));
 }
 
-TEST(InstalledProgram, it_surrounds_the_focused_window_and_ends_when_told)
+TEST(InstalledProgram, it_surrounds_the_focused_window_and_ends_on_a_signal)
 {
     X11Session session(WindowManager::openbox);
     const auto client = session.makeClient();
@@ -51,7 +51,7 @@ TEST(InstalledProgram, it_surrounds_the_focused_window_and_ends_when_told)
     EXPECT_EQ(program.terminate(), 0) << program.standardError();
 }
 
-// The line "key=value" of the installed desktop entry; empty without one.
+// The line "key=value" of the installed desktop entry; empty if there is none.
 std::string desktopEntryValue(const std::string& key)
 {
     const auto data = installedProgram().parent_path().parent_path() / "share";

@@ -57,6 +57,6 @@ class Root:
         return {name for path in found if not (name := str(path.relative_to(self.folder))).startswith("var/lib/dpkg/")}
 
     def _dpkg(self, *action):
-        # Installing gives files away, which takes root, or the appearance of it.
+        # Installing changes the owner of files, which needs root or fakeroot.
         fake = [] if os.geteuid() == 0 else ["fakeroot"]
         _must_run(*fake, "dpkg", f"--root={self.folder}", "--force-all", "--log=/dev/null", *action)

@@ -99,7 +99,7 @@ class PackageTest(unittest.TestCase):
         self.assert_succeeds("appstreamcli", "validate", "--no-net",
                              self.installed(f"usr/share/metainfo/{IDENTIFIER}.metainfo.xml"))
 
-    def test_the_manual_page_has_no_warnings_and_tells_every_option_of_the_help(self):
+    def test_the_manual_page_has_no_warnings_and_names_every_option_of_the_help(self):
         page = self.installed("usr/share/man/man1/haloric.1.gz")
         environment = os.environ | {"LC_ALL": "C.UTF-8", "MANWIDTH": "80", "MANROFFSEQ": ""}
         shown = run("man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", page, env=environment)

@@ -1,7 +1,7 @@
-// Counts who waits for a check for updates, and lets a test lose patience.
+// Records whether the progress of a check for updates is shown, and lets a test cancel it.
 #pragma once
 
-#include "hosts/linux/update/UpdateProgress.h"
+#include "hosts/linux/update/UpdaterDependencies.h"
 
 #include <utility>
 

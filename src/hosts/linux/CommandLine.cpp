@@ -8,10 +8,10 @@ CommandLine refusal(std::string complaint)
     return {.action = CommandLine::Action::refuse, .complaint = "haloric: " + std::move(complaint)};
 }
 
-// What follows the last argument that means something.
-CommandLine refuseFurther(std::span<const std::string_view> further)
+// Refuses the arguments after a complete command.
+CommandLine refuseRest(std::span<const std::string_view> rest)
 {
-    return refusal("unexpected argument '" + std::string(further.front()) + "'");
+    return refusal("unexpected argument '" + std::string(rest.front()) + "'");
 }
 
 CommandLine parseToggle(std::span<const std::string_view> effects)
@@ -19,13 +19,13 @@ CommandLine parseToggle(std::span<const std::string_view> effects)
     if (effects.empty() || !InstanceCommand::switchOf(effects.front()))
         return refusal("--toggle needs one of " + InstanceCommand::effectNames());
     if (effects.size() > 1)
-        return refuseFurther(effects.subspan(1));
+        return refuseRest(effects.subspan(1));
     return {.action = CommandLine::Action::command,
             .command = {.kind = InstanceCommand::Kind::toggle, .effect = std::string(effects.front())}};
 }
 
-// An option that nothing may follow.
-CommandLine parseAlone(std::string_view option)
+// Parses an option without arguments.
+CommandLine parseOption(std::string_view option)
 {
     if (option == "--diagnostics")
         return {.action = CommandLine::Action::showDiagnostics};
@@ -51,8 +51,8 @@ CommandLine CommandLine::parse(std::span<const std::string_view> arguments)
         return {.action = Action::showVersion};
     if (argument == "--toggle")
         return parseToggle(arguments.subspan(1));
-    const CommandLine alone = parseAlone(argument);
-    return alone.action != Action::refuse && arguments.size() > 1 ? refuseFurther(arguments.subspan(1)) : alone;
+    const CommandLine parsed = parseOption(argument);
+    return parsed.action != Action::refuse && arguments.size() > 1 ? refuseRest(arguments.subspan(1)) : parsed;
 }
 
 std::string_view CommandLine::helpText()

@@ -1,4 +1,4 @@
-// What the program was asked to do when it was started. Pure.
+// The program's command line. Pure.
 #pragma once
 
 #include "app/InstanceCommand.h"
@@ -12,7 +12,7 @@ namespace haloric {
 struct CommandLine {
     enum class Action {
         run,
-        openSettings, // of the running instance, or of this one when there is none
+        openSettings, // in the running instance; in this one if none runs
         command,      // for the running instance
         printSettings,
         showHelp,
@@ -22,11 +22,11 @@ struct CommandLine {
     };
 
     Action action = Action::run;
-    InstanceCommand command = {}; // for command
-    std::string complaint = {};   // for refuse: one line that says what is wrong
+    InstanceCommand command = {}; // for Action::command
+    std::string complaint = {};   // for Action::refuse: an error message of one line
 
-    // `arguments` without the program's name. --help and --version hold whatever follows; after any other, an argument
-    // that means nothing is refused.
+    // `arguments` excludes the program's name. --help and --version ignore further arguments; after any other option an
+    // unexpected argument is refused.
     static CommandLine parse(std::span<const std::string_view> arguments);
     static std::string_view helpText();
 };

@@ -1,6 +1,5 @@
-// Compiled in with the address sanitizer alone: what libraries leave behind at the end is not the program's leak. A
-// call over the message bus that is still under way when the program quits keeps its reply. A thread of Qt's network
-// that is still ending then has not given back what OpenSSL keeps for each thread.
+// Only compiled with the address sanitizer. Suppresses allocations that libraries still hold at exit: the reply of a
+// pending D-Bus call, and OpenSSL's data of a Qt network thread that is still ending.
 extern "C" const char* __lsan_default_suppressions();
 
 extern "C" const char* __lsan_default_suppressions() // NOLINT(bugprone-reserved-identifier): the sanitizer's own name

@@ -13,7 +13,6 @@
 #include "hosts/linux/loop/LinuxSerialQueues.h"
 #include "hosts/linux/loop/TerminationSignals.h"
 #include "hosts/linux/qt/QtApplication.h"
-#include "hosts/linux/qt/QtEventLoop.h"
 #include "hosts/linux/shell/QtAlerts.h"
 #include "hosts/linux/shell/QtPanels.h"
 #include "hosts/linux/shell/QtStatusItems.h"
@@ -23,6 +22,8 @@
 #include "hosts/x11/X11Application.h"
 #include "hosts/x11/X11Desktop.h"
 #include "hosts/x11/input/X11Hotkeys.h"
+#include "hosts/x11/shell/X11EmbeddingTray.h"
+#include "hosts/x11/shell/X11FocusRequest.h"
 #include "hosts/x11/shell/X11QtWindowWatcher.h"
 
 #include <optional>
@@ -58,8 +59,9 @@ AlertModel onboardingAlert()
 struct Shell {
     Shell(const InstanceStart& start, X11Desktop& desktop, UserDefaults& userDefaults)
         : qtWindows(desktop.ownWindows),
-          statusItems(start.connection),
-          formWindows(start.connection),
+          tray(start.connection),
+          statusItems(tray),
+          formWindows(x11FocusRequest(start.connection)),
           hotkeys(start.connection, desktop.keyboard, start.runLoop),
           loginItems(LinuxLoginItemService::standardFolder(start.processes), bundle.executable()),
           updaterFramework({.runLoop = start.runLoop,
@@ -76,6 +78,7 @@ struct Shell {
     X11QtWindowWatcher qtWindows;
     QtAlerts alerts;
     QtPanels panels;
+    X11EmbeddingTray tray;
     QtStatusItems statusItems;
     QtFormWindows formWindows;
     X11Hotkeys hotkeys;

@@ -80,7 +80,7 @@ int runOnDisplay(CommandLine::Action action)
                           .signals = signals,
                           .log = log,
                           .processes = processes,
-                          .lock = arrival.seat.get(),
+                          .lock = arrival.lock.get(),
                           .opensSettings = action == CommandLine::Action::openSettings});
 }
 

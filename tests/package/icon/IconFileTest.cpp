@@ -1,7 +1,7 @@
 #include "icon/IconFile.h"
 
+#include "drawing/icon/IconPicture.h"
 #include "drawing/raster/Png.h"
-#include "icon/IconPicture.h"
 #include "support/PictureDifference.h"
 
 #include <filesystem>
@@ -11,7 +11,7 @@
 namespace haloric {
 namespace {
 
-constexpr int kTolerance = 1; // what Cairo's versions may differ by
+constexpr int kTolerance = 1; // difference between versions of Cairo
 
 std::string keptIcon()
 {
@@ -29,18 +29,18 @@ std::optional<Picture> decode(std::string_view png)
     return picture;
 }
 
-TEST(IconFile, the_kept_icon_is_what_the_tool_draws)
+TEST(IconFile, the_kept_icon_equals_the_drawing)
 {
     const std::string file = keptIcon();
     for (const IconFile::Member& member : IconFile::members()) {
         SCOPED_TRACE(member.type);
         const std::optional<Picture> kept = decode(IconFile::find(file, member.type));
-        ASSERT_TRUE(kept) << "draw it anew: haloric-icon " << HALORIC_ICON;
+        ASSERT_TRUE(kept) << "write it again: haloric-icon " << HALORIC_ICON;
         const Picture drawn = IconPicture::draw(member.pixels);
         ASSERT_EQ(kept->width, member.pixels);
         ASSERT_EQ(kept->height, member.pixels);
         EXPECT_LE(PictureDifference::of(*kept, drawn).largest, kTolerance)
-            << "draw it anew: haloric-icon " << HALORIC_ICON;
+            << "write it again: haloric-icon " << HALORIC_ICON;
     }
 }
 

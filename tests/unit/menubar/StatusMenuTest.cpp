@@ -102,6 +102,17 @@ TEST_F(StatusMenuTest, check_marks_show_the_effects_that_are_on)
     }
 }
 
+TEST_F(StatusMenuTest, only_what_can_be_switched_has_a_place_for_a_check_mark)
+{
+    make();
+    std::vector<std::string> checkable;
+    for (const MenuItem& item : controller->menu().items)
+        if (item.isCheckable)
+            checkable.push_back(item.title);
+    EXPECT_THAT(checkable, testing::ElementsAre("Border", "Glow", "Title-bar tint", "Dim other windows",
+                                                "Pulse on focus change", "Launch at Login"));
+}
+
 TEST_F(StatusMenuTest, without_an_updater_there_is_no_command_to_check)
 {
     make(); // the bundle names no feed

@@ -9,78 +9,78 @@ namespace {
 
 struct Dialogs : testing::Test {
     X11Session session{WindowManager::openbox};
-    FormHarness toy{session};
+    FormHarness harness{session};
 
     bool waitForWindow()
     {
-        return session.observer().waitUntil([this] { return !toy.focused().empty(); });
+        return session.observer().waitUntil([this] { return !harness.focused().empty(); });
     }
 };
 
-TEST_F(Dialogs, return_answers_an_alert_with_its_first_button)
+TEST_F(Dialogs, return_presses_an_alerts_first_button)
 {
-    toy.tell("alert");
-    ASSERT_TRUE(toy.waitForFocus("Open System Settings"));
-    toy.press(Key::kReturn);
-    EXPECT_EQ(toy.hear("answer"), "answer 1000");
+    harness.send("alert");
+    ASSERT_TRUE(harness.waitForFocus("Open System Settings"));
+    harness.press(Key::kReturn);
+    EXPECT_EQ(harness.report("answer"), "answer 1000");
 }
 
 TEST_F(Dialogs, the_second_button_is_reached_by_keys)
 {
-    toy.tell("alert");
-    ASSERT_TRUE(toy.waitForFocus("Open System Settings"));
-    ASSERT_TRUE(toy.tabTo("Later"));
-    toy.press(Key::kReturn);
-    EXPECT_EQ(toy.hear("answer"), "answer 1001");
+    harness.send("alert");
+    ASSERT_TRUE(harness.waitForFocus("Open System Settings"));
+    ASSERT_TRUE(harness.tabTo("Later"));
+    harness.press(Key::kReturn);
+    EXPECT_EQ(harness.report("answer"), "answer 1001");
 }
 
-TEST_F(Dialogs, escape_answers_an_alert_with_its_last_button)
+TEST_F(Dialogs, escape_presses_an_alerts_last_button)
 {
-    toy.tell("alert");
+    harness.send("alert");
     ASSERT_TRUE(waitForWindow());
-    toy.press(Key::kEscape);
-    EXPECT_EQ(toy.hear("answer"), "answer 1001");
+    harness.press(Key::kEscape);
+    EXPECT_EQ(harness.report("answer"), "answer 1001");
 }
 
-TEST_F(Dialogs, the_program_goes_on_while_an_alert_is_open)
+TEST_F(Dialogs, the_program_keeps_working_while_an_alert_is_open)
 {
-    toy.tell("alert");
+    harness.send("alert");
     ASSERT_TRUE(waitForWindow());
-    ASSERT_TRUE(toy.showForm());
-    EXPECT_TRUE(toy.isVisible("toggle"));
-    EXPECT_FALSE(toy.hasSaid("answer"));
+    ASSERT_TRUE(harness.showForm());
+    EXPECT_TRUE(harness.isVisible("toggle"));
+    EXPECT_FALSE(harness.hasReported("answer"));
 }
 
 TEST_F(Dialogs, the_end_of_the_program_ends_an_open_alert)
 {
-    toy.tell("alert");
+    harness.send("alert");
     ASSERT_TRUE(waitForWindow());
-    toy.process().signal(SIGTERM);
-    EXPECT_TRUE(toy.hears("ended"));
-    EXPECT_EQ(toy.process().waitForExit(), 0);
+    harness.process().signal(SIGTERM);
+    EXPECT_TRUE(harness.reports("ended"));
+    EXPECT_EQ(harness.process().waitForExit(), 0);
 }
 
-TEST_F(Dialogs, an_error_is_shown_until_it_is_confirmed)
+TEST_F(Dialogs, an_error_stays_until_it_is_confirmed)
 {
-    toy.tell("error");
-    ASSERT_TRUE(toy.waitForFocus("OK"));
-    toy.press(Key::kSpace);
-    EXPECT_TRUE(toy.hears("error seen"));
+    harness.send("error");
+    ASSERT_TRUE(harness.waitForFocus("OK"));
+    harness.press(Key::kSpace);
+    EXPECT_TRUE(harness.reports("error seen"));
 }
 
 struct Chooser : testing::Test {
     X11Session session{WindowManager::openbox};
     std::filesystem::path folder = session.server().folder() / "data";
-    std::optional<FormHarness> toy;
+    std::optional<FormHarness> harness;
 
     void SetUp() override
     {
         install("org.test.Beta", "Beta");
         install("org.test.Alpha", "Alpha");
         install("org.test.Hidden", "Beth\nNoDisplay=true");
-        toy.emplace(session, Environment{{"XDG_DATA_HOME", folder}, {"XDG_DATA_DIRS", folder / "none"}});
-        toy->tell("choose");
-        ASSERT_TRUE(toy->waitForFocus("QLineEdit"));
+        harness.emplace(session, Environment{{"XDG_DATA_HOME", folder}, {"XDG_DATA_DIRS", folder / "none"}});
+        harness->send("choose");
+        ASSERT_TRUE(harness->waitForFocus("QLineEdit"));
     }
 
     std::filesystem::path pathOf(const std::string& identifier)
@@ -97,66 +97,66 @@ struct Chooser : testing::Test {
     void type(const std::string& text)
     {
         for (const char letter : text)
-            toy->press(static_cast<std::uint32_t>(letter));
+            harness->press(static_cast<std::uint32_t>(letter));
     }
 };
 
 TEST_F(Chooser, an_application_is_found_by_typing_and_chosen_by_return)
 {
     type("bet");
-    ASSERT_TRUE(session.observer().waitUntil([this] { return !toy->isVisible("Alpha"); }));
-    toy->press(Key::kReturn);
-    EXPECT_EQ(toy->hear("chosen"), "chosen " + pathOf("org.test.Beta").string());
+    ASSERT_TRUE(session.observer().waitUntil([this] { return !harness->isVisible("Alpha"); }));
+    harness->press(Key::kReturn);
+    EXPECT_EQ(harness->report("chosen"), "chosen " + pathOf("org.test.Beta").string());
 }
 
 TEST_F(Chooser, the_first_application_is_chosen_by_the_button)
 {
-    ASSERT_TRUE(toy->click("Add"));
-    EXPECT_EQ(toy->hear("chosen"), "chosen " + pathOf("org.test.Alpha").string());
+    ASSERT_TRUE(harness->click("Add"));
+    EXPECT_EQ(harness->report("chosen"), "chosen " + pathOf("org.test.Alpha").string());
 }
 
-TEST_F(Chooser, the_arrows_move_the_choice_while_the_search_field_has_the_keyboard)
+TEST_F(Chooser, arrow_keys_move_the_selection_while_the_search_field_has_the_focus)
 {
-    toy->press(Key::kDown);
-    toy->press(Key::kReturn);
-    EXPECT_EQ(toy->hear("chosen"), "chosen " + pathOf("org.test.Beta").string());
+    harness->press(Key::kDown);
+    harness->press(Key::kReturn);
+    EXPECT_EQ(harness->report("chosen"), "chosen " + pathOf("org.test.Beta").string());
 }
 
 TEST_F(Chooser, a_double_click_chooses)
 {
-    ASSERT_TRUE(toy->click("Beta"));
+    ASSERT_TRUE(harness->click("Beta"));
     session.input().press();
     session.input().release();
-    EXPECT_EQ(toy->hear("chosen"), "chosen " + pathOf("org.test.Beta").string());
+    EXPECT_EQ(harness->report("chosen"), "chosen " + pathOf("org.test.Beta").string());
 }
 
-TEST_F(Chooser, nothing_can_be_chosen_where_nothing_is_found)
+TEST_F(Chooser, return_does_nothing_without_a_search_result)
 {
     type("bethel");
-    toy->press(Key::kReturn);
-    EXPECT_FALSE(toy->hasSaid("chosen"));
-    EXPECT_FALSE(toy->isVisible("Beth"));
-    toy->press(Key::kEscape);
-    EXPECT_EQ(toy->hear("chosen"), "chosen nothing");
+    harness->press(Key::kReturn);
+    EXPECT_FALSE(harness->hasReported("chosen"));
+    EXPECT_FALSE(harness->isVisible("Beth"));
+    harness->press(Key::kEscape);
+    EXPECT_EQ(harness->report("chosen"), "chosen nothing");
 }
 
-TEST_F(Dialogs, the_about_panel_waits_for_nobody_and_closes_by_escape)
+TEST_F(Dialogs, the_about_panel_is_not_modal_and_closes_by_escape)
 {
-    toy.tell("about");
+    harness.send("about");
     ASSERT_TRUE(session.observer().waitUntil([this] { return session.observer().clientList().size() == 1; }));
     ASSERT_TRUE(session.observer().waitUntil(
         [this] { return session.observer().activeWindow() == session.observer().clientList().front(); }));
-    toy.press(Key::kEscape);
+    harness.press(Key::kEscape);
     EXPECT_TRUE(session.observer().waitUntil([this] { return session.observer().clientList().empty(); }));
 }
 
-TEST_F(Dialogs, the_about_panel_names_the_program_its_version_and_what_it_does)
+TEST_F(Dialogs, the_about_panel_shows_name_version_and_credits)
 {
-    toy.tell("about");
+    harness.send("about");
     ASSERT_TRUE(session.observer().waitUntil([this] { return session.observer().clientList().size() == 1; }));
-    EXPECT_EQ(toy.labels("About Haloric"), "Haloric|Version dev|Makes the focused window unmistakable.");
-    toy.tell("about 7");
-    EXPECT_EQ(toy.labels("About Haloric"), "Haloric|Version dev (7)|Makes the focused window unmistakable.");
+    EXPECT_EQ(harness.labels("About Haloric"), "Haloric|Version dev|Makes the focused window unmistakable.");
+    harness.send("about 7");
+    EXPECT_EQ(harness.labels("About Haloric"), "Haloric|Version dev (7)|Makes the focused window unmistakable.");
 }
 
 } // namespace

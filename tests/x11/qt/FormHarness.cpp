@@ -29,13 +29,13 @@ FormHarness::FormHarness(X11Session& session, const Environment& environment) : 
         options.environment[name] = value;
     m_process = std::make_unique<ChildProcess>(options);
     ::close(ends[1]);
-    if (!hears("ready"))
+    if (!reports("ready"))
         throw std::runtime_error("the program does not start: " + m_process->standardError());
 }
 
 FormHarness::~FormHarness() { ::close(m_commands); }
 
-void FormHarness::tell(const std::string& line)
+void FormHarness::send(const std::string& line)
 {
     const std::string text = line + "\n";
     if (::send(m_commands, text.data(), text.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(text.size()))
@@ -51,30 +51,30 @@ void FormHarness::takeIn()
         if (line.starts_with(kAnswer))
             m_answers.push_back(line.substr(kAnswer.size()));
         else
-            m_news.push_back(line);
+            m_reports.push_back(line);
     }
 }
 
-std::optional<std::string> FormHarness::hear(const std::string& start)
+std::optional<std::string> FormHarness::report(const std::string& start)
 {
     std::optional<std::string> found;
-    const auto isSaid = [&] {
+    const auto isReported = [&] {
         takeIn();
-        while (!found && !m_news.empty()) {
-            if (m_news.front().starts_with(start))
-                found = m_news.front();
-            m_news.pop_front();
+        while (!found && !m_reports.empty()) {
+            if (m_reports.front().starts_with(start))
+                found = m_reports.front();
+            m_reports.pop_front();
         }
         return found.has_value();
     };
-    if (!m_session.observer().waitUntil(isSaid))
-        m_session.keepFailure("not-heard");
+    if (!m_session.observer().waitUntil(isReported))
+        m_session.keepFailure("not-reported");
     return found;
 }
 
 std::string FormHarness::ask(const std::string& question)
 {
-    tell(question);
+    send(question);
     const auto isAnswered = [this] {
         takeIn();
         return !m_answers.empty();
@@ -86,10 +86,10 @@ std::string FormHarness::ask(const std::string& question)
     return answer;
 }
 
-bool FormHarness::hasSaid(const std::string& start)
+bool FormHarness::hasReported(const std::string& start)
 {
-    focused(); // answered after what came before it
-    return std::ranges::any_of(m_news, [&start](const std::string& line) { return line.starts_with(start); });
+    focused(); // its answer follows all earlier reports
+    return std::ranges::any_of(m_reports, [&start](const std::string& line) { return line.starts_with(start); });
 }
 
 std::string FormHarness::focused() { return ask("focus"); }
@@ -110,7 +110,7 @@ bool FormHarness::isVisible(const std::string& name) { return ask("where " + nam
 ScreenRect FormHarness::place(const std::string& name)
 {
     std::string last;
-    // What has just come may still be on its way to its place.
+    // A new window may still be moving to its position.
     const auto isSettled = [&] {
         const std::string now = ask("where " + name);
         return now != kNowhere && now == std::exchange(last, now);
@@ -141,7 +141,7 @@ void FormHarness::press(std::uint32_t keySymbol)
 
 bool FormHarness::showForm()
 {
-    tell("show");
+    send("show");
     return m_session.observer().waitUntil([this] { return !focused().empty(); });
 }
 

@@ -103,7 +103,7 @@ struct NotifierHost::Bus {
         g_main_context_unref(context);
     }
 
-    // Answers what has been asked of the tray meanwhile.
+    // Handles the calls that have arrived for the host.
     void takeIn() const
     {
         while (g_main_context_iteration(context, FALSE) != FALSE) {
@@ -122,7 +122,7 @@ struct NotifierHost::Bus {
         return true;
     }
 
-    // The answer to a call; null when it failed. The tray answers what is asked of it meanwhile.
+    // The reply to a call; null on failure. Handles calls for the host while it waits.
     Value call(const std::string& destination, const char* path, const char* interface, const char* method,
                GVariant* arguments) const
     {
@@ -194,7 +194,7 @@ void NotifierHost::appear()
 
 void NotifierHost::disappear()
 {
-    // Not by the call that answers meanwhile: what was asked of the tray stays without an answer.
+    // Not by the call that handles messages, so that pending calls for the host stay unanswered.
     const Value released(g_dbus_connection_call_sync(
         m_bus->connection, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "ReleaseName",
         g_variant_new("(s)", kWatcher), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));

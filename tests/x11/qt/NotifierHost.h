@@ -1,5 +1,5 @@
-// A tray of the newer kind on a session bus of its own: it takes in status notifier items and reads their menus, as the
-// panels of several desktops do. Nothing happens outside of its calls.
+// A host of status notifier items on a private session bus. It registers items and reads their menus, as the panels of
+// several desktops do. It handles messages only inside its calls.
 #pragma once
 
 #include "testing/x11/ChildProcess.h"
@@ -14,7 +14,7 @@ namespace haloric {
 
 class NotifierHost {
 public:
-    // What a menu shows, in order, with the items of submenus behind the item that opens them.
+    // An item of the menu. A list has the items of a submenu after the item that opens it.
     struct Item {
         int id = 0;
         std::string label;
@@ -26,7 +26,7 @@ public:
         bool hasIcon = false;
     };
 
-    // Starts the bus; with `present`, the tray is there as well.
+    // Starts the bus; with `present` also the host.
     enum class Presence { later, present };
     NotifierHost(const Environment& environment, Presence presence);
     ~NotifierHost();
@@ -35,10 +35,10 @@ public:
 
     std::string address() const { return m_address; } // of the bus
 
-    void appear(); // the tray
+    void appear(); // the host
     void disappear();
 
-    // Waits until a program has put an item into the tray.
+    // Waits until a program has registered an item.
     [[nodiscard]] bool waitForItem();
 
     std::string toolTip();
@@ -48,7 +48,7 @@ public:
     std::vector<Item> menu();
     std::optional<Item> item(const std::string& label);
 
-    // Waits until the item with that label is as `predicate` wants it.
+    // Waits until the item with that label fulfils `predicate`.
     [[nodiscard]] bool waitForItem(const std::string& label, const std::function<bool(const Item&)>& predicate);
 
     void click(const std::string& label);

@@ -7,17 +7,17 @@ namespace {
 struct NotifierItem : testing::Test {
     X11Session session{WindowManager::openbox};
     std::optional<NotifierHost> tray;
-    std::optional<FormHarness> toy;
+    std::optional<FormHarness> harness;
 
     void start(NotifierHost::Presence presence)
     {
         tray.emplace(session.environment(), presence);
-        toy.emplace(session, Environment{{"DBUS_SESSION_BUS_ADDRESS", tray->address()}});
-        toy->tell("tray");
+        harness.emplace(session, Environment{{"DBUS_SESSION_BUS_ADDRESS", tray->address()}});
+        harness->send("tray");
     }
 };
 
-TEST_F(NotifierItem, the_item_has_a_picture_a_tooltip_and_the_whole_menu)
+TEST_F(NotifierItem, the_item_has_an_icon_a_tooltip_and_the_whole_menu)
 {
     start(NotifierHost::Presence::present);
     ASSERT_TRUE(tray->waitForItem());
@@ -44,48 +44,40 @@ TEST_F(NotifierItem, the_item_has_a_picture_a_tooltip_and_the_whole_menu)
     EXPECT_TRUE(!hidden || !hidden->isVisible);
 }
 
-TEST_F(NotifierItem, an_item_of_the_menu_is_performed)
+TEST_F(NotifierItem, changes_of_the_menu_reach_the_panel)
 {
     start(NotifierHost::Presence::present);
     ASSERT_TRUE(tray->waitForItem());
-    tray->click("Teal");
-    EXPECT_TRUE(toy->hears("menu Teal"));
-}
-
-TEST_F(NotifierItem, what_changes_in_the_menu_is_seen_by_the_panel)
-{
-    start(NotifierHost::Presence::present);
-    ASSERT_TRUE(tray->waitForItem());
-    toy->tell("check Border");
-    toy->tell("check Dim other windows");
-    toy->tell("reveal Grant Accessibility Permission…");
+    harness->send("check Border");
+    harness->send("check Dim other windows");
+    harness->send("reveal Grant Accessibility Permission…");
     EXPECT_TRUE(tray->waitForItem("Border", [](const auto& item) { return item.hasToggle && !item.isOn; }));
     EXPECT_TRUE(tray->waitForItem("Dim other windows", [](const auto& item) { return item.isOn; }));
     EXPECT_TRUE(tray->waitForItem("Grant Accessibility Permission…", [](const auto& item) { return item.isVisible; }));
 }
 
-TEST_F(NotifierItem, a_mark_that_the_owner_does_not_change_stays)
+TEST_F(NotifierItem, a_click_keeps_a_mark_that_the_owner_does_not_change)
 {
     start(NotifierHost::Presence::present);
     ASSERT_TRUE(tray->waitForItem());
     tray->click("Border");
-    EXPECT_TRUE(toy->hears("menu Border"));
+    EXPECT_TRUE(harness->reports("menu Border"));
     EXPECT_TRUE(tray->waitForItem("Border", [](const auto& item) { return item.isOn; }));
 }
 
-TEST_F(NotifierItem, a_panel_that_only_activates_gets_the_menu_opened)
+TEST_F(NotifierItem, activating_the_item_opens_the_menu)
 {
     start(NotifierHost::Presence::present);
     ASSERT_TRUE(tray->waitForItem());
     tray->activate();
-    EXPECT_TRUE(toy->hears("menu needs update"));
-    EXPECT_TRUE(session.observer().waitUntil([this] { return toy->isVisible("Border"); }));
+    EXPECT_TRUE(harness->reports("menu needs update"));
+    EXPECT_TRUE(session.observer().waitUntil([this] { return harness->isVisible("Border"); }));
 }
 
-TEST_F(NotifierItem, an_item_appears_in_a_tray_that_comes_later)
+TEST_F(NotifierItem, the_item_appears_when_a_tray_starts_later)
 {
     start(NotifierHost::Presence::later);
-    EXPECT_EQ(toy->focused(), "");
+    EXPECT_EQ(harness->focused(), "");
     tray->appear();
     EXPECT_TRUE(tray->waitForItem());
 }

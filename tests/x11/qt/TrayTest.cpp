@@ -7,106 +7,85 @@ namespace {
 struct Tray : testing::Test {
     X11Session session{WindowManager::openbox};
     std::optional<TrayPanel> panel;
-    std::optional<FormHarness> toy;
+    std::optional<FormHarness> harness;
 
     void openMenu(std::uint8_t button)
     {
         EXPECT_TRUE(panel->clickIcon(button));
-        EXPECT_TRUE(toy->hears("menu needs update"));
+        EXPECT_TRUE(harness->reports("menu needs update"));
     }
 };
 
-TEST_F(Tray, an_item_of_the_menu_is_performed_by_a_left_click)
+TEST_F(Tray, a_right_click_opens_the_menu_too)
 {
     panel.emplace(session);
-    toy.emplace(session);
-    toy->tell("tray");
-    openMenu(XCB_BUTTON_INDEX_1);
-    ASSERT_TRUE(toy->click("Border"));
-    EXPECT_TRUE(toy->hears("menu Border"));
-}
-
-TEST_F(Tray, a_right_click_opens_the_menu_as_well)
-{
-    panel.emplace(session);
-    toy.emplace(session);
-    toy->tell("tray");
+    harness.emplace(session);
+    harness->send("tray");
     openMenu(XCB_BUTTON_INDEX_3);
-    ASSERT_TRUE(toy->click("Settings…"));
-    EXPECT_TRUE(toy->hears("menu Settings…"));
+    ASSERT_TRUE(harness->click("Settings…"));
+    EXPECT_TRUE(harness->reports("menu Settings…"));
 }
 
-TEST_F(Tray, the_menu_is_used_by_keys)
+TEST_F(Tray, the_menu_works_by_keys)
 {
     panel.emplace(session);
-    toy.emplace(session);
-    toy->tell("tray");
+    harness.emplace(session);
+    harness->send("tray");
     openMenu(XCB_BUTTON_INDEX_1);
-    ASSERT_TRUE(session.observer().waitUntil([this] { return toy->isVisible("Border"); }));
-    toy->press(Key::kUp);
-    toy->press(Key::kReturn);
-    EXPECT_TRUE(toy->hears("menu Quit Haloric"));
+    ASSERT_TRUE(session.observer().waitUntil([this] { return harness->isVisible("Border"); }));
+    harness->press(Key::kUp);
+    harness->press(Key::kReturn);
+    EXPECT_TRUE(harness->reports("menu Quit Haloric"));
 }
 
-TEST_F(Tray, the_keys_that_the_menu_shows_work_while_it_is_open)
+TEST_F(Tray, shortcuts_work_while_the_menu_is_open)
 {
     panel.emplace(session);
-    toy.emplace(session);
-    toy->tell("tray");
+    harness.emplace(session);
+    harness->send("tray");
     openMenu(XCB_BUTTON_INDEX_1);
-    ASSERT_TRUE(session.observer().waitUntil([this] { return toy->isVisible("Border"); }));
+    ASSERT_TRUE(session.observer().waitUntil([this] { return harness->isVisible("Border"); }));
     session.input().chord({Key::kControl, ','});
-    EXPECT_TRUE(toy->hears("menu Settings…"));
-    EXPECT_TRUE(session.observer().waitUntil([this] { return !toy->isVisible("Border"); }));
-}
-
-TEST_F(Tray, a_preset_is_chosen_from_the_submenu)
-{
-    panel.emplace(session);
-    toy.emplace(session);
-    toy->tell("tray");
-    openMenu(XCB_BUTTON_INDEX_1);
-    ASSERT_TRUE(toy->click("Accent color"));
-    ASSERT_TRUE(toy->click("Teal"));
-    EXPECT_TRUE(toy->hears("menu Teal"));
+    EXPECT_TRUE(harness->reports("menu Settings…"));
+    EXPECT_TRUE(session.observer().waitUntil([this] { return !harness->isVisible("Border"); }));
 }
 
 TEST_F(Tray, disabled_and_hidden_items_do_nothing)
 {
     panel.emplace(session);
-    toy.emplace(session);
-    toy->tell("tray");
+    harness.emplace(session);
+    harness->send("tray");
     openMenu(XCB_BUTTON_INDEX_1);
-    ASSERT_TRUE(toy->click("Launch at Login"));
-    EXPECT_FALSE(toy->hasSaid("menu Launch"));
-    EXPECT_FALSE(toy->isVisible("Grant Accessibility Permission…"));
+    ASSERT_TRUE(harness->click("Launch at Login"));
+    EXPECT_FALSE(harness->hasReported("menu Launch"));
+    EXPECT_FALSE(harness->isVisible("Grant Accessibility Permission…"));
 }
 
-TEST_F(Tray, an_item_says_why_it_is_disabled)
+TEST_F(Tray, a_disabled_item_has_a_tooltip)
 {
     panel.emplace(session);
-    toy.emplace(session);
-    toy->tell("tray");
+    harness.emplace(session);
+    harness->send("tray");
     openMenu(XCB_BUTTON_INDEX_1);
-    ASSERT_TRUE(session.observer().waitUntil([this] { return toy->isVisible("Launch at Login"); }));
-    EXPECT_EQ(toy->toolTip("Launch at Login"), "Available when running from Haloric.app");
-    EXPECT_EQ(toy->toolTip("Border"), "");
+    ASSERT_TRUE(session.observer().waitUntil([this] { return harness->isVisible("Launch at Login"); }));
+    EXPECT_EQ(harness->toolTip("Launch at Login"), "Available when running from Haloric.app");
+    EXPECT_EQ(harness->toolTip("Border"), "");
 }
 
-TEST_F(Tray, an_item_appears_in_a_tray_that_comes_later)
+TEST_F(Tray, the_item_appears_when_a_tray_starts_later)
 {
-    toy.emplace(session);
-    toy->tell("tray");
-    EXPECT_EQ(toy->focused(), "");
+    harness.emplace(session);
+    harness->send("tray");
+    EXPECT_EQ(harness->focused(), "");
     panel.emplace(session);
     EXPECT_GT(panel->findIcon().width, 0);
 }
 
-TEST_F(Tray, an_item_appears_again_in_the_next_tray)
+TEST_F(Tray, the_item_appears_again_after_the_tray_restarted)
 {
     panel.emplace(session);
-    toy.emplace(session);
-    toy->tell("tray");
+    harness.emplace(session);
+    harness->send("tray");
     ASSERT_GT(panel->findIcon().width, 0);
     ASSERT_TRUE(panel->restart());
     EXPECT_GT(panel->findIcon().width, 0);

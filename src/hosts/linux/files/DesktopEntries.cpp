@@ -3,10 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <functional>
-#include <memory>
-#include <string_view>
-#include <utility>
+#include <filesystem>
 
 #include <gio/gdesktopappinfo.h>
 
@@ -16,6 +13,66 @@ namespace {
 
 constexpr std::string_view kSuffix = ".desktop";
 
+struct Release {
+    void operator()(void* object) const { g_object_unref(object); }
+    void operator()(char* text) const { g_free(text); }
+    void operator()(GList* list) const { g_list_free_full(list, g_object_unref); }
+};
+using EntryInfo = std::unique_ptr<GDesktopAppInfo, Release>;
+
+std::string textOrEmpty(const char* text) { return text ? text : ""; }
+
+std::string withoutSuffix(std::string name)
+{
+    if (name.ends_with(kSuffix))
+        name.resize(name.size() - kSuffix.size());
+    return name;
+}
+
+// Calls `visit` with the GDesktopAppInfo of every installed entry.
+template <class Visit>
+void forEachInstalled(const Visit& visit)
+{
+    const std::unique_ptr<GList, Release> all(g_app_info_get_all());
+    for (const GList* item = all.get(); item; item = item->next)
+        visit(G_DESKTOP_APP_INFO(item->data));
+}
+
+EntryInfo entryAt(const std::string& path)
+{
+    return EntryInfo(path.ends_with(kSuffix) ? g_desktop_app_info_new_from_filename(path.c_str()) : nullptr);
+}
+
+std::string iconOf(GAppInfo* application)
+{
+    GIcon* icon = g_app_info_get_icon(application); // belongs to the application
+    if (!icon)
+        return {};
+    const std::unique_ptr<char, Release> text(g_icon_to_string(icon));
+    const auto* names = G_IS_THEMED_ICON(icon) ? g_themed_icon_get_names(G_THEMED_ICON(icon)) : nullptr;
+    return names && names[0] ? names[0] : textOrEmpty(text.get());
+}
+
+ApplicationFile fileOf(GDesktopAppInfo* entry)
+{
+    auto* application = G_APP_INFO(entry);
+    return {textOrEmpty(g_desktop_app_info_get_filename(entry)), textOrEmpty(g_app_info_get_display_name(application)),
+            iconOf(application)};
+}
+
+// The identifier of an entry in a folder below "applications" contains the folder's name.
+std::string nameBelowApplications(const std::filesystem::path& path)
+{
+    std::string name = path.filename();
+    std::string joined = name;
+    for (auto folder = path.parent_path(); folder.has_filename(); folder = folder.parent_path()) {
+        if (folder.filename() == "applications")
+            return joined;
+        joined = folder.filename().string() + '-' + joined;
+    }
+    return name;
+}
+
 bool equalAsWritten(std::string_view a, std::string_view b) { return a == b; }
 
 bool equalRegardlessOfCase(std::string_view a, std::string_view b)
@@ -24,19 +81,11 @@ bool equalRegardlessOfCase(std::string_view a, std::string_view b)
     return std::ranges::equal(a, b, {}, lower, lower);
 }
 
-std::string textOrEmpty(const char* text) { return text ? text : ""; }
-
-std::string withoutSuffix(std::string identifier)
-{
-    if (identifier.ends_with(kSuffix))
-        identifier.resize(identifier.size() - kSuffix.size());
-    return identifier;
-}
-
 } // namespace
 
-// Tells whether the set of installed applications has changed. GIO says so in the context that is the thread's when it
-// is asked first, and nothing turns one here: this has its own, which is turned when the question comes.
+// Reports whether the set of installed applications has changed. GIO delivers the signal to the thread-default context
+// at the time of the first request, and the program runs no GLib loop. So this has its own context, and take() turns
+// it.
 class DesktopEntries::Changes {
 public:
     Changes()
@@ -55,7 +104,7 @@ public:
     Changes(const Changes&) = delete;
     Changes& operator=(const Changes&) = delete;
 
-    // Since the last question. Does not wait.
+    // Whether there was a change since the last call. Does not block.
     bool take()
     {
         while (g_main_context_iteration(m_context, FALSE) != 0) {
@@ -114,13 +163,41 @@ std::optional<std::string> DesktopEntries::identifier(const ApplicationNames& na
 void DesktopEntries::readInstalled()
 {
     std::vector<Entry>& installed = m_installed.emplace();
-    const auto release = [](GList* list) { g_list_free_full(list, g_object_unref); };
-    const std::unique_ptr<GList, decltype(release)> all(g_app_info_get_all(), release);
-    for (const GList* item = all.get(); item; item = item->next) {
-        auto* application = G_DESKTOP_APP_INFO(item->data);
-        installed.push_back({withoutSuffix(textOrEmpty(g_app_info_get_id(G_APP_INFO(application)))),
-                             textOrEmpty(g_desktop_app_info_get_startup_wm_class(application))});
-    }
+    forEachInstalled([&installed](GDesktopAppInfo* entry) {
+        installed.push_back({withoutSuffix(textOrEmpty(g_app_info_get_id(G_APP_INFO(entry)))),
+                             textOrEmpty(g_desktop_app_info_get_startup_wm_class(entry))});
+    });
+}
+
+std::optional<std::string> DesktopEntries::pathOf(std::string_view identifier)
+{
+    const EntryInfo entry(g_desktop_app_info_new((std::string(identifier) + std::string(kSuffix)).c_str()));
+    const char* path = entry ? g_desktop_app_info_get_filename(entry.get()) : nullptr;
+    return path ? std::optional<std::string>(path) : std::nullopt;
+}
+
+std::optional<std::string> DesktopEntries::identifierAt(const std::string& path)
+{
+    if (!entryAt(path))
+        return std::nullopt;
+    const std::string name = withoutSuffix(nameBelowApplications(path));
+    return name.empty() ? std::nullopt : std::optional(name);
+}
+
+std::optional<ApplicationFile> DesktopEntries::at(const std::string& path)
+{
+    const EntryInfo entry = entryAt(path);
+    return entry ? std::optional(fileOf(entry.get())) : std::nullopt;
+}
+
+std::vector<ApplicationFile> DesktopEntries::shown()
+{
+    std::vector<ApplicationFile> files;
+    forEachInstalled([&files](GDesktopAppInfo* entry) {
+        if (g_app_info_should_show(G_APP_INFO(entry)))
+            files.push_back(fileOf(entry));
+    });
+    return files;
 }
 
 } // namespace haloric

@@ -1,16 +1,31 @@
-// The installed applications, as far as windows can be matched with them. The identifier of an application is the
-// name of its desktop entry without ".desktop", for instance "org.gnome.Nautilus". Main thread.
+// The installed applications, as their desktop entries. An application's identifier is the name of its entry without
+// ".desktop", for instance "org.gnome.Nautilus". Main thread; reads from the disk.
 #pragma once
-
-#include "hosts/x11/windows/X11Client.h"
 
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace haloric {
+
+// The names by which a window identifies its application; each may be empty.
+struct ApplicationNames {
+    std::string applicationId; // _GTK_APPLICATION_ID
+    std::string instanceName;  // WM_CLASS, first part
+    std::string className;     // WM_CLASS, second part
+    friend bool operator==(const ApplicationNames&, const ApplicationNames&) = default;
+};
+
+struct ApplicationFile {
+    std::string path; // of the desktop entry
+    std::string name; // in the user's language
+    std::string icon; // a name in the icon theme, or an absolute path; empty if the entry has none
+    friend bool operator==(const ApplicationFile&, const ApplicationFile&) = default;
+};
 
 class DesktopEntries {
 public:
@@ -19,19 +34,31 @@ public:
     DesktopEntries(const DesktopEntries&) = delete;
     DesktopEntries& operator=(const DesktopEntries&) = delete;
 
-    struct Entry {
-        std::string identifier;
-        std::string windowClass; // StartupWMClass; empty when the entry names none
-    };
-
-    // Which application a window belongs to: the identifier that the window gives itself; else the entry that
-    // claims its class or instance name, then the entry named like one of them, each first as written and then
-    // regardless of case; else the class name. Absent when the window tells nothing. What is installed is read again
-    // only after it has changed.
+    // The identifier of the application that a window belongs to: its application id; otherwise the entry that claims
+    // its class or instance name, then the entry named like one of them, each first case-sensitively and then not;
+    // otherwise the class name. Absent if all names are empty. The installed entries are read again only after they
+    // have changed.
     std::optional<std::string> identifier(const ApplicationNames& names);
 
-    // The matching alone. Absent when no entry fits.
+    struct Entry {
+        std::string identifier;
+        std::string windowClass; // StartupWMClass; may be empty
+    };
+
+    // The entry that matches the class or instance name, as above; absent if none does.
     static std::optional<std::string> match(const ApplicationNames& names, const std::vector<Entry>& entries);
+
+    // The path of the entry with that identifier; absent if there is none, or the user has deleted it.
+    static std::optional<std::string> pathOf(std::string_view identifier);
+
+    // The identifier of the entry at that path; absent if there is no application's desktop entry.
+    static std::optional<std::string> identifierAt(const std::string& path);
+
+    // The application at that path; absent if there is no application's desktop entry.
+    static std::optional<ApplicationFile> at(const std::string& path);
+
+    // The applications that menus show, in no particular order.
+    static std::vector<ApplicationFile> shown();
 
 private:
     class Changes;

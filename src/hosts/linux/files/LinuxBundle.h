@@ -1,13 +1,34 @@
-// The installed folder "….app" that holds the program, its Info.plist and its icon. Read once, at construction. Any
-// thread after that.
+// The installed folder "….app" that holds the program, its Info.plist and its icon. Reads the disk only during
+// construction; any thread after that.
 #pragma once
 
-#include "hosts/linux/files/InfoPlist.h"
 #include "platform/Bundle.h"
 
 #include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
 
 namespace haloric {
+
+// The keys and string values of an information dictionary (an XML property list). Only the entries of the outermost
+// dictionary count. Values of other types are skipped, but their keys are kept. Parsing ends at the first error.
+class InfoPlist {
+public:
+    InfoPlist() = default;
+    static InfoPlist parse(std::string_view xml);
+
+    std::optional<std::string> string(std::string_view key) const;
+    bool contains(std::string_view key) const { return m_keys.contains(key); }
+    bool isEmpty() const { return m_strings.empty(); }
+
+private:
+    std::map<std::string, std::string, std::less<>> m_strings;
+    std::set<std::string, std::less<>> m_keys;
+};
 
 class LinuxBundle final : public Bundle {
 public:
@@ -19,10 +40,10 @@ public:
 
     std::string path() const override { return m_path; }
 
-    // This program again: no tool opens bundles here. It knows its bundle, so the path that follows is a comment.
-    std::string openCommand() const override;
+    // The program's quoted path: on Linux a bundle is started by its executable.
+    std::string relaunchCommand() const override;
 
-    // The program's own file: an absolute path.
+    // The absolute path of the program's executable file.
     const std::filesystem::path& executable() const { return m_executable; }
 
     std::optional<std::string> identifier() const override { return infoString("CFBundleIdentifier"); }

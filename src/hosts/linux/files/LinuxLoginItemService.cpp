@@ -1,9 +1,9 @@
 #include "hosts/linux/files/LinuxLoginItemService.h"
 
-#include "hosts/linux/files/AutostartEntry.h"
 #include "hosts/linux/files/XdgFolders.h"
 #include "hosts/posix/PosixFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 
@@ -12,7 +12,7 @@
 namespace haloric {
 namespace {
 
-constexpr std::size_t kMaximumSize = 65536; // bytes; an entry with its name in every language stays below
+constexpr std::size_t kMaximumSize = 65536; // bytes; more than an entry with translations into every language
 constexpr const char* kErrorDomain = "POSIX";
 
 struct Reason {
@@ -40,7 +40,112 @@ Reason reasonFor(int number, const std::string& folder)
     }
 }
 
+constexpr std::string_view kBlanks = " \t\r";
+
+std::string_view trimmed(std::string_view text)
+{
+    const auto first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+// One argument of an Exec line: quoted, with special characters escaped, without field codes.
+std::string quotedArgument(std::string_view argument)
+{
+    std::string quoted = "\"";
+    for (const char character : argument) {
+        if (std::string_view("\"`$\\").find(character) != std::string_view::npos)
+            quoted += '\\';
+        if (character == '%')
+            quoted += '%';
+        quoted += character;
+    }
+    return quoted + '"';
+}
+
+// A value of type string, which has its own escapes.
+std::string escapedValue(std::string_view value)
+{
+    std::string escaped;
+    for (const char character : value) {
+        switch (character) {
+        case '\\':
+            escaped += "\\\\";
+            break;
+        case '\n':
+            escaped += "\\n";
+            break;
+        case '\t':
+            escaped += "\\t";
+            break;
+        case '\r':
+            escaped += "\\r";
+            break;
+        default:
+            escaped += character;
+        }
+    }
+    return escaped;
+}
+
+// Desktops look up the program by the first word before they expand field codes ("%%"), so a path with "%" must not be
+// the first word.
+std::string commandFor(std::string_view launcher)
+{
+    const bool hasFieldCode = launcher.find('%') != std::string_view::npos;
+    return (hasFieldCode ? "/usr/bin/env " : "") + quotedArgument(launcher);
+}
+
+// TryExec lets desktops skip the entry when the program is gone. Its value is printable ASCII without trailing blanks.
+// Empty if the path cannot be written that way, because an entry with a wrong TryExec would never start.
+std::string tryExecLine(std::string_view launcher)
+{
+    const auto isPlain = [](char character) { return character >= ' ' && character <= '~'; };
+    if (!std::ranges::all_of(launcher, isPlain) || launcher.ends_with(' '))
+        return {};
+    return "TryExec=" + escapedValue(launcher) + "\n";
+}
+
 } // namespace
+
+std::string AutostartEntry::text(std::string_view launcher)
+{
+    return "[Desktop Entry]\n"
+           "Type=Application\n"
+           "Name=Haloric\n"
+           "Comment=Makes the focused window unmistakable\n"
+           "Icon=com.kestrow.haloric\n"
+           "Exec=" +
+           escapedValue(commandFor(launcher)) + "\n" + tryExecLine(launcher) +
+           "Terminal=false\n"
+           "X-GNOME-Autostart-enabled=true\n";
+}
+
+AutostartEntry::State AutostartEntry::stateOf(std::string_view text)
+{
+    bool isInEntry = false;
+    bool startsSomething = false;
+    bool isDisabled = false;
+    while (!text.empty()) {
+        const auto end = std::min(text.find('\n'), text.size());
+        const std::string_view line = trimmed(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+        if (line.starts_with('['))
+            isInEntry = line == "[Desktop Entry]";
+        const auto equals = line.find('=');
+        if (!isInEntry || line.starts_with('#') || equals == std::string_view::npos)
+            continue;
+        const std::string_view key = trimmed(line.substr(0, equals));
+        const std::string_view value = trimmed(line.substr(equals + 1));
+        startsSomething = startsSomething || (key == "Exec" && !value.empty());
+        isDisabled = isDisabled || (key == "Hidden" && value == "true") ||
+                     (key == "X-GNOME-Autostart-enabled" && value == "false");
+    }
+    if (isDisabled)
+        return State::disabled;
+    return startsSomething ? State::enabled : State::unusable;
+}
 
 std::filesystem::path LinuxLoginItemService::standardFolder(const Processes& processes)
 {

@@ -1,5 +1,5 @@
-// Starting at login by an entry in the user's autostart folder, which every common desktop reads. What the user
-// switches off in the desktop's own settings counts as waiting for approval. Main thread; may block on the disk.
+// Starting at login by a desktop entry in ~/.config/autostart, which every common desktop reads. An entry that the user
+// disables in the desktop's settings counts as waiting for approval. Main thread; may block on the disk.
 #pragma once
 
 #include "platform/LoginItemService.h"
@@ -7,24 +7,41 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace haloric {
 
+// The text of the desktop entry. Pure.
+struct AutostartEntry {
+    static constexpr const char* kFileName = "com.kestrow.haloric.desktop";
+
+    enum class State {
+        enabled,
+        disabled, // the user or the desktop left the entry in place and marked it
+        unusable, // no entry, or one that starts nothing
+    };
+
+    // An entry that starts the program at `launcher`, an absolute path with any characters.
+    static std::string text(std::string_view launcher);
+
+    static State stateOf(std::string_view text);
+};
+
 class LinuxLoginItemService final : public LoginItemService {
 public:
-    // The folder "autostart" of the user's configuration; empty when that is not known.
+    // ~/.config/autostart, or its equivalent by XDG_CONFIG_HOME; empty if neither variable is set.
     static std::filesystem::path standardFolder(const Processes& processes);
 
-    // `launcher` is the absolute path of the program that is to be started. Without a folder, registering fails.
+    // `launcher` is the absolute path of the program to start. With an empty folder, registering fails.
     LinuxLoginItemService(std::filesystem::path autostartFolder, std::filesystem::path launcher);
 
     // `notFound` for an entry that starts nothing or cannot be read.
     LoginItemStatus status() const override;
 
-    // Also enables again what was switched off, and leads to the program's present place.
+    // Replaces an existing entry, so it also enables a disabled one and updates the program's path.
     std::optional<PlatformError> registerApplication() override;
 
-    // Takes the entry away; none there is as good.
+    // Removes the entry; succeeds if there is none.
     std::optional<PlatformError> unregisterApplication() override;
 
 private:

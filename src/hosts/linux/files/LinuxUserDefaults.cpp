@@ -16,10 +16,9 @@ namespace {
 
 constexpr const char* kFolderName = "com.kestrow.haloric";
 constexpr std::string_view kTemporarySuffix = ".tmp";
-constexpr std::size_t kMaximumSize = std::size_t{16} << 20; // bytes; a list of every program there is stays below
+constexpr std::size_t kMaximumSize = std::size_t{16} << 20; // bytes
 
-// Where a value of `key` is written before it replaces the one at `path`: ".KEY.PROCESS.tmp", so that it can be told
-// later whether its writer still runs.
+// Temporary files are named ".KEY.PID.tmp", so a later process can check whether the writer still runs.
 std::string temporaryPrefix(std::string_view key) { return "." + std::string(key) + "."; }
 
 bool isRunning(std::string_view processNumber)
@@ -27,7 +26,7 @@ bool isRunning(std::string_view processNumber)
     pid_t process = 0;
     const auto [end, error] = std::from_chars(processNumber.begin(), processNumber.end(), process);
     if (error != std::errc() || end != processNumber.end() || process <= 0)
-        return true; // not a name of ours: left alone
+        return true; // not a name written by this class
     return kill(process, 0) == 0 || errno != ESRCH;
 }
 
@@ -74,7 +73,7 @@ void LinuxUserDefaults::setData(std::string_view key, std::string_view bytes)
     const std::filesystem::path named = pathOf(key);
     if (named.empty() || PosixFile::makeFolders(m_folder) != 0)
         return;
-    // A link that leads nowhere is replaced itself.
+    // A dangling link is itself replaced.
     std::error_code error;
     const std::filesystem::path resolved = std::filesystem::canonical(named, error);
     const std::filesystem::path& target = error ? named : resolved;

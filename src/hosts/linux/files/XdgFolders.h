@@ -1,4 +1,4 @@
-// Where the desktop keeps a user's things, by its environment variables.
+// The user's folders by the desktop's environment variables.
 #pragma once
 
 #include <string>
@@ -9,10 +9,10 @@ class Processes;
 
 namespace haloric::XdgFolders {
 
-// $XDG_CONFIG_HOME, or $HOME/.config where that is unset or no absolute path. Empty when neither is known.
+// $XDG_CONFIG_HOME, or $HOME/.config if that is unset or not an absolute path. Empty if neither is set.
 std::string config(const Processes& processes);
 
-// $XDG_RUNTIME_DIR; empty when it is unset or no absolute path.
+// $XDG_RUNTIME_DIR; empty if it is unset or not an absolute path.
 std::string runtime(const Processes& processes);
 
 } // namespace haloric::XdgFolders

@@ -34,7 +34,7 @@ QLayoutItem* QtFlowLayout::takeAt(int index)
     return item;
 }
 
-// Calls `place` for each item with its rectangle; the height of all.
+// Calls `place` for each item with its rectangle. Returns the height of all lines.
 template <class Place>
 int QtFlowLayout::flow(const QRect& rect, const Place& place) const
 {

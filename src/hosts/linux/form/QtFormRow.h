@@ -1,6 +1,6 @@
-// One row of the form: a label at the left, a control at the right, or a control alone. A row is made for one kind of
-// control and keeps its widgets while it shows one model after the other, so that the keyboard stays where it is and
-// a drag goes on. Showing a model never calls what the model wants called; the user alone does. Main thread.
+// The rows of the form: a label at the left and a control at the right, or only a control. A row is made for one kind
+// of control. It keeps its widgets while it shows one model after another, so that the control keeps the keyboard focus
+// and a drag continues. Only the user's actions call the model's callbacks; showing a model does not. Main thread.
 #pragma once
 
 #include "platform/FormModel.h"
@@ -18,12 +18,12 @@ public:
     static QtFormRow* make(const FormRow& row);
 
     bool isFor(const FormRow& row) const { return m_kind == row.control.index(); }
-    virtual void show(const FormRow& row) = 0; // of the kind that it is for
+    virtual void show(const FormRow& row) = 0; // requires isFor(row)
 
-    // What takes the keyboard.
+    // The widget that takes the keyboard focus.
     QWidget& control() const { return *m_control; }
 
-    // Without the margins that a row of a card has.
+    // Removes the margins that a row of a card has.
     void makeCompact();
 
 protected:
@@ -31,9 +31,11 @@ protected:
 
     QLabel& addLabel();
 
-    // At the right of what was added before, or alone at the left.
+    // At the right of what was added before.
     void addControl(QWidget& control, const FormRow& row);
-    void addControlAlone(QWidget& control, const FormRow& row);
+
+    // At the left of a row without a label.
+    void addOnlyControl(QWidget& control, const FormRow& row);
     QHBoxLayout& line() { return *m_line; }
 
 private:

@@ -1,19 +1,23 @@
 #include "hosts/linux/form/QtFormSection.h"
 
-#include "hosts/linux/qt/QtFormColors.h"
+#include "hosts/linux/form/QtFormStyle.h"
 #include "hosts/linux/qt/QtText.h"
 
 #include <QEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QVBoxLayout>
 
 namespace haloric {
 
 namespace {
 
-constexpr int kGap = 6;          // points, between title, card and footer
-constexpr int kTextInset = 12;   // as the text of the rows
-constexpr double kSmaller = 0.9; // the footer's font against the others
+constexpr int kGap = 6;            // points, between title, card and footer
+constexpr int kTextInset = 12;     // the same as the text of the rows
+constexpr double kSmaller = 0.9;   // size of the footer's font relative to the others
+constexpr double kCardRadius = 10; // points
+constexpr int kLineInset = 12;
+constexpr int kEdge = 1;
 
 QLabel* makeText(QWidget* parent)
 {
@@ -25,6 +29,27 @@ QLabel* makeText(QWidget* parent)
 }
 
 } // namespace
+
+QtFormCard::QtFormCard(QWidget* parent) : QWidget(parent), m_rows(new QVBoxLayout(this))
+{
+    m_rows->setContentsMargins(0, kEdge, 0, kEdge);
+    m_rows->setSpacing(kEdge);
+}
+
+void QtFormCard::paintEvent(QPaintEvent*)
+{
+    const QtFormColors colors(palette());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colors.line, kEdge));
+    painter.setBrush(colors.card);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCardRadius, kCardRadius);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    for (int index = 1; index < m_rows->count(); ++index) {
+        const int top = m_rows->itemAt(index)->geometry().top() - kEdge;
+        painter.fillRect(QRect(kLineInset, top, width() - 2 * kLineInset, kEdge), colors.line);
+    }
+}
 
 QtFormSection* QtFormSection::make(const FormSection& section)
 {

@@ -1,7 +1,6 @@
 // A section of the form: its title, a card with its rows, and its footer. Main thread.
 #pragma once
 
-#include "hosts/linux/form/QtFormCard.h"
 #include "hosts/linux/form/QtFormRow.h"
 #include "hosts/linux/form/QtKeyedWidgets.h"
 #include "platform/FormModel.h"
@@ -9,8 +8,23 @@
 #include <QWidget>
 
 class QLabel;
+class QVBoxLayout;
 
 namespace haloric {
+
+// The rounded card that holds the rows of a section, with lines between them.
+class QtFormCard final : public QWidget {
+public:
+    explicit QtFormCard(QWidget* parent);
+
+    QVBoxLayout& rows() { return *m_rows; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QVBoxLayout* m_rows;
+};
 
 class QtFormSection final : public QWidget {
 public:

@@ -1,7 +1,5 @@
 #include "hosts/linux/form/QtFormStyle.h"
 
-#include "hosts/linux/qt/QtFormColors.h"
-
 #include <algorithm>
 
 #include <QApplication>
@@ -20,6 +18,13 @@ constexpr int kArrowSpace = 20;
 constexpr int kScrollBarWidth = 10;
 constexpr double kScrollBarMargin = 2;
 constexpr double kDisabledOpacity = 0.5;
+constexpr int kMiddle = 128; // of lightness
+
+QColor mixed(const QColor& a, const QColor& b, double partOfB)
+{
+    const auto mix = [partOfB](int from, int to) { return static_cast<int>(from + (to - from) * partOfB); };
+    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
+}
 
 void drawPanel(const QStyleOption& option, QPainter& painter)
 {
@@ -73,6 +78,22 @@ void drawScrollBar(const QStyleOption& option, const QRect& knob, QPainter& pain
 
 } // namespace
 
+QtFormColors::QtFormColors(const QPalette& palette)
+{
+    window = palette.color(QPalette::Window);
+    text = palette.color(QPalette::WindowText);
+    accent = palette.color(QPalette::Highlight);
+    const bool isDark = window.lightness() < kMiddle;
+    card = mixed(window, Qt::white, isDark ? 0.06 : 0.75);
+    button = mixed(window, Qt::white, isDark ? 0.14 : 1);
+    line = mixed(window, text, isDark ? 0.16 : 0.14);
+    mutedText = mixed(window, text, 0.62);
+    track = mixed(window, text, isDark ? 0.28 : 0.2);
+    trackBorder = mixed(window, text, isDark ? 0.4 : 0.32);
+    knob = isDark ? QColor(235, 235, 238) : QColor(Qt::white);
+    knobBorder = QColor(0, 0, 0, isDark ? 90 : 60);
+}
+
 QtFormStyle::QtFormStyle() : QProxyStyle("Fusion") {}
 
 QtFormStyle& QtFormStyle::shared()
@@ -90,7 +111,7 @@ void QtFormStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
 {
     if (element == PE_PanelButtonCommand)
         drawPanel(*option, *painter);
-    else if (element != PE_FrameFocusRect) // the controls show the keyboard by their outlines
+    else if (element != PE_FrameFocusRect) // the controls show keyboard focus by their outlines
         QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
@@ -120,7 +141,7 @@ void QtFormStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
     }
 }
 
-// A scroll bar is all groove: it has no buttons at its ends.
+// The scroll bar has no buttons at its ends, so the groove is the whole bar.
 QRect QtFormStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                                   const QWidget* widget) const
 {

@@ -1,7 +1,6 @@
 #include "hosts/linux/form/QtFormView.h"
 
 #include "hosts/linux/form/QtFormStyle.h"
-#include "hosts/linux/qt/QtFormColors.h"
 
 #include <QPainter>
 #include <QScrollArea>
@@ -57,7 +56,7 @@ void QtFormView::show(const FormModel& form)
     orderTabs();
 }
 
-// From the top to the bottom, whenever the widgets were made.
+// Tab moves from top to bottom, whatever the order in which the widgets were made.
 void QtFormView::orderTabs()
 {
     QWidget* before = nullptr;
@@ -70,7 +69,7 @@ void QtFormView::orderTabs()
     m_buttons.forEach(append);
 }
 
-// What scrolls ends at a line.
+// A line separates the scrolled sections from the buttons.
 void QtFormView::paintEvent(QPaintEvent*)
 {
     QPainter(this).fillRect(QRect(0, m_scroll->geometry().bottom() + 1, width(), kLine), QtFormColors(palette()).line);

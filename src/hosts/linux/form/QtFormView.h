@@ -1,4 +1,4 @@
-// A form: sections that scroll, and buttons below them that stay. Main thread.
+// A form: sections that scroll, and fixed buttons below them. Main thread.
 #pragma once
 
 #include "hosts/linux/form/QtFlowLayout.h"
@@ -22,7 +22,7 @@ public:
 
     void show(const FormModel& form);
 
-    // What the sections want called when they come on screen.
+    // The sections' callbacks for when the form comes on screen.
     std::vector<Task> onAppear() const;
 
 protected:

@@ -1,6 +1,6 @@
-// The widgets of a list whose elements have ids, in the order of the list. When the list is replaced, an element keeps
-// its widget as long as there is one of its id and kind; others are made or taken away. What is taken away is destroyed
-// later, as the replacement may come from within one of its own handlers. Main thread.
+// The widgets of a list whose elements have ids, in the order of the list. When the list is replaced, an element of the
+// same id and kind keeps its widget; other widgets are created or removed. A removed widget is destroyed later, because
+// one of its own handlers may have caused the replacement. Main thread.
 #pragma once
 
 #include <algorithm>
@@ -13,15 +13,14 @@
 
 namespace haloric {
 
-// A Widget is made by `Widget::make(model)`, tells by `isFor(model)` whether it can show a model, and does by
-// `show(model)`.
+// `Widget::make(model)` creates a widget, `isFor(model)` returns whether it can show a model, `show(model)` shows it.
 template <class Widget, class Layout = QBoxLayout>
 class QtKeyedWidgets {
 public:
-    // They are the first in the layout, which outlives it.
+    // The widgets are the first items of the layout. The layout outlives this object.
     explicit QtKeyedWidgets(Layout& layout) : m_layout(layout) {}
 
-    // True when a widget was made or taken away, or changed its place.
+    // Returns true if a widget was created, removed or moved.
     template <class Model>
     bool show(const std::vector<Model>& models)
     {

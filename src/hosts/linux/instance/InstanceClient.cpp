@@ -1,7 +1,6 @@
 #include "hosts/linux/instance/InstanceClient.h"
 
-#include "hosts/linux/instance/PeerUser.h"
-#include "hosts/linux/instance/UnixAddress.h"
+#include "hosts/linux/instance/UnixSocket.h"
 #include "hosts/posix/PosixDescriptor.h"
 
 #include <algorithm>
@@ -25,12 +24,12 @@ public:
 
     bool send(std::string_view text) const
     {
-        // Shorter than any socket's buffer.
+        // One call, because the text is shorter than any socket's buffer.
         return ::send(m_socket, text.data(), text.size(), MSG_NOSIGNAL | MSG_DONTWAIT) ==
                static_cast<ssize_t>(text.size());
     }
 
-    // The first whole reply; absent when the other side ends before, says too much, or time is over.
+    // The first whole reply; absent if the peer closes earlier or sends too much, or on timeout.
     std::optional<InstanceReply> receive()
     {
         std::string bytes;
@@ -51,7 +50,7 @@ public:
     }
 
 private:
-    // False at the end of the conversation.
+    // Reads what is available. Returns false at the end of the stream or on timeout.
     bool takeIn(std::string& bytes) const
     {
         std::array<char, 16384> part;
@@ -82,7 +81,7 @@ PosixDescriptor connectedSocket(const std::filesystem::path& path, Seconds patie
         errno = ENOENT;
         return {};
     }
-    // A full queue is waited for no longer than that.
+    // Limits how long connect() waits while the queue of the listener is full.
     const auto whole = std::chrono::floor<std::chrono::microseconds>(patience).count();
     const timeval limit{.tv_sec = whole / 1'000'000, .tv_usec = whole % 1'000'000};
     setsockopt(socket.number(), SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit);

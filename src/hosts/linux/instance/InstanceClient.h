@@ -1,4 +1,4 @@
-// Asks the running instance something, and waits for the answer, at most for a set time. Blocks; any thread.
+// Sends a command to the running instance and waits for the reply, up to a time limit. Blocks; any thread.
 #pragma once
 
 #include "app/InstanceCommand.h"
@@ -11,11 +11,15 @@ namespace haloric {
 
 class InstanceClient {
 public:
-    enum class State { answered, absent, silent };
+    enum class State {
+        answered,
+        absent, // no process listens
+        silent, // the listener belongs to another user, or no whole reply came in time
+    };
 
     struct Outcome {
         State state = State::absent;
-        InstanceReply reply; // when answered
+        InstanceReply reply; // if answered
     };
 
     explicit InstanceClient(std::filesystem::path socket, Seconds patience = Seconds(5))
@@ -24,8 +28,7 @@ public:
     {
     }
 
-    // `absent` when nobody listens there. A listener of another user is silent, as is one whose reply does not come
-    // whole in time. Returns from a request to quit when the instance is gone, or its time is over.
+    // After a request to quit it returns when the instance has ended, or on timeout.
     Outcome ask(const InstanceCommand& command) const;
 
 private:

@@ -1,6 +1,6 @@
 #include "hosts/linux/instance/InstanceServer.h"
 
-#include "hosts/linux/instance/PeerUser.h"
+#include "hosts/linux/instance/UnixSocket.h"
 
 #include <array>
 #include <cerrno>
@@ -11,10 +11,10 @@
 namespace haloric {
 namespace {
 
-// Until a process that has too many files open may accept again.
+// Before accepting again after the process ran out of descriptors or memory.
 constexpr Seconds kPause{1};
 
-// Between two tries to send a reply that its reader takes in slowly.
+// Between two attempts to send the rest of a reply to a slow reader.
 constexpr Seconds kResendInterval{0.02};
 
 } // namespace
@@ -36,12 +36,12 @@ void InstanceServer::startAccepting()
 
 void InstanceServer::accept()
 {
-    // One a turn, so that a crowd does not keep the loop from its other work.
+    // One peer a turn, so that many peers do not starve the loop's other work.
     PosixDescriptor socket(accept4(m_listening, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
     if (socket.isOpen()) {
         admit(std::move(socket));
     } else if (errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM) {
-        // The peer stays in the queue and would wake the loop without end.
+        // The peer stays in the queue; watching on would wake the loop continuously.
         m_watch.reset();
         m_pause = m_runLoop.scheduleOnce(kPause, [this] { startAccepting(); });
     }
@@ -64,7 +64,7 @@ void InstanceServer::receive(std::uint64_t number)
     if (found == m_peers.end())
         return;
     Peer& peer = found->second;
-    // One that has its answer closes the connection; what else it says is of no interest.
+    // After the answer the peer only closes the connection; further bytes end it here.
     if (!takeIn(peer) || peer.answered) {
         m_peers.erase(found);
         return;

@@ -1,5 +1,5 @@
-// Answers the lines that other processes of the same user send to a listening socket, on the main loop. Nothing that a
-// peer does, or leaves undone, blocks the loop; what sends no whole line in time is cut off. Main thread.
+// Answers the lines that other processes of the same user send to a listening socket, on the main loop. No peer can
+// block the loop; a peer that sends no whole line in time is disconnected. Main thread.
 #pragma once
 
 #include "hosts/linux/loop/LinuxRunLoop.h"
@@ -17,17 +17,17 @@ namespace haloric {
 
 class InstanceServer {
 public:
-    // Gives the bytes of the reply to a line; the connection is closed when there are none.
+    // Returns the bytes of the reply to a line. An empty reply closes the connection.
     using Answer = std::function<std::string(std::string_view line)>;
 
     struct Limits {
         std::size_t lineLength = 100; // bytes
-        std::size_t peers = 16;       // at the same time; those beyond are cut off
-        Seconds patience{2};          // with one peer, from its coming to its going
+        std::size_t peers = 16;       // at the same time; further ones are disconnected
+        Seconds patience{2};          // from a peer's connection to its disconnection
     };
 
-    // `listeningDescriptor` does not block; it and the loop outlive the server. Peers of other users than `user` are
-    // cut off unheard.
+    // `listeningDescriptor` is non-blocking; it and the loop outlive the server. Peers of users other than `user` are
+    // disconnected unread.
     InstanceServer(LinuxRunLoop& runLoop, int listeningDescriptor, uid_t user, Answer answer)
         : InstanceServer(runLoop, listeningDescriptor, user, std::move(answer), Limits())
     {

@@ -7,16 +7,16 @@
 namespace haloric {
 namespace {
 
-// Between two looks at a seat whose holder is just coming or going.
+// Between two attempts while the lock's holder is just starting or ending.
 constexpr int kRetryMilliseconds = 20;
 
 } // namespace
 
 std::optional<int> InstanceStartup::command(const InstanceCommand& command)
 {
-    if (!m_place)
+    if (!m_paths)
         return {};
-    const auto outcome = InstanceClient(m_place->socket, m_patience).ask(command);
+    const auto outcome = InstanceClient(m_paths->socket, m_patience).ask(command);
     switch (outcome.state) {
     case InstanceClient::State::absent:
         return {};
@@ -46,18 +46,18 @@ InstanceStartup::Arrival InstanceStartup::arrive()
 {
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now() + std::chrono::ceil<Clock::duration>(m_patience);
-    while (m_place) {
-        auto seat = std::make_unique<InstanceLock>(*m_place);
-        if (seat->state() == InstanceLock::State::taken)
-            return {.seat = std::move(seat), .exitCode = {}};
-        if (seat->state() == InstanceLock::State::unavailable)
+    while (m_paths) {
+        auto lock = std::make_unique<InstanceLock>(*m_paths);
+        if (lock->state() == InstanceLock::State::taken)
+            return {.lock = std::move(lock), .exitCode = {}};
+        if (lock->state() == InstanceLock::State::unavailable)
             break;
-        const auto outcome = InstanceClient(m_place->socket, m_patience).ask({});
+        const auto outcome = InstanceClient(m_paths->socket, m_patience).ask({});
         if (outcome.state == InstanceClient::State::answered)
-            return {.seat = nullptr, .exitCode = outcome.reply.done ? kDone : kRefused};
+            return {.lock = nullptr, .exitCode = outcome.reply.done ? kDone : kRefused};
         if (Clock::now() >= end) {
             m_streams.errors << "haloric: another instance runs on this display and does not answer\n";
-            return {.seat = nullptr, .exitCode = kNotReached};
+            return {.lock = nullptr, .exitCode = kNotReached};
         }
         poll(nullptr, 0, kRetryMilliseconds);
     }

@@ -1,12 +1,11 @@
-// How this start of the program deals with one that runs on the same display already: it takes the seat, or hands its
-// command over, and says on its streams what came of it. Blocks for some seconds at most. Main thread.
+// How this start of the program deals with an instance that may already run on the same display: it takes the instance
+// lock or sends its command, and reports the outcome on its streams. Blocks for some seconds at most. Main thread.
 #pragma once
 
 #include "app/InstanceCommand.h"
 #include "foundation/Time.h"
 #include "hosts/linux/instance/InstanceClient.h"
 #include "hosts/linux/instance/InstanceLock.h"
-#include "hosts/linux/instance/InstancePaths.h"
 
 #include <memory>
 #include <optional>
@@ -27,30 +26,30 @@ public:
     static constexpr int kRefused = 1;
     static constexpr int kNotReached = 3;
 
-    // The streams outlive it. Without a place no instance is ever reached.
-    InstanceStartup(std::optional<InstancePaths> place, Streams streams, Seconds patience = Seconds(5))
-        : m_place(std::move(place)),
+    // The streams outlive it. Without paths no instance is reached.
+    InstanceStartup(std::optional<InstancePaths> paths, Streams streams, Seconds patience = Seconds(5))
+        : m_paths(std::move(paths)),
           m_streams(streams),
           m_patience(patience)
     {
     }
 
-    // Hands over the command; the exit code, or none when no instance runs.
+    // Sends the command. Returns the exit code; no value if no instance runs.
     std::optional<int> command(const InstanceCommand& command);
 
-    // As above, but that no instance runs is told and counts as not reached.
+    // As above, but reports an error and returns kNotReached if no instance runs.
     int requireCommand(const InstanceCommand& command);
 
     struct Arrival {
-        std::unique_ptr<InstanceLock> seat; // null where the place does not do
-        std::optional<int> exitCode;        // set when another instance runs, which has been asked to reopen
+        std::unique_ptr<InstanceLock> lock; // null if it is unavailable
+        std::optional<int> exitCode;        // set if another instance runs; it has been asked to reopen
     };
 
-    // For a start that means to run.
+    // For a start that is to run on the display.
     Arrival arrive();
 
 private:
-    std::optional<InstancePaths> m_place;
+    std::optional<InstancePaths> m_paths;
     Streams m_streams;
     Seconds m_patience;
 };

@@ -1,14 +1,16 @@
 #include "hosts/linux/qt/QtApplication.h"
 
-#include "hosts/linux/qt/QtScopedVariable.h"
-
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <string_view>
 #include <utility>
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QByteArray>
+#include <QSocketNotifier>
 #include <QWindow>
 
 namespace haloric {
@@ -18,23 +20,49 @@ namespace {
 constexpr int kNoDisplay = 1;
 constexpr std::string_view kConnectionBroke = "The X11 connection broke";
 
-Task displayLostHandler; // Qt hands nothing on to its message handler
+Task displayLostHandler; // Qt passes no context to its message handler
+
+// Sets a variable of the process's environment for its own lifetime. Use it before the first thread starts.
+class ScopedVariable {
+public:
+    ScopedVariable(const char* name, const QByteArray& value) : m_name(name)
+    {
+        if (qEnvironmentVariableIsSet(name))
+            m_before = qgetenv(name);
+        qputenv(name, value);
+    }
+
+    ~ScopedVariable()
+    {
+        if (m_before)
+            qputenv(m_name, *m_before);
+        else
+            qunsetenv(m_name);
+    }
+
+    ScopedVariable(const ScopedVariable&) = delete;
+    ScopedVariable& operator=(const ScopedVariable&) = delete;
+
+private:
+    const char* m_name;
+    std::optional<QByteArray> m_before;
+};
 
 void passOn(QtMsgType type, const QMessageLogContext&, const QString& message)
 {
     if (message.startsWith(QLatin1String(kConnectionBroke.data()))) {
         if (displayLostHandler)
             displayLostHandler();
-        std::_Exit(kNoDisplay); // Qt would run the destructors of static objects beside running threads
+        std::_Exit(kNoDisplay); // Qt would run static destructors while other threads run
     }
-    if (type == QtCriticalMsg || type == QtFatalMsg) // its warnings are for programmers
+    if (type == QtCriticalMsg || type == QtFatalMsg) // Qt's warnings are for programmers
         std::fprintf(stderr, "haloric: %s\n", qUtf8Printable(message));
 }
 
 std::unique_ptr<QApplication> makeApplication()
 {
     static char program[] = "haloric";
-    static char platformOption[] = "-platform"; // whatever QT_QPA_PLATFORM says
+    static char platformOption[] = "-platform"; // overrides QT_QPA_PLATFORM
     static char platform[] = "xcb";
     static char nameOption[] = "-name";
     static char name[] = "com.kestrow.haloric";
@@ -56,13 +84,13 @@ QtApplication::QtApplication(Task displayLost)
     QGuiApplication::setDesktopFileName(kIdentifier);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     {
-        // Only while Qt looks at them: programs that this one starts are not to inherit them.
-        const QtScopedVariable ownLoop("QT_NO_GLIB", "1");
-        const QtScopedVariable withoutOpenGL("QT_XCB_GL_INTEGRATION", "none"); // saves some twenty megabytes
+        // Only while Qt reads them: child processes must not inherit them.
+        const ScopedVariable ownLoop("QT_NO_GLIB", "1");
+        const ScopedVariable withoutOpenGL("QT_XCB_GL_INTEGRATION", "none"); // saves about 20 MB
         m_application = makeApplication();
-        [[maybe_unused]] const bool asked = QWindow().supportsOpenGL(); // Qt looks when it is asked first
+        [[maybe_unused]] const bool isSupported = QWindow().supportsOpenGL(); // Qt reads the variable now
     }
-    std::setlocale(LC_NUMERIC, "C"); // Qt has taken over the user's, and numbers are written for files as well
+    std::setlocale(LC_NUMERIC, "C"); // Qt has set the user's locale; numbers in files need a fixed one
 }
 
 QtApplication::~QtApplication()
@@ -71,5 +99,22 @@ QtApplication::~QtApplication()
     qInstallMessageHandler(nullptr);
     displayLostHandler = nullptr;
 }
+
+QtEventLoop::QtEventLoop(LinuxRunLoop& runLoop)
+    : m_runLoop(runLoop),
+      m_readable(std::make_unique<QSocketNotifier>(runLoop.pollableDescriptor(), QSocketNotifier::Read))
+{
+    QObject::connect(m_readable.get(), &QSocketNotifier::activated, m_readable.get(),
+                     [this] { m_runLoop.turn(Seconds(0)); });
+    // Qt's handlers may have queued requests, set timers or read events ahead.
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, m_readable.get(),
+                     [this] { m_runLoop.prepareToWait(); });
+}
+
+QtEventLoop::~QtEventLoop() = default;
+
+void QtEventLoop::run() { QCoreApplication::exec(); }
+
+void QtEventLoop::stop() { QCoreApplication::exit(); }
 
 } // namespace haloric

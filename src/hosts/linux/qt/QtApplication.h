@@ -1,18 +1,22 @@
-// Qt, set up as this program needs it: on X11 alone, with a loop that waits in poll(2), without session management,
-// alive without windows. One exists; made before other threads, after the display is known to answer. Main thread.
+// Qt, set up as this program needs it: only on X11, with a loop that waits in poll(2), without session management,
+// alive without windows; and the program's run loop inside Qt's event loop. Main thread.
 #pragma once
 
 #include "foundation/Task.h"
+#include "hosts/linux/loop/EventLoop.h"
+#include "hosts/linux/loop/LinuxRunLoop.h"
 
 #include <memory>
 
 class QApplication;
+class QSocketNotifier;
 
 namespace haloric {
 
+// At most one exists. Construct it before other threads start and after the display is known to answer.
 class QtApplication {
 public:
-    // How windows and desktop files name the program.
+    // Names the program to window managers and in desktop files.
     static constexpr const char* kIdentifier = "com.kestrow.haloric";
 
     // `displayLost` is called when Qt finds the X server gone. Qt ends the process right after that, so the process
@@ -24,6 +28,21 @@ public:
 
 private:
     std::unique_ptr<QApplication> m_application;
+};
+
+// Runs Qt's event loop. The run loop turns inside every loop of Qt, also inside that of a dialog or a menu.
+class QtEventLoop final : public EventLoop {
+public:
+    // Requires QtApplication. Both outlive it.
+    explicit QtEventLoop(LinuxRunLoop& runLoop);
+    ~QtEventLoop() override;
+
+    void run() override;
+    void stop() override;
+
+private:
+    LinuxRunLoop& m_runLoop;
+    std::unique_ptr<QSocketNotifier> m_readable;
 };
 
 } // namespace haloric

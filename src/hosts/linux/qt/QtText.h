@@ -1,4 +1,4 @@
-// Text between the program, which has UTF-8, and Qt.
+// Conversions between the program's text (UTF-8) and Qt's.
 #pragma once
 
 #include <string>
@@ -15,7 +15,7 @@ inline QString qtText(std::string_view text)
 
 inline std::string plainText(const QString& text) { return text.toStdString(); }
 
-// As a label of a control that would take "&" for the mark of its access key.
+// For the label of a control: "&" is shown and marks no access key.
 inline QString qtLabel(std::string_view text) { return qtText(text).replace('&', "&&"); }
 
 } // namespace haloric

@@ -1,6 +1,6 @@
 #include "hosts/linux/shell/QtAlerts.h"
 
-#include "hosts/linux/qt/QtProgramIcon.h"
+#include "hosts/linux/qt/QtImages.h"
 #include "hosts/linux/qt/QtText.h"
 
 #include <QLabel>
@@ -13,10 +13,10 @@ namespace {
 
 constexpr int kIconSize = 64; // points
 
-// The text itself is the title in other places; window managers want one of their own.
+// macOS shows the message as the title; a window manager needs a separate one.
 constexpr const char* kTitle = "Haloric";
 
-// Some styles do it by themselves.
+// Makes the message bold, as some styles already do.
 void emphasise(const QMessageBox& box)
 {
     if (auto* text = box.findChild<QLabel*>("qt_msgbox_label")) {
@@ -35,7 +35,7 @@ std::int64_t QtAlerts::runModal(const AlertModel& alert)
     box.setTextFormat(Qt::PlainText);
     box.setText(qtText(alert.messageText));
     box.setInformativeText(qtText(alert.informativeText));
-    const QIcon icon = QtProgramIcon::make();
+    const QIcon icon = QtImages::programIcon();
     box.setWindowIcon(icon);
     box.setIconPixmap(icon.pixmap(QSize(kIconSize, kIconSize), box.devicePixelRatio()));
     emphasise(box);

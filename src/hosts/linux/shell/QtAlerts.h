@@ -1,6 +1,5 @@
-// Alerts as message boxes. While one is open the event loop goes on, and with it the program. Closed without an answer,
-// by Escape, by its title bar or by the end of the program, the last button counts, which is the one that changes
-// nothing. Main thread.
+// Alerts as modal message boxes. The event loop runs while one is open. If it is closed without an answer (Escape, its
+// title bar, the end of the program), the result is the last button, which changes nothing. Main thread.
 #pragma once
 
 #include "platform/Alerts.h"
@@ -17,7 +16,7 @@ public:
     std::int64_t runModal(const AlertModel& alert) override;
     void runModalError(const PlatformError& error) override;
 
-    // Closes the open alert of that message, if it is open, as Escape does.
+    // Closes the open alert with that message, if any, like Escape.
     void dismiss(const std::string& messageText);
 
 private:

@@ -1,8 +1,7 @@
 #include "hosts/linux/shell/QtApplicationChooser.h"
 
-#include "hosts/linux/files/ApplicationFiles.h"
+#include "hosts/linux/files/DesktopEntries.h"
 #include "hosts/linux/qt/QtImages.h"
-#include "hosts/linux/qt/QtProgramIcon.h"
 #include "hosts/linux/qt/QtText.h"
 
 #include <algorithm>
@@ -32,7 +31,7 @@ QtApplicationChooser::QtApplicationChooser(const std::string& prompt)
       m_list(new QListWidget(this))
 {
     setWindowTitle("Choose Application");
-    setWindowIcon(QtProgramIcon::make());
+    setWindowIcon(QtImages::programIcon());
     resize(kSize);
     m_search->setPlaceholderText("Search");
     m_search->setAccessibleName("Search");
@@ -46,7 +45,7 @@ QtApplicationChooser::QtApplicationChooser(const std::string& prompt)
     m_confirm = buttons->addButton(qtLabel(prompt), QDialogButtonBox::AcceptRole);
     m_confirm->setDefault(true);
     for (QAbstractButton* button : buttons->buttons())
-        button->setIcon({}); // some styles put signs there
+        button->setIcon({}); // some styles add icons
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) { filter(text); });
@@ -72,7 +71,7 @@ std::optional<std::string> QtApplicationChooser::chosen() const
 
 void QtApplicationChooser::fill()
 {
-    auto files = ApplicationFiles::all();
+    auto files = DesktopEntries::shown();
     QCollator collator;
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::ranges::stable_sort(files, [&collator](const ApplicationFile& a, const ApplicationFile& b) {
@@ -106,7 +105,7 @@ void QtApplicationChooser::selectFirst()
     m_confirm->setEnabled(chosen().has_value());
 }
 
-// The arrows move through the list while the user types.
+// The arrow keys move through the list while the search field has the focus.
 bool QtApplicationChooser::eventFilter(QObject* object, QEvent* event)
 {
     if (object == m_search && event->type() == QEvent::KeyPress) {

@@ -1,4 +1,4 @@
-// Lets the user choose one of the installed applications: a list with a search field above it. Main thread.
+// A dialog for choosing one of the installed applications: a list with a search field above it. Main thread.
 #pragma once
 
 #include <optional>
@@ -14,10 +14,10 @@ namespace haloric {
 
 class QtApplicationChooser final : public QDialog {
 public:
-    // `prompt` stands on the button that confirms.
+    // `prompt` is the label of the button that confirms.
     explicit QtApplicationChooser(const std::string& prompt);
 
-    // The path of the desktop entry; absent while none is chosen.
+    // The path of the desktop entry; absent if none is selected.
     std::optional<std::string> chosen() const;
 
 protected:

@@ -12,17 +12,10 @@ namespace haloric {
 
 namespace {
 
-// An action that toggles something has a place for its check mark also while that is off. Once checkable, an item stays
-// so: panels that show the menu are told of a mark that goes, but not of an item that no longer has any.
-bool isCheckable(const MenuItem& item, const QAction& action)
-{
-    return item.isOn || action.isCheckable() || (item.action && item.action->selector.starts_with("toggle"));
-}
-
 void show(QAction& action, const MenuItem& item)
 {
     action.setText(qtLabel(item.title));
-    action.setCheckable(isCheckable(item, action));
+    action.setCheckable(item.isCheckable);
     action.setChecked(item.isOn);
     action.setEnabled(item.isEnabled);
     action.setVisible(!item.isHidden);
@@ -96,7 +89,7 @@ void QtMenu::updateImages(const QMenu& menu, const std::vector<MenuItem>& items)
     }
 }
 
-// Qt keeps shortcuts for windows; these hold while the menu is open.
+// Qt applies shortcuts only in windows, so the open menu handles its items' shortcuts here.
 bool QtMenu::eventFilter(QObject* object, QEvent* event)
 {
     if (object == &m_menu && event->type() == QEvent::KeyPress) {
@@ -127,10 +120,10 @@ void QtMenu::perform(const Position& position)
         items = &item->submenu;
     }
     if (item && item->isEnabled && item->action && item->action->perform) {
-        const auto action = item->action->perform; // it may end the program, and this menu with it
+        const auto action = item->action->perform; // a copy, because the action may destroy this menu
         action(*item);
     }
-    update(); // Qt has turned the mark by itself
+    update(); // Qt has toggled the check mark
 }
 
 } // namespace haloric

@@ -1,5 +1,5 @@
-// A menu model as a menu of Qt. The model's items keep their number, order and nesting; what they show is taken over
-// again by `update`, which changes nothing that is as before. Main thread.
+// A menu model as a menu of Qt. The model's items keep their number, order and nesting. `update` applies the changes of
+// what they show. Main thread.
 #pragma once
 
 #include "platform/MenuDelegate.h"
@@ -21,10 +21,10 @@ public:
     QtMenu(const MenuModel& model, MenuDelegate& delegate);
     ~QtMenu() override;
 
-    // Takes over what the items show.
+    // Applies the items' present titles, marks and states.
     void update();
 
-    // The pictures, in the colours of another palette.
+    // Renders the images again, in the colours of the present palette.
     void updateImages();
 
     QMenu& menu() { return m_menu; }

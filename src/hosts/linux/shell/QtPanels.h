@@ -1,27 +1,41 @@
-// The About panel, and the panel that chooses an application. Main thread.
+// The About panel, and the dialog for choosing an application. Main thread.
 #pragma once
 
 #include "platform/Panels.h"
 
 #include <memory>
 
+#include <QDialog>
+
+class QLabel;
+
 namespace haloric {
 
-class QtAboutPanel;
+// Shows the program's icon, name, version and credits.
+class QtAboutPanel final : public QDialog {
+public:
+    QtAboutPanel();
+
+    void show(const AboutPanel& panel);
+
+private:
+    QLabel* addText();
+
+    QLabel* m_name;
+    QLabel* m_version;
+    QLabel* m_credits;
+};
 
 class QtPanels final : public Panels {
 public:
-    QtPanels();
-    ~QtPanels() override;
-
     void orderFrontStandardAboutPanel(const AboutPanel& panel) override;
 
-    // Applications are files in one folder on the platform that the panel is named after. Here they are wherever their
-    // desktop entries are: it lists them all, and the folder says nothing. The path of the entry that was chosen.
+    // Lists all installed applications and ignores the panel's directory, because desktop entries are in several
+    // folders. Returns the path of the chosen desktop entry.
     std::optional<std::string> runModalOpenPanel(const OpenPanel& panel) override;
 
 private:
-    std::unique_ptr<QtAboutPanel> m_about; // made when it is shown first
+    std::unique_ptr<QtAboutPanel> m_about; // created on first use
 };
 
 } // namespace haloric

@@ -1,6 +1,6 @@
 #include "hosts/linux/shell/QtUpdateProgress.h"
 
-#include "hosts/linux/qt/QtProgramIcon.h"
+#include "hosts/linux/qt/QtImages.h"
 
 #include <utility>
 
@@ -28,7 +28,7 @@ void QtUpdateProgress::makeDialog()
 {
     m_dialog = std::make_unique<QDialog>();
     m_dialog->setWindowTitle("Software Update");
-    m_dialog->setWindowIcon(QtProgramIcon::make());
+    m_dialog->setWindowIcon(QtImages::programIcon());
     auto* column = new QVBoxLayout(m_dialog.get());
     column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     column->setSizeConstraint(QLayout::SetFixedSize);
@@ -36,7 +36,7 @@ void QtUpdateProgress::makeDialog()
     text->setMinimumWidth(kMinimumWidth);
     column->addWidget(text);
     auto* bar = new QProgressBar(m_dialog.get());
-    bar->setRange(0, 0); // nobody knows how long it takes
+    bar->setRange(0, 0); // the duration is unknown
     bar->setTextVisible(false);
     bar->setAccessibleName(text->text());
     column->addWidget(bar);

@@ -1,8 +1,7 @@
-// A small window that waits for the answer of a check for updates, with a button to do without it. Closing it is the
-// same as that button. Main thread.
+// A small window during a check for updates, with a button to cancel it. Closing the window cancels, too. Main thread.
 #pragma once
 
-#include "hosts/linux/update/UpdateProgress.h"
+#include "hosts/linux/update/UpdaterDependencies.h"
 
 #include <memory>
 
@@ -15,13 +14,13 @@ public:
     QtUpdateProgress();
     ~QtUpdateProgress() override;
 
-    // One at a time. Outlives the handle.
+    // At most one handle exists; this object outlives it.
     [[nodiscard]] Subscription show(Task onCancel) override;
 
 private:
     void makeDialog();
 
-    std::unique_ptr<QDialog> m_dialog; // null until it is first shown
+    std::unique_ptr<QDialog> m_dialog; // created on first use
     Task m_onCancel;
 };
 

@@ -1,38 +1,87 @@
 #include "hosts/linux/shell/TrayWatcher.h"
 
-#include "hosts/linux/shell/StatusNotifierWatcher.h"
+#include <limits>
+#include <utility>
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QFile>
 
 namespace haloric {
 
-TrayWatcher::TrayWatcher(X11Connection& connection) : m_connection(connection), m_selection(connection.atoms().tray)
+namespace {
+
+constexpr const char* kService = "org.kde.StatusNotifierWatcher";
+constexpr const char* kPath = "/StatusNotifierWatcher";
+constexpr int kNoTimeout = std::numeric_limits<int>::max(); // as libdbus defines it
+
+// Without this test, connecting to an absent bus would start one.
+bool hasSessionBus()
 {
-    // A manager that comes tells the root window's listeners.
-    const xcb_atom_t manager = connection.atoms().manager;
-    m_managers =
-        connection.onEvent<xcb_client_message_event_t>(XCB_CLIENT_MESSAGE, [this, manager](const auto& message) {
-            if (message.type == manager && message.data.data32[1] == m_selection)
-                look();
-        });
-    connection.selectRootEvents(XCB_EVENT_MASK_STRUCTURE_NOTIFY);
-    m_notifierHosts = std::make_unique<StatusNotifierWatcher>([this] { look(); });
-    look();
+    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
+           QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
 }
 
-TrayWatcher::~TrayWatcher() = default;
+} // namespace
 
-bool TrayWatcher::hasManager() const
+StatusNotifierWatcher::StatusNotifierWatcher(Task onChange) : m_onChange(std::move(onChange))
 {
-    xcb_connection_t* raw = m_connection.raw();
-    const XcbReply<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(raw, xcb_get_selection_owner(raw, m_selection), nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
+    if (!hasSessionBus())
+        return;
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return;
+    m_services.setConnection(bus);
+    m_services.addWatchedService(kService);
+    connect(&m_services, &QDBusServiceWatcher::serviceRegistered, this, [this] { query(); });
+    connect(&m_services, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
+        ++m_lastQuery;
+        conclude(false);
+    });
+    bus.connect(kService, kPath, kService, "StatusNotifierHostRegistered", this, SLOT(query()));
+    query();
+}
+
+// If the name has no owner, the bus replies with an error.
+void StatusNotifierWatcher::query()
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(kService, kPath, "org.freedesktop.DBus.Properties", "Get");
+    message << QString(kService) << QString("IsStatusNotifierHostRegistered");
+    message.setAutoStartService(false);
+    m_isQueryPending = true;
+    auto* pending = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message, kNoTimeout), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this,
+            [this, number = ++m_lastQuery](QDBusPendingCallWatcher* call) {
+                const QDBusPendingReply<QDBusVariant> reply = *call;
+                call->deleteLater();
+                if (number == m_lastQuery)
+                    conclude(!reply.isError() && reply.value().variant().toBool());
+            });
+}
+
+void StatusNotifierWatcher::conclude(bool hasHost)
+{
+    m_isQueryPending = false;
+    m_hasHost = hasHost;
+    m_onChange();
+}
+
+TrayWatcher::TrayWatcher(EmbeddingTray& tray)
+    : m_tray(tray),
+      m_notifier([this] { look(); }),
+      m_whenTrayAppears(tray.onAppear([this] { look(); }))
+{
+    look();
 }
 
 void TrayWatcher::look()
 {
-    if (m_wereSeen || m_notifierHosts->areSilent() || (!m_notifierHosts->areThere() && !hasManager()))
+    if (m_wasSeen || m_notifier.isQueryPending() || (!m_notifier.hasHost() && !m_tray.exists()))
         return;
-    m_wereSeen = true;
+    m_wasSeen = true;
     m_seen.publish();
 }
 

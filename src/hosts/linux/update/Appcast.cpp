@@ -8,10 +8,10 @@
 namespace haloric {
 namespace {
 
-// As publicly documented for appcasts; a name, not an address.
+// The publicly documented namespace of appcasts; it is never fetched.
 constexpr QStringView kNamespace = u"http://www.andymatuschak.org/xml-namespaces/sparkle";
 constexpr std::size_t kMaximumItems = 1000;
-constexpr qsizetype kMaximumDepth = 32; // elements within one another; a feed has four or five
+constexpr qsizetype kMaximumDepth = 32; // nested elements; a usual feed has four or five
 
 class Reader {
 public:
@@ -113,7 +113,7 @@ private:
         return nameSpace.isEmpty() ? local.toString() : QLatin1String("other:") + local.toString();
     }
 
-    // The depth is compared first, as a path is joined anew each time.
+    // Compares the depth first, because joining the path allocates.
     bool isAt(qsizetype depth, QLatin1String path) const { return m_path.size() == depth && m_path.join(u'/') == path; }
     bool isItem() const { return isAt(3, QLatin1String("rss/channel/item")); }
     bool isInItem() const

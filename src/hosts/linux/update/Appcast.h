@@ -1,4 +1,4 @@
-// A feed of updates as text in memory: RSS with the appcast's own namespace. Pure.
+// A feed of updates: RSS with the appcast's namespace, parsed from text in memory. Pure.
 #pragma once
 
 #include <string>
@@ -7,24 +7,24 @@
 
 namespace haloric {
 
-// All in UTF-8; empty where the feed says nothing.
+// All in UTF-8; empty if the feed has no value.
 struct AppcastItem {
-    std::string version;        // to be compared
-    std::string displayVersion; // to be shown
+    std::string version;        // for comparison
+    std::string displayVersion; // for display
     std::string description;    // text or HTML
     std::string page;           // the web page of this version
     std::string download;
-    std::string system;  // which one it is for
-    std::string channel; // of testers, for instance; empty is everybody's
+    std::string system;  // operating system; empty: any
+    std::string channel; // for instance of testers; empty: for all users
 };
 
 struct Appcast {
     std::vector<AppcastItem> items;
     std::string page;  // the web page of the whole feed
-    std::string error; // why it cannot be read; then nothing else counts
+    std::string error; // why the feed cannot be read; empty on success
 
-    // Feeds that define entities are not read, as a small one of those can grow without bounds; nor are those with
-    // more than 32 elements within one another. It takes time in proportion to the bytes, whatever they are.
+    // Rejects feeds that define entities, because entities can expand without bounds, and feeds nested deeper than 32
+    // elements. The time is linear in the size for all input.
     static Appcast parse(std::string_view bytes);
 };
 

@@ -40,7 +40,7 @@ QNetworkRequest requestFor(const QUrl& url, const QSslConfiguration& trust)
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
-    request.setRawHeader("Accept-Encoding", "identity"); // what is limited is what is sent
+    request.setRawHeader("Accept-Encoding", "identity"); // so that the size limit holds for the decoded text
     request.setRawHeader("Accept", "application/rss+xml, application/xml, text/xml");
     request.setHeader(QNetworkRequest::UserAgentHeader, QLatin1String("Haloric"));
     return request;
@@ -128,7 +128,7 @@ private:
         drop();
         QTimer::singleShot(0, &m_context, [this, download = std::move(download)] {
             const auto done = std::move(m_done);
-            // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): `done` may be the end of what holds it
+            // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): `done` may destroy the object that holds it
             const AppcastDownload result = download;
             done(result);
         });

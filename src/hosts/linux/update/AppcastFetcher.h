@@ -1,9 +1,9 @@
-// Gets a feed over HTTPS, within limits of size, time and redirections, each of which must lead to HTTPS again. Plain
-// HTTP will do where a feed lies on this machine itself: nothing of it leaves the machine. Sends no cookies and keeps
-// nothing. Main thread; needs Qt's event loop.
+// Downloads a feed over HTTPS, within limits of size, time and redirections. Every redirection must lead to HTTPS.
+// Plain HTTP is allowed only for loopback addresses. Sends no cookies and caches nothing. Main thread; needs Qt's event
+// loop.
 #pragma once
 
-#include "hosts/linux/update/AppcastSource.h"
+#include "hosts/linux/update/UpdaterDependencies.h"
 
 #include <chrono>
 #include <cstddef>
@@ -18,13 +18,13 @@ class AppcastFetcher final : public AppcastSource {
 public:
     struct Limits {
         std::size_t size = std::size_t{1} << 20; // bytes
-        std::chrono::milliseconds time{15'000};  // from the request to the last byte, over all redirections
+        std::chrono::milliseconds time{15'000};  // from the request to the last byte, including redirections
         int redirections = 5;
     };
 
     AppcastFetcher() : AppcastFetcher(Limits()) {}
 
-    // `authorities` are the certificates, in PEM, of who may vouch for a server; empty: those of the system.
+    // `authorities` are the trusted root certificates in PEM; empty: those of the system.
     explicit AppcastFetcher(const Limits& limits, std::string authorities = {});
     ~AppcastFetcher() override;
 

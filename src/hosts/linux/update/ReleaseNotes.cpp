@@ -6,15 +6,15 @@
 namespace haloric {
 namespace {
 
-constexpr qsizetype kMaximumLength = 1500;        // characters; more than an alert shows well
-constexpr std::size_t kMaximumMarkup = 16 * 1024; // bytes that are looked at
+constexpr qsizetype kMaximumLength = 1500;        // characters
+constexpr std::size_t kMaximumMarkup = 16 * 1024; // bytes that are read
 
 struct NamedCharacter {
     QLatin1String name;
     char16_t character;
 };
 
-// The first bytes of a text, up to the end of a character.
+// The first `size` bytes of a text, or fewer so that it ends with a whole character.
 std::string_view beginning(std::string_view text, std::size_t size)
 {
     const auto isWithin = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80; };
@@ -25,8 +25,8 @@ std::string_view beginning(std::string_view text, std::size_t size)
     return text.substr(0, size);
 }
 
-// What is opened and not closed goes on to the end: so it is with HTML, and else each opening would be followed to the
-// end in vain, which takes the square of the time.
+// An unclosed tag extends to the end, as in HTML. Removing it first keeps the regular expressions below from scanning
+// to the end for every opening bracket, which takes quadratic time.
 QString withoutUnclosedTag(QString text)
 {
     static const QRegularExpression tag(QStringLiteral("</?[A-Za-z!]"));
@@ -53,16 +53,18 @@ QString withoutMarkup(QString text)
 
 QString withCharacters(QString text)
 {
-    const NamedCharacter named[] = {
-        {QLatin1String("&lt;"), u'<'},   {QLatin1String("&gt;"), u'>'},
-        {QLatin1String("&quot;"), u'"'}, {QLatin1String("&#39;"), u'\''},
-        {QLatin1String("&nbsp;"), u' '}, {QLatin1String("&amp;"), u'&'}}; // the last, as it may make another
+    const NamedCharacter named[] = {{QLatin1String("&lt;"), u'<'},
+                                    {QLatin1String("&gt;"), u'>'},
+                                    {QLatin1String("&quot;"), u'"'},
+                                    {QLatin1String("&#39;"), u'\''},
+                                    {QLatin1String("&nbsp;"), u' '},
+                                    {QLatin1String("&amp;"), u'&'}}; // last, because its result may form another entity
     for (const NamedCharacter& each : named)
         text.replace(each.name, QString(QChar(each.character)));
     return text;
 }
 
-// Lines without blanks around them and without control characters; of empty lines in a row one remains.
+// Trims lines, removes control characters, and reduces consecutive empty lines to one.
 QString tidied(const QString& text)
 {
     QString result;

@@ -1,5 +1,4 @@
-// What a feed says of a version, as plain text that is safe to show: no markup, no pictures, nothing that is fetched.
-// Pure.
+// The release notes of a feed as plain text that is safe to show: no markup, no images, no fetched content. Pure.
 #pragma once
 
 #include <string>
@@ -7,8 +6,8 @@
 
 namespace haloric::ReleaseNotes {
 
-// `description` is text or HTML in UTF-8. Tags are dropped, list items and paragraphs begin lines; control characters
-// are left out; a long text is cut, and what stands beyond the first 16 KiB is not looked at.
+// `description` is text or HTML in UTF-8; only its first 16 KiB are read. Tags and control characters are removed, list
+// items and paragraphs begin lines, and a long text is truncated.
 std::string plainText(std::string_view description);
 
 } // namespace haloric::ReleaseNotes

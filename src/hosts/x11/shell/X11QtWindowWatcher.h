@@ -1,5 +1,4 @@
-// Tells the input monitors which windows Qt shows for this program: those that forms, menus and the tray have. Main
-// thread.
+// Reports the windows that Qt creates for this program (forms, menus, the tray) to X11OwnWindows. Main thread.
 #pragma once
 
 #include "hosts/x11/input/X11OwnWindows.h"
@@ -10,7 +9,7 @@ namespace haloric {
 
 class X11QtWindowWatcher final : public QObject {
 public:
-    // Qt must have been set up, and no window made. `ownWindows` outlives every one of them.
+    // Requires QtApplication, before the first window. `ownWindows` outlives all windows.
     explicit X11QtWindowWatcher(X11OwnWindows& ownWindows);
 
 private:

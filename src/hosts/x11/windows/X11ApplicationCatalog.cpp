@@ -1,6 +1,6 @@
 #include "hosts/x11/windows/X11ApplicationCatalog.h"
 
-#include "hosts/linux/files/ApplicationFiles.h"
+#include "hosts/linux/files/DesktopEntries.h"
 
 #include <map>
 #include <memory>
@@ -46,17 +46,17 @@ std::vector<RunningApplication> X11ApplicationCatalog::runningApplications() con
 
 std::optional<std::string> X11ApplicationCatalog::applicationPath(std::string_view bundleIdentifier) const
 {
-    return ApplicationFiles::path(bundleIdentifier);
+    return DesktopEntries::pathOf(bundleIdentifier);
 }
 
 std::optional<std::string> X11ApplicationCatalog::bundleIdentifier(const std::string& applicationPath) const
 {
-    return ApplicationFiles::identifier(applicationPath);
+    return DesktopEntries::identifierAt(applicationPath);
 }
 
 std::string X11ApplicationCatalog::displayName(const std::string& path) const
 {
-    if (const auto file = ApplicationFiles::at(path); file && !file->name.empty())
+    if (const auto file = DesktopEntries::at(path); file && !file->name.empty())
         return file->name;
     return Text(g_filename_display_basename(path.c_str())).get();
 }

@@ -4,6 +4,7 @@
 
 #include "drawing/PixelRect.h"
 #include "foundation/Ids.h"
+#include "hosts/linux/files/DesktopEntries.h"
 
 #include <cstdint>
 #include <optional>
@@ -94,14 +95,6 @@ struct X11Client {
     bool isSeenOn(std::uint32_t current) const { return isOnDesktop(current) && !isMinimised() && (mapped || shaded); }
 
     X11Decoration decoration() const;
-};
-
-// How a window names the application it belongs to.
-struct ApplicationNames {
-    std::string applicationId; // _GTK_APPLICATION_ID
-    std::string instanceName;  // WM_CLASS, first part
-    std::string className;     // WM_CLASS, second part
-    friend bool operator==(const ApplicationNames&, const ApplicationNames&) = default;
 };
 
 struct X11ClientRecord {

@@ -19,7 +19,7 @@ TEST(CommandLine, each_option_has_its_action)
     EXPECT_EQ(parse({"--print-settings"}).action, Action::printSettings);
 }
 
-TEST(CommandLine, commands_for_the_running_program_are_taken_down)
+TEST(CommandLine, commands_for_the_running_program_are_parsed)
 {
     const auto quit = parse({"--quit"});
     EXPECT_EQ(quit.action, Action::command);
@@ -29,7 +29,7 @@ TEST(CommandLine, commands_for_the_running_program_are_taken_down)
     EXPECT_EQ(toggle.command, (InstanceCommand{InstanceCommand::Kind::toggle, "glow"}));
 }
 
-TEST(CommandLine, toggling_needs_an_effect_that_there_is)
+TEST(CommandLine, toggling_needs_a_known_effect)
 {
     for (const std::vector<std::string_view>& arguments :
          {std::vector<std::string_view>{"--toggle"}, {"--toggle", ""}, {"--toggle", "sound"}, {"--toggle", "--quit"}}) {
@@ -46,7 +46,7 @@ TEST(CommandLine, an_unknown_option_is_refused_by_name)
     EXPECT_THAT(commandLine.complaint, testing::HasSubstr("'--colour'"));
 }
 
-TEST(CommandLine, what_follows_a_whole_command_is_refused_by_name)
+TEST(CommandLine, an_argument_after_a_complete_command_is_refused_by_name)
 {
     for (const std::vector<std::string_view>& arguments : {std::vector<std::string_view>{"--settings", "--bogus"},
                                                            {"--toggle", "border", "--bogus"},

@@ -7,7 +7,6 @@
 #include <iostream>
 
 #include <QApplication>
-#include <QPalette>
 #include <QScreen>
 
 #include <fcntl.h>
@@ -17,7 +16,7 @@ namespace haloric {
 
 namespace {
 
-void say(const std::string& line) { std::cout << line << std::endl; }
+void report(const std::string& line) { std::cout << line << std::endl; }
 
 Image trayImage()
 {
@@ -28,21 +27,11 @@ Image trayImage()
         }};
 }
 
-QPalette palette(bool isDark)
-{
-    if (!isDark)
-        return QPalette(QColor(239, 239, 239));
-    QPalette dark(QColor(53, 53, 58), QColor(40, 40, 44));
-    dark.setColor(QPalette::Base, QColor(30, 30, 34));
-    dark.setColor(QPalette::Highlight, QColor(48, 140, 198));
-    return dark;
-}
-
 } // namespace
 
-HarnessProgram::HarnessProgram(const Platform& platform) : m_platform(platform)
+HarnessProgram::HarnessProgram(const Dependencies& dependencies) : m_dependencies(dependencies)
 {
-    m_settings.say = say;
+    m_settings.report = report;
     m_settings.changed = [this] {
         if (m_window)
             m_window->setForm(m_settings.form());
@@ -71,12 +60,12 @@ void HarnessProgram::obey(const std::string& line)
     const auto blank = std::min(line.find(' '), line.size());
     const auto verb = m_verbs.find(line.substr(0, blank));
     if (verb == m_verbs.end())
-        say("what is " + line);
+        report("unknown verb: " + line);
     else
         verb->second(line.substr(std::min(blank + 1, line.size())));
 }
 
-void HarnessProgram::menuNeedsUpdate() { say("menu needs update"); }
+void HarnessProgram::menuNeedsUpdate() { report("menu needs update"); }
 
 MenuItem& HarnessProgram::itemCalled(const std::string& title)
 {
@@ -87,7 +76,7 @@ FormWindow& HarnessProgram::window()
 {
     if (!m_window) {
         const FormWindowConfiguration configuration{"Haloric Settings", 7, false, {440, 560}};
-        m_window = m_platform.formWindows.make(configuration, m_settings.form());
+        m_window = m_dependencies.formWindows.make(configuration, m_settings.form());
     }
     return *m_window;
 }
@@ -96,7 +85,7 @@ void HarnessProgram::addVerbs()
 {
     m_verbs["tray"] = [this](const std::string&) {
         m_menu = m_settings.menu();
-        m_item = m_platform.statusItems.make(StatusItems::kSquareLength);
+        m_item = m_dependencies.statusItems.make(StatusItems::kSquareLength);
         m_item->setImage(trayImage());
         m_item->setToolTip("Haloric");
         m_item->setMenu(m_menu, *this);
@@ -110,32 +99,31 @@ void HarnessProgram::addVerbs()
         m_item->menuItemsChanged();
     };
     m_verbs["alert"] = [this](const std::string&) {
-        const auto answer = m_platform.alerts.runModal(
+        const auto answer = m_dependencies.alerts.runModal(
             {.messageText = "Haloric needs Accessibility access",
              .informativeText = "Haloric reads the position of the active window so it can draw the highlight around "
                                 "it. It never reads window contents or keystrokes.\n\nClick Open System Settings, then "
                                 "turn on Haloric in the Accessibility list.",
              .style = AlertStyle::informational,
              .buttons = {"Open System Settings", "Later"}});
-        say("answer " + std::to_string(answer));
+        report("answer " + std::to_string(answer));
     };
     m_verbs["error"] = [this](const std::string&) {
-        m_platform.alerts.runModalError({.domain = "files",
-                                         .code = 13,
-                                         .localizedDescription = "The entry could not be written.",
-                                         .localizedRecoverySuggestion = "Look at the folder's permissions."});
-        say("error seen");
+        m_dependencies.alerts.runModalError({.domain = "files",
+                                             .code = 13,
+                                             .localizedDescription = "The entry could not be written.",
+                                             .localizedRecoverySuggestion = "Look at the folder's permissions."});
+        report("error seen");
     };
     m_verbs["about"] = [this](const std::string& build) {
-        m_platform.panels.orderFrontStandardAboutPanel(
+        m_dependencies.panels.orderFrontStandardAboutPanel(
             {"Haloric", "dev", build, "Makes the focused window unmistakable.", 11});
     };
     m_verbs["choose"] = [this](const std::string&) {
-        const auto path = m_platform.panels.runModalOpenPanel({ContentType::applicationBundle, "/Applications", "Add"});
-        say("chosen " + path.value_or("nothing"));
+        const auto path =
+            m_dependencies.panels.runModalOpenPanel({ContentType::applicationBundle, "/Applications", "Add"});
+        report("chosen " + path.value_or("nothing"));
     };
-    m_verbs["palette"] = [](const std::string& name) { QApplication::setPalette(palette(name == "dark")); };
-    m_verbs["quit"] = [this](const std::string&) { m_platform.application.terminate(); };
 }
 
 void HarnessProgram::addWindowVerbs()
@@ -163,17 +151,17 @@ void HarnessProgram::addQuestions()
             std::cout << "= " << place->x() << " " << place->y() << " " << place->width() << " " << place->height()
                       << std::endl;
         } else {
-            say("= nowhere");
+            report("= nowhere");
         }
     };
-    m_verbs["focus"] = [](const std::string&) { say("= " + WidgetFinder::focused()); };
-    m_verbs["tooltip"] = [](const std::string& name) { say("= " + WidgetFinder::toolTip(name)); };
-    m_verbs["labels"] = [](const std::string& title) { say("= " + WidgetFinder::labels(title)); };
+    m_verbs["focus"] = [](const std::string&) { report("= " + WidgetFinder::focused()); };
+    m_verbs["tooltip"] = [](const std::string& name) { report("= " + WidgetFinder::toolTip(name)); };
+    m_verbs["labels"] = [](const std::string& title) { report("= " + WidgetFinder::labels(title)); };
     m_verbs["available"] = [](const std::string&) {
         const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-        say("= " + std::to_string(area.width()) + "x" + std::to_string(area.height()));
+        report("= " + std::to_string(area.width()) + "x" + std::to_string(area.height()));
     };
-    m_verbs["describe"] = [](const std::string& name) { say("= " + WidgetFinder::described(name)); };
+    m_verbs["describe"] = [](const std::string& name) { report("= " + WidgetFinder::described(name)); };
 }
 
 } // namespace haloric

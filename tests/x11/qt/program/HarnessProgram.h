@@ -1,25 +1,23 @@
-// Obeys a test: each line is a verb and its arguments.
+// Executes a test's lines: each is a verb and its arguments.
 //
-//   tray                     puts an item into the tray
-//   check TITLE              turns the mark of an item of the menu
-//   reveal TITLE             shows a hidden item of the menu
+//   tray                     creates the status item
+//   check TITLE              toggles the check mark of a menu item
+//   reveal TITLE             shows a hidden menu item
 //   show, center             the form's window
-//   width NUMBER, scope N    changes a value behind the user's back
+//   width NUMBER, scope N    changes a value of the form, as if another part of the program did
 //   well on|off              enables or disables the colour well
 //   alert, error, about, choose
-//   palette dark|light
-//   quit
 //
 // Answers start with "= ":
 //
-//   where NAME               "X Y WIDTH HEIGHT" on the root, or "nowhere"
-//   focus                    what has the keyboard; nothing without it
-//   describe NAME            name and description, as assistive technology reads them
+//   where NAME               "X Y WIDTH HEIGHT" on the root window, or "nowhere"
+//   focus                    the widget with the keyboard focus; empty without it
+//   describe NAME            accessible name and description
+//   tooltip ITEM, labels TITLE, available
 #pragma once
 
 #include "hosts/linux/loop/LinuxRunLoop.h"
 #include "platform/Alerts.h"
-#include "platform/Application.h"
 #include "platform/FormWindows.h"
 #include "platform/Panels.h"
 #include "platform/StatusItems.h"
@@ -34,17 +32,16 @@ namespace haloric {
 
 class HarnessProgram final : public MenuDelegate {
 public:
-    struct Platform {
-        Application& application;
+    struct Dependencies {
         StatusItems& statusItems;
         FormWindows& formWindows;
         Alerts& alerts;
         Panels& panels;
     };
 
-    explicit HarnessProgram(const Platform& platform);
+    explicit HarnessProgram(const Dependencies& dependencies);
 
-    // Reads the lines from that descriptor.
+    // Executes the lines that arrive at the descriptor, until the subscription ends.
     Subscription obey(LinuxRunLoop& runLoop, int descriptor);
 
 private:
@@ -58,7 +55,7 @@ private:
     MenuItem& itemCalled(const std::string& title);
     FormWindow& window();
 
-    Platform m_platform;
+    Dependencies m_dependencies;
     HarnessSettings m_settings;
     MenuModel m_menu;
     std::map<std::string, Verb> m_verbs;

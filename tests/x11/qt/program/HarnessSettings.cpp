@@ -10,7 +10,7 @@ namespace {
 
 std::string number(double value)
 {
-    char text[400]; // for every double
+    char text[400]; // enough for every double
     std::snprintf(text, sizeof text, "%.2f", value);
     return text;
 }
@@ -28,7 +28,7 @@ Image dot(const Color& color)
 
 void HarnessSettings::note(const std::string& line)
 {
-    say(line);
+    report(line);
     changed();
 }
 
@@ -40,7 +40,8 @@ FormSection HarnessSettings::controls()
                                                      isOn = on;
                                                      note(on ? "toggle on" : "toggle off");
                                                  }}});
-    section.rows.push_back({"disabled", FormToggle{"Launch at login", true, false, [this](bool) { say("disabled"); }}});
+    section.rows.push_back(
+        {"disabled", FormToggle{"Launch at login", true, false, [this](bool) { report("disabled"); }}});
     section.rows.push_back({"well", FormColorWell{"Accent color", color, isWellEnabled, [this](const Color& chosen) {
                                                       color = chosen;
                                                       note("well " + number(chosen.red) + " " + number(chosen.green) +
@@ -57,7 +58,7 @@ FormSection HarnessSettings::controls()
                                                  }}});
     section.footer = "Launch at login is available when running from Haloric.app. Windows without a title bar aren't "
                      "tinted.";
-    section.onAppear = [this] { say("appeared"); };
+    section.onAppear = [this] { report("appeared"); };
     return section;
 }
 
@@ -93,7 +94,7 @@ FormSection HarnessSettings::applicationList()
                                  }});
     }
     section.rows.push_back({"running", running});
-    section.rows.push_back({"choose", FormButton{"Choose Application…", [this] { say("choose"); }}});
+    section.rows.push_back({"choose", FormButton{"Choose Application…", [this] { report("choose"); }}});
     section.footer = "Only windows of the selected apps are dimmed while they're not in focus.";
     return section;
 }
@@ -102,7 +103,7 @@ FormModel HarnessSettings::form()
 {
     FormModel form{{controls(), applicationList()}, {}};
     for (const char* title : {"Reset to Defaults", "Grant Accessibility…", "Restart", "Quit Haloric"})
-        form.buttons.push_back({title, FormButton{title, [this, title] { say(std::string("button ") + title); }}});
+        form.buttons.push_back({title, FormButton{title, [this, title] { report(std::string("button ") + title); }}});
     return form;
 }
 
@@ -117,16 +118,21 @@ MenuModel HarnessSettings::menu()
         MenuItem made = heading(title);
         made.keyEquivalent = key;
         made.action = MenuAction{selector, MenuTarget::controller,
-                                 [this](const MenuItem& sender) { say("menu " + sender.title); }};
+                                 [this](const MenuItem& sender) { report("menu " + sender.title); }};
+        return made;
+    };
+    const auto toggle = [&](const std::string& title, const std::string& selector) {
+        MenuItem made = item(title, selector);
+        made.isCheckable = true;
         return made;
     };
     std::vector<MenuItem> items;
     items.push_back(heading("Haloric"));
     items.back().isEnabled = false;
     items.push_back(MenuItem::separator());
-    items.push_back(item("Border", "toggleBorder"));
+    items.push_back(toggle("Border", "toggleBorder"));
     items.back().isOn = true;
-    items.push_back(item("Dim other windows", "toggleDim"));
+    items.push_back(toggle("Dim other windows", "toggleDim"));
     items.push_back(MenuItem::separator());
     items.push_back(heading("Accent color"));
     const std::pair<const char*, Color> presets[] = {{"Blue", {0.04, 0.52, 1, 1}}, {"Teal", {0.35, 0.78, 0.98, 1}}};
@@ -135,7 +141,7 @@ MenuModel HarnessSettings::menu()
         items.back().submenu.back().image = dot(preset);
     }
     items.push_back(item("Settings…", "openSettings", ","));
-    items.push_back(item("Launch at Login", "toggleLogin"));
+    items.push_back(toggle("Launch at Login", "toggleLogin"));
     items.back().isEnabled = false;
     items.back().toolTip = "Available when running from Haloric.app";
     items.push_back(item("Grant Accessibility Permission…", "grantAX"));

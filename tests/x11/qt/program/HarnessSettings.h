@@ -1,5 +1,4 @@
-// A form with one control of each kind, and a menu, whose owner does nothing but keep values and say aloud what the
-// user did.
+// A form with one control of each kind, and a menu. It keeps the values and reports the user's actions.
 #pragma once
 
 #include "platform/FormModel.h"
@@ -13,8 +12,8 @@ namespace haloric {
 
 class HarnessSettings {
 public:
-    std::function<void(const std::string&)> say; // one line
-    std::function<void()> changed;               // a value of the form
+    std::function<void(const std::string&)> report; // one line
+    std::function<void()> changed;                  // a value of the form has changed
 
     FormModel form();
     MenuModel menu();

@@ -28,9 +28,9 @@ QWidget* named(const QString& name)
 {
     for (QWidget* widget : QApplication::allWidgets()) {
         const auto* button = qobject_cast<QAbstractButton*>(widget);
-        const bool isCalledSo = widget->objectName() == name || widget->metaObject()->className() == name ||
-                                (button && plain(button->text()) == name);
-        if (widget->isVisible() && isCalledSo)
+        const bool hasName = widget->objectName() == name || widget->metaObject()->className() == name ||
+                             (button && plain(button->text()) == name);
+        if (widget->isVisible() && hasName)
             return widget;
     }
     return nullptr;
@@ -91,7 +91,7 @@ std::string WidgetFinder::toolTip(const std::string& item)
         if (!menu || !menu->isVisible() || !menu->toolTipsVisible())
             continue;
         for (const QAction* action : menu->actions()) {
-            // Without one of its own, an action gives its text.
+            // An action without a tooltip returns its text.
             if (plain(action->text()).toStdString() == item && action->toolTip() != action->text())
                 return action->toolTip().toStdString();
         }

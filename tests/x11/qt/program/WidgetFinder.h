@@ -1,4 +1,4 @@
-// Where the widgets of this program are on the screen, for a test that clicks on them.
+// Finds widgets of this program for a test: their rectangles, names and texts.
 #pragma once
 
 #include <optional>
@@ -10,20 +10,20 @@ namespace haloric {
 
 class WidgetFinder {
 public:
-    // In pixels of the root window. Looks for a visible widget of that name or class, a button with that text, an item
-    // of an open menu or of a list. Absent while there is none.
+    // The rectangle, in pixels of the root window, of a visible widget with that object name or class, of a button with
+    // that text, or of an item of an open menu or a list. Absent if there is none.
     static std::optional<QRect> find(const std::string& name);
 
-    // The name of the widget that has the keyboard, else its text or class; empty without one.
+    // The name of the widget with the keyboard focus, otherwise its text or class; empty without focus.
     static std::string focused();
 
-    // What assistive technology reads: name and description of the widget with that name.
+    // Accessible name and description of the widget with that name.
     static std::string described(const std::string& name);
 
-    // What an item of an open menu with that text tells when the pointer rests on it; empty when it tells nothing.
+    // The tooltip of the item with that text in an open menu; empty if it has none.
     static std::string toolTip(const std::string& item);
 
-    // The texts in the visible window with that title, from top to bottom with bars between them.
+    // The texts in the visible window with that title, from top to bottom, separated by bars.
     static std::string labels(const std::string& title);
 };
 

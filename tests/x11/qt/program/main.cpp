@@ -1,15 +1,16 @@
-// The user interface alone, with a toy behind it. A test tells it what to do by lines on a socket, and reads on
-// standard output what the user did.
+// The Qt interface without the rest of Haloric. A test controls it by lines on a socket and reads the user's actions
+// from standard output.
 #include "hosts/linux/form/QtFormWindows.h"
 #include "hosts/linux/loop/LinuxRunLoop.h"
 #include "hosts/linux/loop/TerminationSignals.h"
 #include "hosts/linux/qt/QtApplication.h"
-#include "hosts/linux/qt/QtEventLoop.h"
 #include "hosts/linux/shell/QtAlerts.h"
 #include "hosts/linux/shell/QtPanels.h"
 #include "hosts/linux/shell/QtStatusItems.h"
 #include "hosts/x11/X11Application.h"
 #include "hosts/x11/server/X11Connection.h"
+#include "hosts/x11/shell/X11EmbeddingTray.h"
+#include "hosts/x11/shell/X11FocusRequest.h"
 #include "x11/qt/program/HarnessProgram.h"
 
 #include <cstdlib>
@@ -31,13 +32,14 @@ int main(int argumentCount, char** arguments)
     const QtApplication qt([] { std::cout << "display lost" << std::endl; });
     QtEventLoop loop(runLoop);
     X11Application application(loop);
-    QtStatusItems statusItems(*connection);
-    QtFormWindows formWindows(*connection);
+    X11EmbeddingTray tray(*connection);
+    QtStatusItems statusItems(tray);
+    QtFormWindows formWindows(x11FocusRequest(*connection));
     QtAlerts alerts;
     QtPanels panels;
     const auto termination = signals.watch(runLoop, [&application] { application.terminate(); });
-    HarnessProgram toy({application, statusItems, formWindows, alerts, panels});
-    const auto commands = toy.obey(runLoop, std::atoi(arguments[1]));
+    HarnessProgram harness({statusItems, formWindows, alerts, panels});
+    const auto commands = harness.obey(runLoop, std::atoi(arguments[1]));
     std::cout << "ready" << std::endl;
     application.run();
     std::cout << "ended" << std::endl;

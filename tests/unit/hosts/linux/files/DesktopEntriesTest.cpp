@@ -27,13 +27,13 @@ const std::vector<Entry> kEntries{{"org.example.Editor", "editor-window"},
                                   {"editor-window", ""},
                                   {"chat", "Chat"}};
 
-TEST(DesktopEntries, an_entry_that_claims_the_class_comes_before_one_that_is_named_like_it)
+TEST(DesktopEntries, an_entry_that_claims_the_class_wins_over_one_named_like_it)
 {
     EXPECT_EQ(DesktopEntries::match(windowClass("x", "editor-window"), kEntries), "org.example.Editor");
     EXPECT_EQ(DesktopEntries::match(windowClass("editor-window", "x"), kEntries), "org.example.Editor");
 }
 
-TEST(DesktopEntries, names_are_compared_as_written_and_then_regardless_of_case)
+TEST(DesktopEntries, names_are_compared_with_case_first_and_then_without)
 {
     EXPECT_EQ(DesktopEntries::match(windowClass("", "chat"), kEntries), "chat");
     EXPECT_EQ(DesktopEntries::match(windowClass("", "Browser"), kEntries), "browser");
@@ -42,7 +42,7 @@ TEST(DesktopEntries, names_are_compared_as_written_and_then_regardless_of_case)
     EXPECT_EQ(DesktopEntries::match(windowClass("", "Chat"), both), "Chat");
 }
 
-TEST(DesktopEntries, the_class_comes_before_the_instance)
+TEST(DesktopEntries, the_class_name_wins_over_the_instance_name)
 {
     EXPECT_EQ(DesktopEntries::match(windowClass("browser", "Terminal"), kEntries), "Terminal");
 }
@@ -53,7 +53,7 @@ TEST(DesktopEntries, empty_names_match_nothing)
     EXPECT_EQ(DesktopEntries::match(windowClass("", "unknown"), kEntries), std::nullopt);
 }
 
-// Whether a file of a folder has been opened meanwhile.
+// Reports whether a file of a folder has been opened since construction.
 class EntryReads {
 public:
     explicit EntryReads(const std::filesystem::path& folder) { inotify_add_watch(m_watch, folder.c_str(), IN_OPEN); }
@@ -71,7 +71,7 @@ private:
     int m_watch = inotify_init1(IN_CLOEXEC);
 };
 
-// GIO looks at the environment once, so the folder is made before anything asks it.
+// GIO reads the environment once, so the folder is created before its first use.
 class InstalledEntries : public testing::Test {
 protected:
     static void SetUpTestSuite()
@@ -103,7 +103,7 @@ protected:
     static inline std::filesystem::path s_folder;
 };
 
-TEST_F(InstalledEntries, a_window_is_matched_with_what_is_installed)
+TEST_F(InstalledEntries, a_window_is_matched_with_the_installed_entries)
 {
     DesktopEntries entries;
     EXPECT_EQ(entries.identifier(windowClass("x", "painter-main")), "org.example.Painter");
@@ -111,13 +111,13 @@ TEST_F(InstalledEntries, a_window_is_matched_with_what_is_installed)
     EXPECT_EQ(entries.identifier(windowClass("x", "Plain")), "plain");
 }
 
-TEST_F(InstalledEntries, the_identifier_that_a_window_gives_itself_is_believed)
+TEST_F(InstalledEntries, a_windows_application_id_is_used_as_it_is)
 {
     DesktopEntries entries;
     EXPECT_EQ(entries.identifier({"org.example.Other", "x", "painter-main"}), "org.example.Other");
 }
 
-TEST_F(InstalledEntries, without_an_entry_the_class_serves)
+TEST_F(InstalledEntries, without_an_entry_the_class_name_is_the_identifier)
 {
     DesktopEntries entries;
     EXPECT_EQ(entries.identifier(windowClass("inst", "Unknown")), "Unknown");
@@ -125,7 +125,7 @@ TEST_F(InstalledEntries, without_an_entry_the_class_serves)
     EXPECT_EQ(entries.identifier({}), std::nullopt);
 }
 
-// GIO hears of changes on a thread of its own, so they are waited for.
+// GIO receives changes on a separate thread, so the test waits for them.
 bool waitFor(const std::function<bool()>& predicate)
 {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
@@ -137,7 +137,7 @@ bool waitFor(const std::function<bool()>& predicate)
     return true;
 }
 
-TEST_F(InstalledEntries, an_application_that_is_installed_meanwhile_is_found_and_one_that_goes_is_forgotten)
+TEST_F(InstalledEntries, installing_and_removing_applications_takes_effect)
 {
     DesktopEntries entries;
     const auto isFoundAs = [&](const std::string& identifier) {
@@ -154,7 +154,7 @@ TEST_F(InstalledEntries, an_application_that_is_installed_meanwhile_is_found_and
     EXPECT_TRUE(isFoundAs("late-main"));
 }
 
-TEST_F(InstalledEntries, entries_are_not_read_again_for_a_class_that_none_claims)
+TEST_F(InstalledEntries, an_unknown_class_does_not_cause_entries_to_be_read_again)
 {
     DesktopEntries entries;
     EXPECT_EQ(entries.identifier(windowClass("x", "Unclaimed")), "Unclaimed");

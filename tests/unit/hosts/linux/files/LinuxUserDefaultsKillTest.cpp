@@ -1,4 +1,4 @@
-// A program that is killed while it saves leaves a whole record, every time.
+// A program that is killed during a save always leaves a whole record.
 #include "hosts/linux/files/LinuxUserDefaults.h"
 #include "settings/SettingsCodec.h"
 #include "unit/hosts/linux/files/SettingsSaver.h"
@@ -49,8 +49,8 @@ public:
         }
     }
 
-    // Waits until the program, which was started to be traced, stops after its first save, and lets it go on to the
-    // n-th entry into the system or return from it. False when it may not be traced: it has ended then.
+    // Waits until the traced program stops after its first save, then continues it to the n-th entry into or return
+    // from a system call. Returns false if tracing is forbidden; the program has ended then.
     bool stepThroughSystemCalls(int count)
     {
         int status = 0;
@@ -64,7 +64,7 @@ public:
         return true;
     }
 
-    // Kills the program; gives the number of saves that it had acknowledged.
+    // Kills the program. Returns the number of saves that it had acknowledged.
     int killAndCount()
     {
         kill(m_process, SIGKILL);
@@ -96,11 +96,11 @@ protected:
     int next = 1; // the number of the next record
     int saves = 0;
     int kills = 0;
-    int killsBetween = 0; // those that fell between the making of the new file and its replacing the old one
+    int killsBetween = 0; // kills between the creation of the new file and its renaming
 
     Saver startSaver(Saver::Run run) const { return Saver(folder.path().string(), next, run); }
 
-    // Kills the program and looks at what it left: the record that it acknowledged last, or the one after it.
+    // Kills the program and checks the record that it left: the last acknowledged one or the next.
     void killAndCheck(Saver& saver)
     {
         const int acknowledged = saver.killAndCount();
@@ -138,7 +138,7 @@ TEST_F(LinuxUserDefaultsKillTest, a_thousand_saves_with_kills_at_random_moments_
     while (saves < 1'000 || kills < 150) {
         Saver saver = startSaver(Saver::Run::Free);
         saver.waitForSaves(static_cast<int>(random() % 16));
-        // A moment that has nothing to do with the acknowledgement: somewhere within a save or two.
+        // A random moment within the next save or two.
         const std::uint64_t turns = random() % 400'000;
         for (std::atomic<std::uint64_t> turn = 0; turn < turns; ++turn) {
         }
@@ -149,7 +149,7 @@ TEST_F(LinuxUserDefaultsKillTest, a_thousand_saves_with_kills_at_random_moments_
 
 TEST_F(LinuxUserDefaultsKillTest, a_kill_between_any_two_steps_of_a_save_leaves_a_whole_record)
 {
-    constexpr int kStepsOfTwoSaves = 80; // about forty calls; what matters is that they are more than those of a save
+    constexpr int kStepsOfTwoSaves = 80; // about forty calls; more than one save has
     for (int steps = 0; steps < kStepsOfTwoSaves; ++steps) {
         Saver saver = startSaver(Saver::Run::Traced);
         if (!saver.stepThroughSystemCalls(steps))

@@ -28,13 +28,13 @@ protected:
     LinuxUserDefaults defaults{folder.path().string()};
 };
 
-TEST_F(LinuxUserDefaultsTest, nothing_stored_is_absent_and_makes_no_folder)
+TEST_F(LinuxUserDefaultsTest, a_missing_value_is_absent_and_creates_no_folder)
 {
     EXPECT_FALSE(defaults.data(kKey).has_value());
     EXPECT_FALSE(fs::exists(folder.path()));
 }
 
-TEST_F(LinuxUserDefaultsTest, a_value_is_a_file_of_its_key_s_name_for_the_user_alone)
+TEST_F(LinuxUserDefaultsTest, a_value_is_a_private_file_named_like_its_key)
 {
     const std::string bytes("a\0b\n\xff", 5);
     const mode_t before = umask(0);
@@ -48,7 +48,7 @@ TEST_F(LinuxUserDefaultsTest, a_value_is_a_file_of_its_key_s_name_for_the_user_a
     EXPECT_EQ(modeOf(folder.path().parent_path()), 0700U);
 }
 
-TEST_F(LinuxUserDefaultsTest, the_folder_is_left_as_the_user_made_it)
+TEST_F(LinuxUserDefaultsTest, an_existing_folder_keeps_its_mode)
 {
     fs::create_directories(folder.path());
     chmod(folder.path().c_str(), 0755);
@@ -56,7 +56,7 @@ TEST_F(LinuxUserDefaultsTest, the_folder_is_left_as_the_user_made_it)
     EXPECT_EQ(modeOf(folder.path()), 0755U);
 }
 
-TEST_F(LinuxUserDefaultsTest, the_next_value_replaces_the_file_and_closes_it_to_others)
+TEST_F(LinuxUserDefaultsTest, the_next_value_replaces_the_file_and_makes_it_private)
 {
     UserDefaultsFolder::write(folder.file(), "the old and longer value");
     chmod(folder.file().c_str(), 0644);
@@ -67,7 +67,7 @@ TEST_F(LinuxUserDefaultsTest, the_next_value_replaces_the_file_and_closes_it_to_
     EXPECT_EQ(defaults.data(kKey), "");
 }
 
-TEST_F(LinuxUserDefaultsTest, whoever_reads_the_old_value_reads_it_to_its_end)
+TEST_F(LinuxUserDefaultsTest, an_open_file_keeps_the_old_value)
 {
     UserDefaultsFolder::write(folder.file(), "old");
     std::ifstream reader(folder.file());
@@ -75,7 +75,7 @@ TEST_F(LinuxUserDefaultsTest, whoever_reads_the_old_value_reads_it_to_its_end)
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), "old");
 }
 
-TEST_F(LinuxUserDefaultsTest, keys_do_not_meet_and_never_leave_the_folder)
+TEST_F(LinuxUserDefaultsTest, keys_are_independent_and_stay_inside_the_folder)
 {
     defaults.setData(kKey, "1");
     defaults.setData("Other", "2");
@@ -89,7 +89,7 @@ TEST_F(LinuxUserDefaultsTest, keys_do_not_meet_and_never_leave_the_folder)
     EXPECT_EQ(defaults.data("Other"), "2");
 }
 
-TEST(LinuxUserDefaults, the_folder_is_in_the_user_s_configuration)
+TEST(LinuxUserDefaults, the_folder_is_in_the_users_configuration)
 {
     FakeProcesses processes;
     EXPECT_EQ(LinuxUserDefaults::standardFolder(processes), "");

@@ -1,4 +1,4 @@
-// Full disks, closed folders, links, and what stands in the way.
+// Full disks, read-only folders, links, and files of other kinds.
 #include "hosts/linux/files/LinuxUserDefaults.h"
 #include "unit/hosts/linux/files/UserDefaultsFolder.h"
 
@@ -24,7 +24,7 @@ protected:
     LinuxUserDefaults defaults{folder.path().string()};
 };
 
-TEST_F(LinuxUserDefaultsTroubleTest, a_disk_without_room_keeps_the_old_value_and_leaves_nothing_beside_it)
+TEST_F(LinuxUserDefaultsTroubleTest, a_full_disk_keeps_the_old_value_and_leaves_no_temporary_file)
 {
     defaults.setData(kKey, "old");
     rlimit before{};
@@ -43,7 +43,7 @@ TEST_F(LinuxUserDefaultsTroubleTest, a_disk_without_room_keeps_the_old_value_and
     EXPECT_EQ(defaults.data(kKey), "new");
 }
 
-TEST_F(LinuxUserDefaultsTroubleTest, a_folder_that_cannot_be_made_stores_nothing)
+TEST_F(LinuxUserDefaultsTroubleTest, without_a_folder_that_can_be_created_nothing_is_stored)
 {
     UserDefaultsFolder::write(folder.path().parent_path(), "a file in the way");
     defaults.setData(kKey, "x");
@@ -53,7 +53,7 @@ TEST_F(LinuxUserDefaultsTroubleTest, a_folder_that_cannot_be_made_stores_nothing
 TEST_F(LinuxUserDefaultsTroubleTest, a_folder_that_cannot_be_written_keeps_the_old_value)
 {
     defaults.setData(kKey, "old");
-    // In a process of its own, because the one that runs the tests may be allowed everything.
+    // In a child process without root's rights, because root may write everywhere.
     const pid_t child = fork();
     if (child == 0) {
         chmod(folder.root().c_str(), 0755);
@@ -72,7 +72,7 @@ TEST_F(LinuxUserDefaultsTroubleTest, a_folder_that_cannot_be_written_keeps_the_o
     EXPECT_EQ(folder.names(), Names{kKey});
 }
 
-TEST_F(LinuxUserDefaultsTroubleTest, what_is_no_ordinary_file_is_absent_and_not_waited_for)
+TEST_F(LinuxUserDefaultsTroubleTest, a_file_that_is_not_regular_is_absent_and_does_not_block)
 {
     fs::create_directories(folder.path());
     mkfifo(folder.file().c_str(), 0600);
@@ -87,11 +87,11 @@ TEST_F(LinuxUserDefaultsTroubleTest, what_is_no_ordinary_file_is_absent_and_not_
 TEST_F(LinuxUserDefaultsTroubleTest, a_file_that_is_too_large_is_absent)
 {
     UserDefaultsFolder::write(folder.file(), "");
-    fs::resize_file(folder.file(), std::uintmax_t{1} << 40); // a hole, without any data
+    fs::resize_file(folder.file(), std::uintmax_t{1} << 40); // a sparse file
     EXPECT_FALSE(defaults.data(kKey).has_value());
 }
 
-TEST_F(LinuxUserDefaultsTroubleTest, a_symbolic_link_stays_and_the_file_that_it_leads_to_is_replaced)
+TEST_F(LinuxUserDefaultsTroubleTest, a_symbolic_link_stays_and_its_target_is_replaced)
 {
     const fs::path real = folder.root() / "dotfiles" / "haloric.json";
     UserDefaultsFolder::write(real, "old");
@@ -105,7 +105,7 @@ TEST_F(LinuxUserDefaultsTroubleTest, a_symbolic_link_stays_and_the_file_that_it_
     EXPECT_EQ(folder.names(), Names{kKey});
 }
 
-TEST_F(LinuxUserDefaultsTroubleTest, a_symbolic_link_that_leads_nowhere_is_replaced)
+TEST_F(LinuxUserDefaultsTroubleTest, a_dangling_symbolic_link_is_replaced)
 {
     fs::create_directories(folder.path());
     for (const fs::path& goal : {folder.root() / "gone", folder.file()}) {
@@ -118,7 +118,7 @@ TEST_F(LinuxUserDefaultsTroubleTest, a_symbolic_link_that_leads_nowhere_is_repla
     }
 }
 
-TEST_F(LinuxUserDefaultsTroubleTest, what_killed_runs_left_is_taken_away_and_nothing_else)
+TEST_F(LinuxUserDefaultsTroubleTest, only_temporary_files_of_killed_processes_are_removed)
 {
     const pid_t gone = fork();
     if (gone == 0)
@@ -140,7 +140,7 @@ TEST_F(LinuxUserDefaultsTroubleTest, what_killed_runs_left_is_taken_away_and_not
     EXPECT_EQ(defaults.data(kKey), "new");
 }
 
-TEST_F(LinuxUserDefaultsTroubleTest, a_link_that_lies_where_the_new_file_is_written_is_not_followed)
+TEST_F(LinuxUserDefaultsTroubleTest, a_link_in_place_of_the_temporary_file_is_not_followed)
 {
     const fs::path victim = folder.root() / "victim";
     UserDefaultsFolder::write(victim, "untouched");

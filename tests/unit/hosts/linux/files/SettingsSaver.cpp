@@ -1,6 +1,6 @@
-// Saves numbered records to the folder of its first argument, from the number of its second on, and acknowledges
-// each on standard output, until it is killed. With a third argument it stops after the first and can be traced from
-// there on by the process that started it; where tracing is forbidden it ends with exit code 3.
+// Saves numbered records into the folder of its first argument, starting with the number of its second, and
+// acknowledges each on standard output, until it is killed. With a third argument it stops after the first record so
+// that its parent can trace it; if tracing is forbidden, it ends with exit code 3.
 #include "unit/hosts/linux/files/SettingsSaver.h"
 
 #include "hosts/linux/files/LinuxUserDefaults.h"

@@ -1,4 +1,4 @@
-// What the saving program and the test that kills it agree on.
+// The records shared by the saving program and the test that kills it.
 #pragma once
 
 #include "settings/Settings.h"
@@ -7,8 +7,7 @@
 
 namespace haloric {
 
-// The n-th record of the row that is saved: its number, and a list whose length changes with it and that is large
-// enough to be written in several pages.
+// The n-th saved record: its number, and a list whose length depends on the number and spans several pages.
 inline Settings numberedSettings(int n)
 {
     Settings settings;

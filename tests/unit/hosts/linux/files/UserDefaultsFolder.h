@@ -1,4 +1,4 @@
-// A folder for settings files that goes with the test.
+// A temporary folder for settings files.
 #pragma once
 
 #include <algorithm>

@@ -13,7 +13,7 @@ namespace {
 
 struct InstanceServerTest : testing::Test, InstanceFolder {
     LinuxRunLoop loop;
-    InstanceLock seat{place};
+    InstanceLock lock{paths};
     std::vector<std::string> lines;
     std::string reply = "done 0\n";
     std::unique_ptr<InstanceServer> server;
@@ -26,7 +26,7 @@ struct InstanceServerTest : testing::Test, InstanceFolder {
             lines.emplace_back(line);
             return reply;
         };
-        server = std::make_unique<InstanceServer>(loop, seat.listeningDescriptor(), user, answer, limits);
+        server = std::make_unique<InstanceServer>(loop, lock.listeningDescriptor(), user, answer, limits);
     }
     bool waitUntil(const std::function<bool()>& predicate)
     {
@@ -45,7 +45,7 @@ struct InstanceServerTest : testing::Test, InstanceFolder {
         line.back() = '\n';
         return line;
     }
-    // Appends what has come; false once the other side has closed.
+    // Appends the received bytes. Returns false once the peer has closed.
     static bool hear(const PosixDescriptor& socket, std::string& text)
     {
         std::array<char, 65536> part;
@@ -67,7 +67,7 @@ struct InstanceServerTest : testing::Test, InstanceFolder {
         std::string text;
         return waitUntil([&] { return !hear(socket, text); }) && text.empty();
     }
-    // Another peer is served, so the loop goes on.
+    // The loop still serves another peer.
     void expectService()
     {
         const auto socket = connected();
@@ -84,7 +84,7 @@ TEST_F(InstanceServerTest, a_line_is_answered)
     EXPECT_THAT(lines, testing::ElementsAre("hello"));
 }
 
-TEST_F(InstanceServerTest, a_line_may_come_in_pieces)
+TEST_F(InstanceServerTest, a_line_may_arrive_in_pieces)
 {
     const auto socket = connected();
     for (const char* piece : {"h", "ell", "o"}) {
@@ -97,7 +97,7 @@ TEST_F(InstanceServerTest, a_line_may_come_in_pieces)
     EXPECT_TRUE(waitForReply(socket, "done 0\n"));
 }
 
-TEST_F(InstanceServerTest, a_peer_goes_when_it_closes_whatever_it_has_said)
+TEST_F(InstanceServerTest, a_peer_is_removed_when_it_closes)
 {
     for (const char* text : {"", "half a li", "hello\n"}) {
         auto socket = connected();
@@ -109,7 +109,7 @@ TEST_F(InstanceServerTest, a_peer_goes_when_it_closes_whatever_it_has_said)
     expectService();
 }
 
-TEST_F(InstanceServerTest, a_silent_peer_is_cut_off_in_time_and_holds_nothing_up)
+TEST_F(InstanceServerTest, a_silent_peer_is_disconnected_in_time_and_blocks_nothing)
 {
     serve({.patience = Seconds(0.05)});
     const auto silent = connected();
@@ -121,7 +121,7 @@ TEST_F(InstanceServerTest, a_silent_peer_is_cut_off_in_time_and_holds_nothing_up
     expectService();
 }
 
-TEST_F(InstanceServerTest, too_long_a_line_is_cut_off_unheard)
+TEST_F(InstanceServerTest, a_peer_with_too_long_a_line_is_disconnected_without_an_answer)
 {
     const auto endless = connected();
     say(endless, std::string(5000, 'x'));
@@ -137,7 +137,7 @@ TEST_F(InstanceServerTest, too_long_a_line_is_cut_off_unheard)
     EXPECT_TRUE(waitForReply(longest, reply));
 }
 
-TEST_F(InstanceServerTest, one_line_a_connection)
+TEST_F(InstanceServerTest, a_connection_is_for_one_line)
 {
     const auto twoAtOnce = connected();
     say(twoAtOnce, "one\ntwo\n");
@@ -151,7 +151,7 @@ TEST_F(InstanceServerTest, one_line_a_connection)
     EXPECT_THAT(lines, testing::ElementsAre("one"));
 }
 
-TEST_F(InstanceServerTest, what_has_no_answer_is_cut_off)
+TEST_F(InstanceServerTest, a_line_without_an_answer_closes_the_connection)
 {
     reply.clear();
     const auto socket = connected();
@@ -159,7 +159,7 @@ TEST_F(InstanceServerTest, what_has_no_answer_is_cut_off)
     EXPECT_TRUE(waitForEnd(socket));
 }
 
-TEST_F(InstanceServerTest, another_user_is_not_heard)
+TEST_F(InstanceServerTest, a_peer_of_another_user_is_disconnected)
 {
     serve({}, geteuid() + 1);
     const auto socket = connected();
@@ -170,7 +170,7 @@ TEST_F(InstanceServerTest, another_user_is_not_heard)
     EXPECT_TRUE(lines.empty());
 }
 
-TEST_F(InstanceServerTest, a_crowd_is_cut_off_beyond_the_limit)
+TEST_F(InstanceServerTest, peers_beyond_the_limit_are_disconnected)
 {
     serve({.peers = 3});
     std::vector<PosixDescriptor> crowd;
@@ -187,14 +187,14 @@ TEST_F(InstanceServerTest, a_crowd_is_cut_off_beyond_the_limit)
 
 TEST_F(InstanceServerTest, a_long_reply_reaches_a_peer_that_reads_late)
 {
-    reply = std::string(3'000'000, 'r'); // more than a socket holds
+    reply = std::string(3'000'000, 'r'); // more than a socket's buffer
     const auto socket = connected();
     say(socket, "hello\n");
     ASSERT_TRUE(waitUntil([&] { return !lines.empty(); }));
     EXPECT_TRUE(waitForReply(socket, reply));
 }
 
-TEST_F(InstanceServerTest, a_peer_that_reads_nothing_is_cut_off_in_time)
+TEST_F(InstanceServerTest, a_peer_that_does_not_read_is_disconnected_in_time)
 {
     serve({.patience = Seconds(0.05)});
     reply = std::string(3'000'000, 'r');

@@ -18,19 +18,19 @@ struct InstanceStartupTest : testing::Test, InstanceFolder {
     std::ostringstream output;
     std::ostringstream errors;
 
-    InstanceStartup contact(Seconds patience = Seconds(20))
+    InstanceStartup startup(Seconds patience = Seconds(20))
     {
-        return {place, {.output = output, .errors = errors}, patience};
+        return {paths, {.output = output, .errors = errors}, patience};
     }
 };
 
-// An instance that runs, its loop on a thread of its own.
+// A running instance, with its loop on a separate thread.
 class RunningInstance {
 public:
-    RunningInstance(const InstancePaths& place, const std::function<InstanceReply(const InstanceCommand&)>& perform)
-        : m_thread([this, place, perform] {
-              const InstanceLock seat(place);
-              const InstanceServer server(m_loop, seat.listeningDescriptor(), geteuid(), [&](std::string_view line) {
+    RunningInstance(const InstancePaths& paths, const std::function<InstanceReply(const InstanceCommand&)>& perform)
+        : m_thread([this, paths, perform] {
+              const InstanceLock lock(paths);
+              const InstanceServer server(m_loop, lock.listeningDescriptor(), geteuid(), [&](std::string_view line) {
                   const auto command = InstanceCommand::parse(line);
                   if (command && command->kind == Kind::quit)
                       m_loop.post([this] { m_loop.stop(); });
@@ -56,47 +56,47 @@ private:
 
 InstanceReply succeed(const InstanceCommand& command) { return {true, command.effect}; }
 
-TEST_F(InstanceStartupTest, a_command_reaches_the_running_instance_and_its_answer_is_shown)
+TEST_F(InstanceStartupTest, a_command_reaches_the_running_instance_and_its_reply_is_printed)
 {
-    const RunningInstance running(place, succeed);
-    EXPECT_EQ(contact().command({Kind::toggle, "glow"}), 0);
+    const RunningInstance running(paths, succeed);
+    EXPECT_EQ(startup().command({Kind::toggle, "glow"}), 0);
     EXPECT_EQ(output.str(), "glow");
     EXPECT_EQ(errors.str(), "");
 }
 
-TEST_F(InstanceStartupTest, a_refusal_is_told_as_an_error)
+TEST_F(InstanceStartupTest, a_refusal_is_printed_as_an_error)
 {
-    const RunningInstance running(place, [](const InstanceCommand&) { return InstanceReply{false, "not today\n"}; });
-    EXPECT_EQ(contact().command({Kind::toggle, "glow"}), 1);
+    const RunningInstance running(paths, [](const InstanceCommand&) { return InstanceReply{false, "not today\n"}; });
+    EXPECT_EQ(startup().command({Kind::toggle, "glow"}), 1);
     EXPECT_EQ(errors.str(), "haloric: not today\n");
     EXPECT_EQ(output.str(), "");
 }
 
-TEST_F(InstanceStartupTest, without_an_instance_a_command_that_needs_one_says_so)
+TEST_F(InstanceStartupTest, without_an_instance_a_required_command_reports_an_error)
 {
-    EXPECT_EQ(contact().command({Kind::quit, ""}), std::nullopt);
+    EXPECT_EQ(startup().command({Kind::quit, ""}), std::nullopt);
     EXPECT_EQ(errors.str(), "");
-    EXPECT_EQ(contact().requireCommand({Kind::quit, ""}), 3);
+    EXPECT_EQ(startup().requireCommand({Kind::quit, ""}), 3);
     EXPECT_EQ(errors.str(), "haloric: no instance is running on this display\n");
     InstanceStartup nowhere({}, {.output = output, .errors = errors});
     EXPECT_EQ(nowhere.requireCommand({Kind::quit, ""}), 3);
 }
 
-TEST_F(InstanceStartupTest, a_socket_that_was_left_behind_is_no_instance)
+TEST_F(InstanceStartupTest, a_leftover_socket_is_not_an_instance)
 {
     listening().closeNow();
-    ASSERT_TRUE(std::filesystem::exists(place.socket));
-    EXPECT_EQ(contact().command({Kind::quit, ""}), std::nullopt);
+    ASSERT_TRUE(std::filesystem::exists(paths.socket));
+    EXPECT_EQ(startup().command({Kind::quit, ""}), std::nullopt);
 }
 
-TEST_F(InstanceStartupTest, an_instance_that_hangs_is_not_waited_for_for_ever)
+TEST_F(InstanceStartupTest, a_hanging_instance_ends_in_a_timeout)
 {
     const auto hung = listening();
-    EXPECT_EQ(contact(kShort).command({Kind::quit, ""}), 3);
+    EXPECT_EQ(startup(kShort).command({Kind::quit, ""}), 3);
     EXPECT_EQ(errors.str(), "haloric: the running instance does not answer\n");
 }
 
-TEST_F(InstanceStartupTest, nonsense_and_half_replies_are_no_answer)
+TEST_F(InstanceStartupTest, malformed_and_partial_replies_count_as_no_answer)
 {
     for (const char* reply : {"", "done 100\nhalf", "nonsense", "done 0\nmore"}) {
         const auto listener = listening();
@@ -107,56 +107,56 @@ TEST_F(InstanceStartupTest, nonsense_and_half_replies_are_no_answer)
             while (recv(accepted.number(), &received, 1, 0) > 0 && received != '\n') {
             }
         });
-        EXPECT_EQ(contact().command({Kind::quit, ""}), 3) << reply;
+        EXPECT_EQ(startup().command({Kind::quit, ""}), 3) << reply;
         peer.join();
-        std::filesystem::remove(place.socket);
+        std::filesystem::remove(paths.socket);
     }
 }
 
-TEST_F(InstanceStartupTest, after_quitting_the_seat_is_free)
+TEST_F(InstanceStartupTest, the_lock_is_free_after_quitting)
 {
-    const RunningInstance running(place, succeed);
-    EXPECT_EQ(contact().command({Kind::quit, ""}), 0);
-    const auto arrival = contact().arrive();
+    const RunningInstance running(paths, succeed);
+    EXPECT_EQ(startup().command({Kind::quit, ""}), 0);
+    const auto arrival = startup().arrive();
     EXPECT_EQ(arrival.exitCode, std::nullopt);
-    EXPECT_NE(arrival.seat, nullptr);
+    EXPECT_NE(arrival.lock, nullptr);
 }
 
-TEST_F(InstanceStartupTest, the_first_to_arrive_takes_the_seat_and_the_second_has_it_reopen)
+TEST_F(InstanceStartupTest, the_first_start_takes_the_lock_and_the_second_makes_it_reopen)
 {
     {
-        const auto arrival = contact().arrive();
-        ASSERT_NE(arrival.seat, nullptr);
+        const auto arrival = startup().arrive();
+        ASSERT_NE(arrival.lock, nullptr);
         EXPECT_EQ(arrival.exitCode, std::nullopt);
     }
     std::vector<InstanceCommand> commands;
     {
-        const RunningInstance running(place, [&](const InstanceCommand& command) {
+        const RunningInstance running(paths, [&](const InstanceCommand& command) {
             commands.push_back(command);
             return succeed(command);
         });
-        const auto arrival = contact().arrive();
-        EXPECT_EQ(arrival.seat, nullptr);
+        const auto arrival = startup().arrive();
+        EXPECT_EQ(arrival.lock, nullptr);
         EXPECT_EQ(arrival.exitCode, 0);
     }
     EXPECT_THAT(commands, testing::ElementsAre(InstanceCommand{Kind::reopen, ""}));
 }
 
-TEST_F(InstanceStartupTest, whoever_arrives_while_another_hangs_gives_up_in_time)
+TEST_F(InstanceStartupTest, a_start_beside_a_hanging_instance_ends_in_a_timeout)
 {
-    const InstanceLock hung(place);
-    const auto arrival = contact(kShort).arrive();
+    const InstanceLock hung(paths);
+    const auto arrival = startup(kShort).arrive();
     EXPECT_EQ(arrival.exitCode, 3);
     EXPECT_NE(errors.str(), "");
 }
 
-TEST_F(InstanceStartupTest, without_a_place_it_runs_all_the_same_and_says_so)
+TEST_F(InstanceStartupTest, without_usable_paths_the_start_continues_and_reports_it)
 {
     for (const std::optional<InstancePaths>& nowhere :
          {std::optional<InstancePaths>(), std::optional(InstancePaths{"/nonexistent/s", "/nonexistent/l"})}) {
         errors.str("");
         const auto arrival = InstanceStartup(nowhere, {.output = output, .errors = errors}).arrive();
-        EXPECT_EQ(arrival.seat, nullptr);
+        EXPECT_EQ(arrival.lock, nullptr);
         EXPECT_EQ(arrival.exitCode, std::nullopt);
         EXPECT_NE(errors.str(), "");
     }

@@ -1,4 +1,4 @@
-// The way to a feed, from a server in this process; nothing leaves the machine.
+// Downloads from a server in this process; all traffic stays on this machine.
 #include "hosts/linux/update/AppcastFetcher.h"
 
 #include "support/LoopbackServer.h"
@@ -18,13 +18,13 @@ struct AppcastFetcherTest : testing::Test {
         AppcastFetcher fetcher(limits);
         std::optional<AppcastDownload> result;
         const auto subscription = fetcher.fetch(address, [&](const AppcastDownload& download) { result = download; });
-        EXPECT_FALSE(result) << "told before the call had returned";
+        EXPECT_FALSE(result) << "called before fetch() returned";
         EXPECT_TRUE(loop.waitUntil([&] { return result.has_value(); })) << address;
         return result.value_or(AppcastDownload());
     }
 };
 
-TEST_F(AppcastFetcherTest, a_feed_is_handed_over_as_it_was_sent)
+TEST_F(AppcastFetcherTest, a_feed_arrives_unchanged)
 {
     const std::string body("<rss>\0\xff</rss>", 13);
     const LoopbackServer server([&](const std::string&) { return LoopbackServer::feed(body); });
@@ -36,7 +36,7 @@ TEST_F(AppcastFetcherTest, a_feed_is_handed_over_as_it_was_sent)
     EXPECT_EQ(server.requests()[0].find("Cookie"), std::string::npos);
 }
 
-TEST_F(AppcastFetcherTest, redirections_are_followed_up_to_a_limit_and_nothing_is_remembered)
+TEST_F(AppcastFetcherTest, redirections_are_followed_up_to_a_limit_and_not_cached)
 {
     const auto reply = [](const std::string& path) {
         const int left = std::stoi(path.substr(1));
@@ -52,7 +52,7 @@ TEST_F(AppcastFetcherTest, redirections_are_followed_up_to_a_limit_and_nothing_i
     EXPECT_EQ(server.requests().size(), 6U + 6U) << testing::PrintToString(server.requests());
 }
 
-TEST_F(AppcastFetcherTest, neither_secure_nor_on_this_machine_is_refused)
+TEST_F(AppcastFetcherTest, an_address_neither_secure_nor_local_is_refused)
 {
     const std::string words = "The address of the update feed is not a secure one (https).";
     for (const char* address :
@@ -61,7 +61,7 @@ TEST_F(AppcastFetcherTest, neither_secure_nor_on_this_machine_is_refused)
         EXPECT_EQ(fetch(address).error, words) << address;
 }
 
-TEST_F(AppcastFetcherTest, a_redirection_to_what_is_not_secure_is_refused)
+TEST_F(AppcastFetcherTest, a_redirection_to_an_insecure_address_is_refused)
 {
     for (const char* target : {"http://192.0.2.1/feed", "file:///etc/passwd", "javascript:1"}) {
         const LoopbackServer server([&](const std::string&) { return LoopbackServer::redirection(target); });
@@ -72,7 +72,7 @@ TEST_F(AppcastFetcherTest, a_redirection_to_what_is_not_secure_is_refused)
     }
 }
 
-TEST_F(AppcastFetcherTest, a_feed_that_is_too_large_is_cut_off)
+TEST_F(AppcastFetcherTest, too_large_a_feed_is_aborted)
 {
     limits.size = 10'000;
     std::string body(10'000, 'x');
@@ -84,7 +84,7 @@ TEST_F(AppcastFetcherTest, a_feed_that_is_too_large_is_cut_off)
     EXPECT_EQ(download.bytes, "");
 }
 
-TEST_F(AppcastFetcherTest, a_server_that_does_not_come_to_an_end_is_left_in_time)
+TEST_F(AppcastFetcherTest, an_endless_reply_is_aborted_in_time)
 {
     limits.time = std::chrono::milliseconds(100);
     for (const std::string& beginning : {std::string(), std::string("HTTP/1.1 200 OK\r\n"),
@@ -103,7 +103,7 @@ TEST_F(AppcastFetcherTest, a_body_that_ends_too_early_is_an_error)
     EXPECT_NE(fetch(server.address()).error, "");
 }
 
-TEST_F(AppcastFetcherTest, compressed_bytes_are_not_unpacked)
+TEST_F(AppcastFetcherTest, compressed_bytes_are_not_decompressed)
 {
     const LoopbackServer server(
         [](const std::string&) { return LoopbackServer::reply("200 OK", "Content-Encoding: gzip\r\n", "not really"); });
@@ -111,7 +111,7 @@ TEST_F(AppcastFetcherTest, compressed_bytes_are_not_unpacked)
     EXPECT_NE(server.requests().at(0).find("Accept-Encoding: identity"), std::string::npos);
 }
 
-TEST_F(AppcastFetcherTest, other_answers_are_errors)
+TEST_F(AppcastFetcherTest, other_status_codes_are_errors)
 {
     for (const char* status : {"404 Not Found", "500 Oops", "204 No Content", "401 Unauthorized"}) {
         const LoopbackServer server([&](const std::string&) { return LoopbackServer::reply(status, "", ""); });
@@ -119,7 +119,7 @@ TEST_F(AppcastFetcherTest, other_answers_are_errors)
     }
 }
 
-TEST_F(AppcastFetcherTest, nobody_there_is_an_error)
+TEST_F(AppcastFetcherTest, a_refused_connection_is_an_error)
 {
     std::string address;
     {
@@ -129,17 +129,17 @@ TEST_F(AppcastFetcherTest, nobody_there_is_an_error)
     EXPECT_THAT(fetch(address).error, testing::StartsWith("The update feed cannot be reached: "));
 }
 
-TEST_F(AppcastFetcherTest, nothing_is_told_once_the_handle_is_gone)
+TEST_F(AppcastFetcherTest, nothing_is_reported_once_the_handle_is_gone)
 {
     LoopbackServer server([](const std::string&) { return LoopbackServer::feed("late"); });
     AppcastFetcher fetcher(limits);
-    bool told = false;
-    auto dropped = fetcher.fetch(server.address(), [&](const AppcastDownload&) { told = true; });
+    bool isReported = false;
+    auto dropped = fetcher.fetch(server.address(), [&](const AppcastDownload&) { isReported = true; });
     bool arrived = false;
     const auto other = fetcher.fetch(server.address(), [&](const AppcastDownload&) { arrived = true; });
     dropped.reset();
     EXPECT_TRUE(loop.waitUntil([&] { return arrived; }));
-    EXPECT_FALSE(told);
+    EXPECT_FALSE(isReported);
 }
 
 } // namespace

@@ -10,7 +10,7 @@ constexpr const char* kTail = "</channel></rss>";
 
 Appcast parse(const std::string& inside) { return Appcast::parse(kHead + inside + kTail); }
 
-TEST(Appcast, versions_may_stand_in_elements)
+TEST(Appcast, versions_may_be_in_elements)
 {
     const auto appcast = parse("<link> https://example.org/ </link><item><title>x</title>"
                                "<s:version> 12 </s:version><s:shortVersionString>1.2</s:shortVersionString>"
@@ -31,7 +31,7 @@ TEST(Appcast, versions_may_stand_in_elements)
     EXPECT_EQ(item.channel, "beta");
 }
 
-TEST(Appcast, versions_may_stand_with_the_enclosure)
+TEST(Appcast, versions_may_be_attributes_of_the_enclosure)
 {
     const auto appcast = parse(R"(<item><enclosure url="u" s:version="3" s:shortVersionString="0.3"/></item>)"
                                R"(<item><enclosure url="u" s:version="3"/><s:version>4</s:version></item>)"
@@ -43,7 +43,7 @@ TEST(Appcast, versions_may_stand_with_the_enclosure)
     EXPECT_EQ(appcast.items[2].version, "5");
 }
 
-TEST(Appcast, elements_of_other_namespaces_and_in_other_places_do_not_count)
+TEST(Appcast, elements_of_other_namespaces_and_in_other_places_are_ignored)
 {
     const auto appcast = parse(R"(<item xmlns:o="urn:other"><version>1</version><o:link>no</o:link>)"
                                R"(<title><link>no</link></title><enclosure o:version="2"/></item>)");
@@ -53,19 +53,19 @@ TEST(Appcast, elements_of_other_namespaces_and_in_other_places_do_not_count)
     EXPECT_EQ(appcast.page, "");
 }
 
-TEST(Appcast, a_feed_without_items_is_one)
+TEST(Appcast, a_feed_without_items_is_valid)
 {
     EXPECT_EQ(parse("").error, "");
     EXPECT_TRUE(parse("").items.empty());
 }
 
-TEST(Appcast, what_is_no_feed_is_told)
+TEST(Appcast, a_text_that_is_not_a_feed_is_an_error)
 {
     EXPECT_EQ(Appcast::parse("<html><body>Sign in</body></html>").error, "What the server sent is no update feed.");
     EXPECT_EQ(Appcast::parse(R"(<rss xmlns="urn:other"/>)").error, "What the server sent is no update feed.");
 }
 
-TEST(Appcast, what_is_damaged_gives_no_items)
+TEST(Appcast, a_damaged_feed_has_no_items)
 {
     const std::string whole = kHead + std::string("<item><s:version>9</s:version></item>") + kTail;
     for (const std::string& bytes :
@@ -77,7 +77,7 @@ TEST(Appcast, what_is_damaged_gives_no_items)
     }
 }
 
-TEST(Appcast, entities_are_not_defined_here)
+TEST(Appcast, a_feed_that_defines_entities_is_rejected)
 {
     const std::string bomb = R"(<!DOCTYPE rss [<!ENTITY a "xxxxxxxxxx"><!ENTITY b "&a;&a;&a;&a;">]>)"
                              "<rss><channel><item><title>&b;</title></item></channel></rss>";
@@ -86,7 +86,7 @@ TEST(Appcast, entities_are_not_defined_here)
     EXPECT_EQ(Appcast::parse(external).error, "The update feed defines entities, which are not read.");
 }
 
-TEST(Appcast, there_is_an_end_to_items)
+TEST(Appcast, the_number_of_items_is_limited)
 {
     std::string items;
     for (int index = 0; index <= 1000; ++index)
@@ -105,7 +105,7 @@ std::string nested(int levels)
     return opened + closed;
 }
 
-TEST(Appcast, there_is_an_end_to_elements_within_one_another)
+TEST(Appcast, the_depth_of_elements_is_limited)
 {
     const std::string tooDeep = "The update feed is damaged: its elements are nested too deeply.";
     EXPECT_EQ(parse("<item>" + nested(32 - 3) + "</item>").error, "");

@@ -1,4 +1,4 @@
-// Whom a feed is taken from: servers that prove who they are, and nobody else.
+// The trust in servers: a feed is accepted only from a server with a trusted certificate.
 #include "hosts/linux/update/AppcastFetcher.h"
 
 #include "support/LoopbackServer.h"
@@ -33,7 +33,7 @@ struct AppcastTrustTest : testing::Test {
     }
 };
 
-TEST_F(AppcastTrustTest, a_feed_comes_from_a_server_that_an_authority_vouches_for)
+TEST_F(AppcastTrustTest, a_feed_is_accepted_from_a_server_with_a_trusted_certificate)
 {
     const TlsServer server("IP:127.0.0.1", [this] { return answer; });
     const auto download = fetch(server.address(), server.certificate());
@@ -42,7 +42,7 @@ TEST_F(AppcastTrustTest, a_feed_comes_from_a_server_that_an_authority_vouches_fo
     EXPECT_EQ(server.requests(), 1);
 }
 
-TEST_F(AppcastTrustTest, a_server_that_nobody_vouches_for_is_refused)
+TEST_F(AppcastTrustTest, a_server_with_an_untrusted_certificate_is_refused)
 {
     const TlsServer server("IP:127.0.0.1", [this] { return answer; });
     expectDistrust(server, {}, "self-signed"); // the authorities of the system
@@ -68,7 +68,7 @@ TEST_F(AppcastTrustTest, a_redirection_from_a_secure_server_to_plain_http_is_ref
     EXPECT_TRUE(plain.requests().empty());
 }
 
-TEST_F(AppcastTrustTest, a_redirection_to_another_secure_server_is_followed_only_where_that_is_trusted_too)
+TEST_F(AppcastTrustTest, a_redirection_to_another_secure_server_is_followed_only_if_that_is_trusted)
 {
     const TlsServer stranger("IP:127.0.0.1", [] { return LoopbackServer::feed("strange"); });
     const TlsServer server("IP:127.0.0.1", [&] { return LoopbackServer::redirection(stranger.address()); });

@@ -21,7 +21,7 @@ bool QtTestLoop::waitUntil(const std::function<bool()>& predicate, std::chrono::
     QTimer deadline;
     deadline.setSingleShot(true);
     deadline.start(patience);
-    QTimer looks; // the predicate may depend on what no event tells
+    QTimer looks; // the predicate may change without an event
     looks.start(std::chrono::milliseconds(5));
     while (!predicate()) {
         if (!deadline.isActive())

@@ -1,4 +1,4 @@
-// Qt's event loop, as far as a test turns it.
+// Qt's event loop, turned by a test.
 #pragma once
 
 #include <chrono>
@@ -14,7 +14,7 @@ public:
     QtTestLoop();
     ~QtTestLoop();
 
-    // Turns the loop until `predicate` holds; false when the patience ends.
+    // Turns the loop until `predicate` holds. Returns false on timeout.
     [[nodiscard]] bool waitUntil(const std::function<bool()>& predicate,
                                  std::chrono::milliseconds patience = std::chrono::milliseconds(20'000));
 

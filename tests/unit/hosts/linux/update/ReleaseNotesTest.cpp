@@ -30,14 +30,14 @@ TEST(ReleaseNotes, characters_are_resolved_once)
     EXPECT_EQ(plainText("&amp;lt;b&amp;gt; &lt;b&gt; &quot;&#39;"), "&lt;b&gt; <b> \"'");
 }
 
-TEST(ReleaseNotes, control_characters_are_left_out)
+TEST(ReleaseNotes, control_characters_are_removed)
 {
     EXPECT_EQ(plainText(std::string("a\x1b[31mb\0c\x7f", 9)), "a[31mbc");
-    EXPECT_EQ(plainText("a\u202Eb"), "ab"); // turns the direction of what follows
+    EXPECT_EQ(plainText("a\u202Eb"), "ab"); // changes the text direction
     EXPECT_EQ(plainText("\n\n  \n a \n\n\n\n b"), "a\n\nb");
 }
 
-TEST(ReleaseNotes, a_long_text_is_cut_between_characters)
+TEST(ReleaseNotes, a_long_text_is_truncated_between_characters)
 {
     std::string faces;
     for (int index = 0; index < 2000; ++index)
@@ -47,7 +47,7 @@ TEST(ReleaseNotes, a_long_text_is_cut_between_characters)
     EXPECT_TRUE(cut.ends_with("😀 …"));
 }
 
-TEST(ReleaseNotes, before_markup_that_never_ends_the_text_stays)
+TEST(ReleaseNotes, the_text_before_unclosed_markup_stays)
 {
     for (const std::string opening : {"<!--", "<a ", "<li ", "</p ", "<script>", "<!-- --", "<style></script>"}) {
         std::string hostile = "Faster.";
@@ -57,7 +57,7 @@ TEST(ReleaseNotes, before_markup_that_never_ends_the_text_stays)
     }
 }
 
-TEST(ReleaseNotes, what_stands_far_behind_is_not_looked_at)
+TEST(ReleaseNotes, text_beyond_the_limit_is_not_read)
 {
     const auto after = [](std::size_t bytes) { return plainText("near" + std::string(bytes - 4, ' ') + "äfar"); };
     EXPECT_EQ(after(16 * 1024 - 5), "near äfar");

@@ -14,7 +14,7 @@
 namespace haloric {
 namespace {
 
-// The key and the certificate, one behind the other.
+// The key, followed by the certificate.
 std::string makeIdentity(const std::string& name)
 {
     const std::string command = "openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -noenc -days 2 "

@@ -1,4 +1,4 @@
-// An HTTPS server of a test's own, on a port that the system finds free. It works while Qt's event loop is turned.
+// A local HTTPS server on a free port. It runs while Qt's event loop is turned.
 #pragma once
 
 #include <functional>
@@ -9,16 +9,16 @@ namespace haloric {
 
 class TlsServer {
 public:
-    // Makes a key and a certificate that vouches for itself, for whom the name tells: "IP:127.0.0.1" or "DNS:…".
-    // `reply` gives the whole reply, head and body. Throws std::runtime_error when either cannot be made.
+    // Creates a key and a self-signed certificate for `name`: "IP:127.0.0.1" or "DNS:…". `reply` returns the whole
+    // reply, head and body. Throws std::runtime_error on failure.
     TlsServer(const std::string& name, std::function<std::string()> reply);
     ~TlsServer();
     TlsServer(const TlsServer&) = delete;
     TlsServer& operator=(const TlsServer&) = delete;
 
-    std::string address() const;     // by number
+    std::string address() const;     // with the numeric host
     std::string certificate() const; // PEM
-    int requests() const;            // that were heard through the encryption
+    int requests() const;            // that were decrypted
 
 private:
     struct State;

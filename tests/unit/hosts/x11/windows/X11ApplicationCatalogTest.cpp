@@ -1,6 +1,6 @@
 #include "hosts/x11/windows/X11ApplicationCatalog.h"
 
-#include "hosts/linux/files/ApplicationFiles.h"
+#include "hosts/linux/files/DesktopEntries.h"
 
 #include <clocale>
 #include <cstdlib>
@@ -120,13 +120,13 @@ TEST_F(X11ApplicationCatalogTest, it_has_the_two_symbols_that_the_program_asks_f
     EXPECT_FALSE(catalog.hasSymbol("plus"));
 }
 
-TEST(ApplicationFiles, menus_show_all_applications_but_the_hidden_ones)
+TEST(DesktopEntryFiles, menus_show_all_applications_but_the_hidden_ones)
 {
     const ApplicationFile editor{InstalledApplications::path("org.test.Editor.desktop"), "The Editor", "editor-icon"};
     const ApplicationFile tool{InstalledApplications::path("tools/org.test.Tool.desktop"), "Tool", "/opt/tool.png"};
-    EXPECT_THAT(ApplicationFiles::all(), testing::UnorderedElementsAre(editor, tool));
-    EXPECT_EQ(ApplicationFiles::at(editor.path), editor);
-    EXPECT_EQ(ApplicationFiles::at("/etc/hosts"), std::nullopt);
+    EXPECT_THAT(DesktopEntries::shown(), testing::UnorderedElementsAre(editor, tool));
+    EXPECT_EQ(DesktopEntries::at(editor.path), editor);
+    EXPECT_EQ(DesktopEntries::at("/etc/hosts"), std::nullopt);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-// The application's icon against the pictures that were looked at and kept.
-#include "icon/IconPicture.h"
+// Compares the application's icon with the reviewed pictures.
+#include "drawing/icon/IconPicture.h"
 #include "support/GoldenPictures.h"
 
 namespace haloric {
@@ -8,7 +8,7 @@ namespace {
 class IconPictures : public testing::TestWithParam<int> {};
 INSTANTIATE_TEST_SUITE_P(Sizes, IconPictures, testing::Values(16, 22, 24, 32, 48, 64, 128, 256));
 
-TEST_P(IconPictures, the_icon_looks_as_it_was_kept)
+TEST_P(IconPictures, the_icon_equals_the_kept_picture)
 {
     Picture icon = IconPicture::draw(GetParam());
     GoldenPictures::compare("app-icon-" + std::to_string(GetParam()), icon);
@@ -18,21 +18,21 @@ constexpr int kUnevenness = 4; // of 255; masks are sampled from left to right
 
 std::uint32_t alphaAt(const Picture& picture, int x, int y) { return picture.at(x, y) >> 24; }
 
-TEST(IconPicture, it_fills_every_size_and_leaves_the_corners_free)
+TEST(IconPicture, it_fills_every_size_and_has_transparent_corners)
 {
     for (const int size : {1, 2, 3, 7, 16, 31, 100, 512, 1024}) {
         const Picture icon = IconPicture::draw(size);
         ASSERT_EQ(icon.width, size);
         ASSERT_EQ(icon.height, size);
         if (size < 16)
-            continue; // nothing of a shape is left there
+            continue; // too small for the shape
         EXPECT_EQ(alphaAt(icon, size / 2, size / 2), 255U) << size;
         EXPECT_EQ(alphaAt(icon, 0, 0), 0U) << size;
         EXPECT_EQ(alphaAt(icon, size - 1, size - 1), 0U) << size;
     }
 }
 
-TEST(IconPicture, it_is_even_from_left_to_right_where_it_has_no_dots)
+TEST(IconPicture, it_is_symmetric_in_the_sizes_without_dots)
 {
     for (const int size : {16, 22, 24, 32, 48, 64}) {
         const Picture icon = IconPicture::draw(size);

@@ -1,4 +1,4 @@
-#include "icon/IconPicture.h"
+#include "drawing/icon/IconPicture.h"
 
 #include "drawing/FlippedCanvas.h"
 #include "drawing/raster/RasterCanvas.h"
@@ -15,7 +15,7 @@ namespace {
 constexpr int kSmallestDetailed = 48; // pixels: title bar and brackets
 constexpr int kSmallestWithDots = 96; // pixels: the dots of the title bar
 constexpr double kMargin = 100.0 / 1024;
-constexpr double kSmallMargin = 1.0 / 16; // so that little of few pixels is lost
+constexpr double kSmallMargin = 1.0 / 16; // leaves more of a small picture to the tile
 constexpr double kTileRadius = 0.225;     // of the tile's side
 constexpr Size kWindowSize{0.43, 0.33};
 constexpr Size kSmallWindowSize{0.46, 0.36};
@@ -79,7 +79,7 @@ public:
 private:
     double whole(double part) const { return std::max(1.0, std::round(m_side * part)); }
 
-    // Even or odd as the side is, so that what is centred has its edges on whole pixels.
+    // Even if the side is even, odd if it is odd, so that a centred shape has its edges on whole pixels.
     double wholeLike(double part) const
     {
         const int side = static_cast<int>(m_side);
@@ -87,7 +87,7 @@ private:
         return std::max(1, length + (side - length) % 2);
     }
 
-    // One row of pixels after the other: the canvas knows no gradients.
+    // Row by row, because the canvas has no gradients.
     void drawTile()
     {
         for (double y = m_tile.minY(); y < m_tile.maxY(); ++y) {
@@ -99,7 +99,7 @@ private:
         }
     }
 
-    // The tile stands out from a dark background, too.
+    // Makes the tile visible on a dark background.
     void drawTileEdge()
     {
         const double width = std::max(1.0, m_side / 256);

@@ -2,14 +2,14 @@
 
 namespace haloric {
 
-X11Desktop::X11Desktop(X11Connection& connection, const char* display, LinuxRunLoop& runLoop, Log& log)
+X11Desktop::X11Desktop(X11Connection& connection, LinuxRunLoop& runLoop, Log& log)
     : screens(connection, scale),
       windowManager(connection),
       clients(connection),
       workspace(clients, runLoop),
       accessibility(runLoop, clients, windowManager, scale),
       windowInfoSource(clients.table(), scale),
-      windowServerCalls(connection, display, clients, scale),
+      windowServerCalls(connection, clients, scale),
       catalog(clients.table(), workspace),
       compositor(connection),
       toolkitWindows(connection, runLoop, compositor, scale, clients.table(), log),

@@ -3,7 +3,8 @@
 //
 // What happens on an X event. The run loop wakes because the connection's descriptor is readable; X11Connection takes
 // each event that has arrived and calls its subscribers. A subscriber asks the server nothing and notifies no other
-// part of the program. It only notes what may have changed:
+// part of the program, with one exception: X11FocusedFrame reports moves of the followed window at once, so that the
+// overlay moves with it in the same turn. The others only note what may have changed:
 //   X11Screens          the monitors, or the text resolution
 //   X11WindowManager    its check window, its name, its list of hints
 //   X11Clients          the root's properties; windows to read again; frames to measure again. A frame that has only
@@ -44,8 +45,8 @@
 namespace haloric {
 
 struct X11Desktop {
-    // Reads the desktop as it is. `display` as for the connection. All outlive it.
-    X11Desktop(X11Connection& connection, const char* display, LinuxRunLoop& runLoop, Log& log);
+    // Reads the desktop as it is. All three outlive it.
+    X11Desktop(X11Connection& connection, LinuxRunLoop& runLoop, Log& log);
     X11Desktop(const X11Desktop&) = delete;
     X11Desktop& operator=(const X11Desktop&) = delete;
 

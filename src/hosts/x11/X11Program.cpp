@@ -37,7 +37,6 @@ namespace haloric {
 namespace {
 
 constexpr int kDisplayLost = 1;
-constexpr const char* kDisplay = nullptr; // what DISPLAY names
 constexpr Seconds kWindowManagerPatience{3};
 
 // Shown at launch while no window manager reports the focus. Its one button changes nothing.
@@ -118,7 +117,7 @@ int runX11Program(const InstanceStart& start)
     Task displayLost; // called by both connections to the server, in any order
     const QtApplication qt([&displayLost] { displayLost(); });
     QtEventLoop loop(start.runLoop);
-    X11Desktop desktop(start.connection, kDisplay, start.runLoop, start.log);
+    X11Desktop desktop(start.connection, start.runLoop, start.log);
     LinuxUserDefaults userDefaults(LinuxUserDefaults::standardFolder(start.processes));
     Shell shell(start, desktop, userDefaults);
     LinuxSerialQueues serialQueues(start.runLoop);

@@ -30,7 +30,7 @@ constexpr const char* kDisplay = nullptr; // what DISPLAY names
 
 int showDiagnostics(X11Connection& connection, LinuxRunLoop& runLoop, Log& log, const Processes& processes)
 {
-    const X11Desktop desktop(connection, kDisplay, runLoop, log);
+    const X11Desktop desktop(connection, runLoop, log);
     std::cout << X11Diagnostics::gather(connection, desktop, processes, kVersion).text();
     return kSuccess;
 }

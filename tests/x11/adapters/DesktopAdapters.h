@@ -36,7 +36,7 @@ class DesktopAdapters : public AdaptersDisplay, public X11Desktop {
 public:
     explicit DesktopAdapters(const std::string& displayName)
         : AdaptersDisplay(displayName),
-          X11Desktop(*connection, display.c_str(), loop, log)
+          X11Desktop(*connection, loop, log)
     {
     }
 

@@ -85,7 +85,7 @@ void LinuxRunLoop::post(Task task)
         wasEmpty = m_posted.empty() && m_postedDelayed.empty();
         m_posted.push_back(std::move(task));
     }
-    if (wasEmpty)
+    if (wasEmpty && !isLoopThread())
         wake();
 }
 
@@ -97,9 +97,12 @@ void LinuxRunLoop::postAfter(Seconds delay, Task task)
         wasEmpty = m_posted.empty() && m_postedDelayed.empty();
         m_postedDelayed.emplace_back(Clock::now() + rounded<Clock::duration>(delay), std::move(task));
     }
-    if (wasEmpty)
+    if (wasEmpty && !isLoopThread())
         wake();
 }
+
+// This thread calls `prepareToWait` before it waits, which finds what was posted.
+bool LinuxRunLoop::isLoopThread() const { return std::this_thread::get_id() == m_thread; }
 
 void LinuxRunLoop::wake()
 {

@@ -14,6 +14,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <thread>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -60,6 +61,7 @@ private:
     struct Watch;
     struct Hook;
 
+    bool isLoopThread() const;
     void wake();
     void runHooks();
     void takeInDelayedPosts();
@@ -67,6 +69,7 @@ private:
     void runPosted();
     void armDescriptor();
 
+    const std::thread::id m_thread = std::this_thread::get_id(); // the only one that waits
     int m_epoll = -1;
     int m_timerDescriptor = -1;
     int m_wakeDescriptor = -1;

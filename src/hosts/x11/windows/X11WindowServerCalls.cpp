@@ -12,21 +12,6 @@ namespace {
 
 constexpr WindowServerCalls::ConnectionID kConnection = 1;
 
-WindowServerEvent eventOf(X11FrameWatch::Event event)
-{
-    switch (event) {
-    case X11FrameWatch::Event::moved:
-        return WindowServerEvent::moved;
-    case X11FrameWatch::Event::resized:
-        return WindowServerEvent::resized;
-    case X11FrameWatch::Event::hidden:
-        return WindowServerEvent::orderedOut;
-    case X11FrameWatch::Event::destroyed:
-        break;
-    }
-    return WindowServerEvent::destroyed;
-}
-
 } // namespace
 
 // Moves are noted until the commit, which sends them as one batch at once.
@@ -53,24 +38,18 @@ private:
     std::vector<std::pair<WindowNumber, Point>> m_moves;
 };
 
-X11WindowServerCalls::X11WindowServerCalls(X11Connection& connection, const char* display, const X11Clients& clients,
-                                           const X11Scale& scale)
+X11WindowServerCalls::X11WindowServerCalls(X11Connection& connection, X11Clients& clients, const X11Scale& scale)
     : m_connection(connection),
       m_clients(clients),
       m_scale(scale),
-      m_watch(display, connection.atoms(),
-              [this](xcb_window_t window, X11FrameWatch::Event event) { notify(window, eventOf(event)); })
+      m_focused(connection, clients, [this](WindowServerEvent event, xcb_window_t window) { notify(event, window); })
 {
 }
 
 Subscription X11WindowServerCalls::load(NotificationHandler handler)
 {
-    const std::lock_guard guard(m_lock);
     m_handler = std::move(handler);
-    return Subscription([this] {
-        const std::lock_guard ending(m_lock);
-        m_handler = nullptr;
-    });
+    return Subscription([this] { m_handler = nullptr; });
 }
 
 bool X11WindowServerCalls::has(Entry) const { return true; }
@@ -81,8 +60,8 @@ std::optional<Rect> X11WindowServerCalls::getBounds(ConnectionID, WindowNumber n
 {
     const auto window = static_cast<xcb_window_t>(number);
     std::optional<PixelRect> pixels;
-    if (const auto sighting = m_watch.look(window); sighting.isWatched)
-        pixels = sighting.visibleFrame;
+    if (m_focused.isKnown(window))
+        pixels = m_focused.visibleFrame();
     else if (const X11Client* client = m_clients.table().find(window))
         pixels = client->visibleFrame();
     else
@@ -107,33 +86,21 @@ std::optional<PixelRect> X11WindowServerCalls::askForRectangle(xcb_window_t wind
 
 bool X11WindowServerCalls::registerProc(WindowServerEvent event)
 {
-    const std::lock_guard guard(m_lock);
     m_registered.push_back(event);
     return true;
 }
 
-bool X11WindowServerCalls::removeProc(WindowServerEvent event)
-{
-    const std::lock_guard guard(m_lock);
-    return std::erase(m_registered, event) > 0;
-}
+bool X11WindowServerCalls::removeProc(WindowServerEvent event) { return std::erase(m_registered, event) > 0; }
 
-void X11WindowServerCalls::notify(xcb_window_t window, WindowServerEvent event)
+void X11WindowServerCalls::notify(WindowServerEvent event, xcb_window_t window) const
 {
-    const std::lock_guard guard(m_lock);
     if (m_handler && std::ranges::find(m_registered, event) != m_registered.end())
         m_handler(event, WindowNumber{window});
 }
 
-bool X11WindowServerCalls::request(ConnectionID, WindowNumber number)
+bool X11WindowServerCalls::request(ConnectionID, WindowNumber window)
 {
-    if (!m_watch.isConnected())
-        return false;
-    const auto window = static_cast<xcb_window_t>(number);
-    if (number == WindowNumber::none)
-        m_watch.stop();
-    else
-        m_watch.watch(window, m_clients.table().find(window));
+    m_focused.follow(static_cast<xcb_window_t>(window));
     return true;
 }
 

@@ -45,6 +45,24 @@ TEST_F(LinuxRunLoopTest, a_task_posted_by_a_task_runs_on_the_next_turn)
     EXPECT_EQ(ran, std::vector{1});
 }
 
+TEST_F(LinuxRunLoopTest, a_task_posted_by_the_handler_of_a_descriptor_runs_in_the_same_turn_and_wakes_nothing)
+{
+    int ends[2] = {};
+    ASSERT_EQ(pipe(ends), 0);
+    const auto watch = loop.watch(ends[0], [&] {
+        char byte = 0;
+        EXPECT_EQ(read(ends[0], &byte, 1), 1);
+        loop.post(note(1));
+    });
+    ASSERT_EQ(write(ends[1], "x", 1), 1);
+    loop.turn(Seconds(10));
+    EXPECT_EQ(ran, std::vector{1});
+    pollfd descriptor{loop.pollableDescriptor(), POLLIN, 0};
+    EXPECT_EQ(poll(&descriptor, 1, 0), 0);
+    close(ends[0]);
+    close(ends[1]);
+}
+
 TEST_F(LinuxRunLoopTest, tasks_behind_one_that_turns_the_loop_run_from_there)
 {
     std::string order;

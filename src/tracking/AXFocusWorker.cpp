@@ -1,5 +1,7 @@
 #include "tracking/AXFocusWorker.h"
 
+#include "platform/AccessibilityNames.h"
+
 #include <algorithm>
 
 namespace haloric {
@@ -67,7 +69,7 @@ bool AXFocusWorker::attach(ProcessID pid)
 // The value may be no element at all, which gives a null one.
 AXFocusWorker::WindowResult AXFocusWorker::focusedWindow()
 {
-    for (const std::string_view name : {"AXFocusedWindow", "AXMainWindow"}) {
+    for (const std::string_view name : {AXAttributes::kFocusedWindow, AXAttributes::kMainWindow}) {
         const AXAttribute attribute = m_accessibility.copyAttribute(m_app, name);
         if (attribute.error == AXError::cannotComplete)
             return Unavailable{};
@@ -80,14 +82,14 @@ AXFocusWorker::WindowResult AXFocusWorker::focusedWindow()
 // Sheets, drawers and other focused elements are not highlighted, nor is a minimised window.
 std::optional<AXFocusWorker::QueryResult> AXFocusWorker::reasonToIgnore(const AXElement& window)
 {
-    const AXAttribute role = m_accessibility.copyAttribute(window, "AXRole");
+    const AXAttribute role = m_accessibility.copyAttribute(window, AXAttributes::kRole);
     if (role.error == AXError::cannotComplete)
         return Unavailable{};
     const auto* roleName = std::get_if<std::string>(&role.value);
-    if (role.error != AXError::success || !roleName || *roleName != "AXWindow")
+    if (role.error != AXError::success || !roleName || *roleName != AXRoles::kWindow)
         return NoWindow{};
 
-    const AXAttribute minimised = m_accessibility.copyAttribute(window, "AXMinimized");
+    const AXAttribute minimised = m_accessibility.copyAttribute(window, AXAttributes::kMinimized);
     if (minimised.error == AXError::cannotComplete)
         return Unavailable{};
     const auto* isMinimised = std::get_if<bool>(&minimised.value);
@@ -107,8 +109,8 @@ AXFocusWorker::Snapshot AXFocusWorker::identify(const AXElement& window)
         return snapshot;
     }
     snapshot.identity = static_cast<WindowIdentity>(m_accessibility.hash(window));
-    const auto position = axValue<Point>(window, "AXPosition");
-    const auto size = position ? axValue<Size>(window, "AXSize") : std::nullopt;
+    const auto position = axValue<Point>(window, AXAttributes::kPosition);
+    const auto size = position ? axValue<Size>(window, AXAttributes::kSize) : std::nullopt;
     if (size)
         snapshot.axBounds = Rect{position->x, position->y, size->width, size->height};
     return snapshot;
@@ -126,7 +128,7 @@ FocusState::TitleBar AXFocusWorker::titleBar(const AXElement& window, WindowIden
 
 FocusState::TitleBar AXFocusWorker::measureTitleBar(const AXElement& window)
 {
-    const AXAttribute attribute = m_accessibility.copyAttribute(window, "AXCloseButton");
+    const AXAttribute attribute = m_accessibility.copyAttribute(window, AXAttributes::kCloseButton);
     if (attribute.error == AXError::noValue || attribute.error == AXError::attributeUnsupported)
         return FocusState::TitleBar::none();
     const AXElement button = elementOf(attribute);
@@ -135,9 +137,9 @@ FocusState::TitleBar AXFocusWorker::measureTitleBar(const AXElement& window)
     m_accessibility.setMessagingTimeout(button, kTimeoutSeconds);
 
     // After a read that failed the next ones are left out: each might wait for the whole timeout again.
-    const auto position = axValue<Point>(button, "AXPosition");
-    const auto size = position ? axValue<Size>(button, "AXSize") : std::nullopt;
-    const auto windowPosition = size ? axValue<Point>(window, "AXPosition") : std::nullopt;
+    const auto position = axValue<Point>(button, AXAttributes::kPosition);
+    const auto size = position ? axValue<Size>(button, AXAttributes::kSize) : std::nullopt;
+    const auto windowPosition = size ? axValue<Point>(window, AXAttributes::kPosition) : std::nullopt;
     if (!windowPosition)
         return FocusState::TitleBar::unknown();
 

@@ -1,19 +1,8 @@
 #include "tracking/AXObservation.h"
 
-#include <array>
+#include "platform/AccessibilityNames.h"
 
 namespace haloric {
-
-namespace {
-
-constexpr std::array<std::string_view, 11> kNotifications = {
-    "AXFocusedWindowChanged", "AXMainWindowChanged",       "AXWindowMoved",
-    "AXWindowResized",        "AXWindowMiniaturized",      "AXWindowDeminiaturized",
-    "AXWindowCreated",        "AXUIElementDestroyed",      "AXApplicationHidden",
-    "AXApplicationShown",     "AXFocusedUIElementChanged",
-};
-
-} // namespace
 
 std::unique_ptr<AXObservation> AXObservation::make(Accessibility& accessibility, ProcessID pid, const AXElement& app)
 {
@@ -23,7 +12,7 @@ std::unique_ptr<AXObservation> AXObservation::make(Accessibility& accessibility,
         pid, [self = observation.get()](std::string_view notification) { self->deliver(notification); });
     if (!observation->m_observer)
         return nullptr;
-    for (const std::string_view name : kNotifications)
+    for (const std::string_view name : AXNotifications::kObserved)
         observation->m_observer->addNotification(app, name);
     return observation;
 }

@@ -1,20 +1,18 @@
 #include "tracking/AXQueries.h"
 
+#include "foundation/ProductIdentity.h"
+
+#include <string>
 #include <utility>
 
 namespace haloric {
-
-namespace {
-
-constexpr std::string_view kQueueLabel = "com.kestrow.haloric.accessibility";
-
-} // namespace
 
 AXQueries::AXQueries(SerialQueues& queues, RunLoop& runLoop, Accessibility& accessibility)
     : m_runLoop(runLoop),
       m_accessibility(accessibility),
       m_axWorker(std::make_shared<AXFocusWorker>(accessibility)),
-      m_axQueue(queues.make(kQueueLabel, QualityOfService::userInitiated))
+      m_axQueue(
+          queues.make(std::string(ProductIdentity::kIdentifier) + ".accessibility", QualityOfService::userInitiated))
 {
 }
 

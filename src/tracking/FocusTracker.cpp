@@ -1,5 +1,6 @@
 #include "tracking/FocusTracker.h"
 
+#include "platform/AccessibilityNames.h"
 #include "platform/Application.h"
 #include "platform/RunLoop.h"
 #include "platform/Screens.h"
@@ -292,15 +293,15 @@ void FocusTracker::handleAX(const AXObservation* observation, std::string_view n
 {
     if (!m_running || m_observation.get() != observation)
         return;
-    const bool resized = notification == "AXWindowResized";
+    const bool resized = notification == AXNotifications::kWindowResized;
     if (resized)
         ++m_titleBarRevision;
-    if (notification == "AXFocusedWindowChanged" || notification == "AXMainWindowChanged") {
+    if (notification == AXNotifications::kFocusedWindowChanged || notification == AXNotifications::kMainWindowChanged) {
         m_pulse.focusChangeBegan(m_state.windowID);
         ++m_generation;
         setCurrentWindowID(WindowNumber::none);
     }
-    if (resized || notification == "AXWindowMoved")
+    if (resized || notification == AXNotifications::kWindowMoved)
         startFastTracking();
     refresh(Force::yes); // last, because it may detach the observation
 }

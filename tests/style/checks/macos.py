@@ -18,6 +18,7 @@ SYMBOLS = {
     "SLSTransactionCommit",
     # Accessibility: attributes, roles, notifications, and the function that gives an element's window.
     "AXFocusedWindow", "AXMainWindow", "AXMinimized", "AXPosition", "AXSize", "AXRole", "AXCloseButton", "AXWindow",
+    "AXApplication", "AXSheet", "AXButton", "AXUnknown",
     "AXFocusedWindowChanged", "AXMainWindowChanged", "AXWindowMoved", "AXWindowResized", "AXWindowMiniaturized",
     "AXWindowDeminiaturized", "AXWindowCreated", "AXUIElementDestroyed", "AXApplicationHidden", "AXApplicationShown",
     "AXFocusedUIElementChanged", "_AXUIElementGetWindow",

@@ -1,5 +1,6 @@
 #include "hosts/linux/files/LinuxLoginItemService.h"
 
+#include "foundation/ProductIdentity.h"
 #include "hosts/linux/files/XdgFolders.h"
 #include "hosts/posix/PosixFile.h"
 
@@ -115,9 +116,9 @@ std::string AutostartEntry::text(std::string_view launcher)
            "Type=Application\n"
            "Name=Haloric\n"
            "Comment=Makes the focused window unmistakable\n"
-           "Icon=com.kestrow.haloric\n"
-           "Exec=" +
-           escapedValue(commandFor(launcher)) + "\n" + tryExecLine(launcher) +
+           "Icon=" +
+           std::string(ProductIdentity::kIdentifier) + "\nExec=" + escapedValue(commandFor(launcher)) + "\n" +
+           tryExecLine(launcher) +
            "Terminal=false\n"
            "X-GNOME-Autostart-enabled=true\n";
 }
@@ -159,7 +160,7 @@ LinuxLoginItemService::LinuxLoginItemService(std::filesystem::path autostartFold
 {
 }
 
-std::filesystem::path LinuxLoginItemService::entry() const { return m_folder / AutostartEntry::kFileName; }
+std::filesystem::path LinuxLoginItemService::entry() const { return m_folder / AutostartEntry::fileName(); }
 
 LoginItemStatus LinuxLoginItemService::status() const
 {
@@ -186,8 +187,7 @@ std::optional<PlatformError> LinuxLoginItemService::registerApplication()
     }
     int error = PosixFile::makeFolders(m_folder);
     if (error == 0) {
-        const std::string temporary =
-            "." + std::string(AutostartEntry::kFileName) + "." + std::to_string(getpid()) + ".tmp";
+        const std::string temporary = "." + AutostartEntry::fileName() + "." + std::to_string(getpid()) + ".tmp";
         error = PosixFile::replace(entry(), m_folder / temporary, AutostartEntry::text(m_launcher.string()));
     }
     return error == 0 ? std::nullopt : std::optional(errorFor(error, kFailure));

@@ -1,5 +1,6 @@
 #include "hosts/linux/files/LinuxUserDefaults.h"
 
+#include "foundation/ProductIdentity.h"
 #include "hosts/linux/files/XdgFolders.h"
 #include "hosts/posix/PosixFile.h"
 
@@ -14,7 +15,6 @@
 namespace haloric {
 namespace {
 
-constexpr const char* kFolderName = "com.kestrow.haloric";
 constexpr std::string_view kTemporarySuffix = ".tmp";
 constexpr std::size_t kMaximumSize = std::size_t{16} << 20; // bytes
 
@@ -53,7 +53,7 @@ void removeLeftovers(const std::filesystem::path& folder, std::string_view key)
 std::string LinuxUserDefaults::standardFolder(const Processes& processes)
 {
     const std::string folder = XdgFolders::config(processes);
-    return folder.empty() ? "" : folder + "/" + kFolderName;
+    return folder.empty() ? "" : folder + "/" + ProductIdentity::kIdentifier;
 }
 
 std::string LinuxUserDefaults::pathOf(std::string_view key) const

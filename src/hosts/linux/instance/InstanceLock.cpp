@@ -1,5 +1,6 @@
 #include "hosts/linux/instance/InstanceLock.h"
 
+#include "foundation/ProductIdentity.h"
 #include "hosts/linux/files/XdgFolders.h"
 #include "hosts/linux/instance/UnixSocket.h"
 
@@ -16,8 +17,6 @@
 
 namespace haloric {
 namespace {
-
-constexpr const char* kName = "com.kestrow.haloric";
 
 // Whether `folder` is a folder, not a link, that this user owns and only this user may write to.
 bool isPrivate(const std::filesystem::path& folder)
@@ -64,12 +63,12 @@ std::optional<InstancePaths> InstancePaths::find(const Processes& processes, std
         return {};
     std::filesystem::path folder = XdgFolders::runtime(processes);
     if (!isPrivate(folder)) {
-        folder = fallback / (std::string(kName) + "-" + std::to_string(geteuid()));
+        folder = fallback / (std::string(ProductIdentity::kIdentifier) + "-" + std::to_string(geteuid()));
         mkdir(folder.c_str(), 0700);
         if (!isPrivate(folder))
             return {};
     }
-    const std::string stem = std::string(kName) + "-" + encoded(server);
+    const std::string stem = std::string(ProductIdentity::kIdentifier) + "-" + encoded(server);
     return InstancePaths{.socket = folder / (stem + ".socket"), .lock = folder / (stem + ".lock")};
 }
 

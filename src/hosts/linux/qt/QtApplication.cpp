@@ -1,5 +1,7 @@
 #include "hosts/linux/qt/QtApplication.h"
 
+#include "foundation/ProductIdentity.h"
+
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -65,8 +67,8 @@ std::unique_ptr<QApplication> makeApplication()
     static char platformOption[] = "-platform"; // overrides QT_QPA_PLATFORM
     static char platform[] = "xcb";
     static char nameOption[] = "-name";
-    static char name[] = "com.kestrow.haloric";
-    static char* arguments[] = {program, platformOption, platform, nameOption, name, nullptr};
+    static std::string name(ProductIdentity::kIdentifier);
+    static char* arguments[] = {program, platformOption, platform, nameOption, name.data(), nullptr};
     static int argumentCount = 5;
     return std::make_unique<QApplication>(argumentCount, arguments);
 }
@@ -80,8 +82,8 @@ QtApplication::QtApplication(Task displayLost)
     QCoreApplication::setAttribute(Qt::AA_DisableSessionManager);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QCoreApplication::setQuitLockEnabled(false);
-    QCoreApplication::setApplicationName(kIdentifier);
-    QGuiApplication::setDesktopFileName(kIdentifier);
+    QCoreApplication::setApplicationName(ProductIdentity::kIdentifier);
+    QGuiApplication::setDesktopFileName(ProductIdentity::kIdentifier);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     {
         // Only while Qt reads them: child processes must not inherit them.

@@ -16,9 +16,6 @@ namespace haloric {
 // At most one exists. Construct it before other threads start and after the display is known to answer.
 class QtApplication {
 public:
-    // Names the program to window managers and in desktop files.
-    static constexpr const char* kIdentifier = "com.kestrow.haloric";
-
     // `displayLost` is called when Qt finds the X server gone. Qt ends the process right after that, so the process
     // ends with exit code 1 when the call returns.
     explicit QtApplication(Task displayLost);

@@ -2,6 +2,7 @@
 
 #include "drawing/icon/IconPicture.h"
 #include "drawing/raster/ImageRaster.h"
+#include "foundation/ProductIdentity.h"
 #include "hosts/linux/files/DesktopEntries.h"
 #include "hosts/linux/qt/QtApplication.h"
 #include "hosts/linux/qt/QtText.h"
@@ -182,7 +183,7 @@ QPixmap QtImages::pixmap(const Image& image, const Size& points, double pixelsPe
 
 QIcon QtImages::programIcon()
 {
-    QIcon themed = QIcon::fromTheme(QtApplication::kIdentifier);
+    QIcon themed = QIcon::fromTheme(ProductIdentity::kIdentifier);
     if (!themed.isNull() && !themed.availableSizes().isEmpty())
         return themed;
     QIcon drawn;

@@ -1,5 +1,7 @@
 #include "hosts/sim/desktop/SimApplicationVerbs.h"
 
+#include "platform/AccessibilityNames.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -54,7 +56,7 @@ void SimApplicationVerbs::hide(SimApp& app)
 {
     if (std::exchange(app.hidden, true))
         return;
-    m_notifier.postAccessibility(app.pid, "AXApplicationHidden");
+    m_notifier.postAccessibility(app.pid, AXNotifications::kApplicationHidden);
     m_focus.settle();
     m_notifier.postVanished();
 }
@@ -63,7 +65,7 @@ void SimApplicationVerbs::show(SimApp& app)
 {
     if (!std::exchange(app.hidden, false))
         return;
-    m_notifier.postAccessibility(app.pid, "AXApplicationShown");
+    m_notifier.postAccessibility(app.pid, AXNotifications::kApplicationShown);
     m_focus.settle();
     m_notifier.postVanished();
 }

@@ -1,5 +1,7 @@
 #include "hosts/sim/desktop/SimFocus.h"
 
+#include "platform/AccessibilityNames.h"
+
 namespace haloric {
 
 void SimFocus::setFrontmost(const SimApp* app)
@@ -18,8 +20,8 @@ void SimFocus::setFocused(SimApp& app, const SimWindow* window)
     if (app.focused == number)
         return;
     app.focused = number;
-    m_notifier.postAccessibility(app.pid, "AXFocusedWindowChanged");
-    m_notifier.postAccessibility(app.pid, "AXMainWindowChanged");
+    m_notifier.postAccessibility(app.pid, AXNotifications::kFocusedWindowChanged);
+    m_notifier.postAccessibility(app.pid, AXNotifications::kMainWindowChanged);
 }
 
 void SimFocus::settle()

@@ -1,5 +1,7 @@
 #include "hosts/sim/desktop/SimModel.h"
 
+#include "foundation/ProductIdentity.h"
+
 #include <algorithm>
 
 namespace haloric {
@@ -9,7 +11,7 @@ SimModel::SimModel()
     apps.push_back(std::make_unique<SimApp>());
     apps.front()->pid = kOwnProcess;
     apps.front()->name = "Haloric";
-    apps.front()->bundleID = "com.kestrow.haloric";
+    apps.front()->bundleID = ProductIdentity::kIdentifier;
 }
 
 SimApp* SimModel::app(ProcessID pid) const

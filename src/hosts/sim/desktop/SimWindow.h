@@ -3,6 +3,7 @@
 
 #include "foundation/Geometry.h"
 #include "foundation/Ids.h"
+#include "platform/AccessibilityNames.h"
 
 #include <functional>
 #include <optional>
@@ -35,7 +36,7 @@ struct SimWindow {
     SimSpaceID space = 1;
     SimDecoration decoration = SimDecoration::titled;
     double titleBarHeight = 28;
-    std::string role = "AXWindow";
+    std::string role{AXRoles::kWindow};
     bool numberUntold = false; // Accessibility cannot give the window's number
     bool overlay = false;
     Rect believedFrame;    // overlays: where the toolkit believes the window to be, in global space

@@ -1,6 +1,7 @@
 #include "hosts/sim/desktop/SimWindowVerbs.h"
 
 #include "foundation/ScreenChoice.h"
+#include "platform/AccessibilityNames.h"
 
 #include <utility>
 
@@ -11,7 +12,7 @@ SimWindow& SimWindowVerbs::open(const SimApp& app, SimWindow window)
     window.owner = app.pid;
     window.space = m_model.activeSpace;
     SimWindow& opened = m_model.windows.add(std::move(window));
-    m_notifier.postAccessibility(app.pid, "AXWindowCreated");
+    m_notifier.postAccessibility(app.pid, AXNotifications::kWindowCreated);
     m_focus.setFocused(*m_model.app(app.pid), &opened);
     m_notifier.postVanished();
     return opened;
@@ -26,7 +27,7 @@ void SimWindowVerbs::close(SimWindow& window)
         window.whenClosed(window);
     m_notifier.postWindowServer(WindowServerEvent::destroyed, window.number);
     m_model.windows.remove(window.number);
-    m_notifier.postAccessibility(owner, "AXUIElementDestroyed");
+    m_notifier.postAccessibility(owner, AXNotifications::kElementDestroyed);
     m_focus.settle();
     if (origin && space == m_model.activeSpace)
         m_spaces.switchTo(origin->space);
@@ -39,7 +40,7 @@ void SimWindowVerbs::focus(SimWindow& window)
         restore(window);
     SimApp& owner = *m_model.app(window.owner);
     if (std::exchange(owner.hidden, false))
-        m_notifier.postAccessibility(owner.pid, "AXApplicationShown");
+        m_notifier.postAccessibility(owner.pid, AXNotifications::kApplicationShown);
     m_model.windows.raise(window.number);
     m_spaces.switchTo(window.space);
     m_focus.setFocused(owner, &window);
@@ -52,11 +53,11 @@ void SimWindowVerbs::setFrame(SimWindow& window, const Rect& frame)
     const Rect old = std::exchange(window.frame, frame);
     if (old.origin() != frame.origin()) {
         m_notifier.postWindowServer(WindowServerEvent::moved, window.number);
-        m_notifier.postAccessibility(window.owner, "AXWindowMoved");
+        m_notifier.postAccessibility(window.owner, AXNotifications::kWindowMoved);
     }
     if (old.size() != frame.size()) {
         m_notifier.postWindowServer(WindowServerEvent::resized, window.number);
-        m_notifier.postAccessibility(window.owner, "AXWindowResized");
+        m_notifier.postAccessibility(window.owner, AXNotifications::kWindowResized);
     }
 }
 
@@ -66,7 +67,7 @@ void SimWindowVerbs::minimise(SimWindow& window)
         return;
     leaveFullScreen(window);
     window.minimised = true;
-    m_notifier.postAccessibility(window.owner, "AXWindowMiniaturized");
+    m_notifier.postAccessibility(window.owner, AXNotifications::kWindowMiniaturized);
     m_focus.settle();
     m_notifier.postVanished();
 }
@@ -76,7 +77,7 @@ void SimWindowVerbs::restore(SimWindow& window)
     if (!std::exchange(window.minimised, false))
         return;
     window.space = m_model.activeSpace;
-    m_notifier.postAccessibility(window.owner, "AXWindowDeminiaturized");
+    m_notifier.postAccessibility(window.owner, AXNotifications::kWindowDeminiaturized);
     focus(window);
 }
 
@@ -109,7 +110,7 @@ void SimWindowVerbs::setDecoration(SimWindow& window, SimDecoration decoration, 
     window.decoration = decoration;
     window.titleBarHeight = titleBarHeight;
     // Title bars change with the style of a window, which applications report as a resize.
-    m_notifier.postAccessibility(window.owner, "AXWindowResized");
+    m_notifier.postAccessibility(window.owner, AXNotifications::kWindowResized);
 }
 
 } // namespace haloric

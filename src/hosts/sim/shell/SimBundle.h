@@ -1,6 +1,7 @@
 // The bundle of Haloric on the simulated desktop, as public members.
 #pragma once
 
+#include "foundation/ProductIdentity.h"
 #include "platform/Bundle.h"
 
 #include <map>
@@ -11,7 +12,7 @@ class SimBundle final : public Bundle {
 public:
     std::string bundlePath = "/Applications/Haloric.app";
     std::map<std::string, std::string, std::less<>> information{
-        {"CFBundleIdentifier", "com.kestrow.haloric"},
+        {"CFBundleIdentifier", ProductIdentity::kIdentifier},
         {"CFBundleName", "Haloric"},
         {"CFBundleShortVersionString", "1.0"},
         {"CFBundleVersion", "1"},

@@ -1,5 +1,7 @@
 #include "hosts/sim/windows/SimAccessibility.h"
 
+#include "platform/AccessibilityNames.h"
+
 #include <string>
 #include <utility>
 
@@ -59,7 +61,7 @@ AXError SimAccessibility::talkTo(const Element& element)
 AXAttribute SimAccessibility::copyAttribute(const AXElement& element, std::string_view name)
 {
     const auto& target = static_cast<const Element&>(*element);
-    if (name == "AXFocusedWindow")
+    if (name == AXAttributes::kFocusedWindow)
         ++m_queries;
     if (const AXError error = talkTo(target); error != AXError::success)
         return {error, {}};
@@ -72,9 +74,9 @@ AXAttribute SimAccessibility::copyAttribute(const AXElement& element, std::strin
 
 AXAttribute SimAccessibility::attributeOfApplication(const SimApp& app, std::string_view name)
 {
-    if (name == "AXRole")
-        return {AXError::success, std::string("AXApplication")};
-    if (name != "AXFocusedWindow" && name != "AXMainWindow")
+    if (name == AXAttributes::kRole)
+        return {AXError::success, std::string(AXRoles::kApplication)};
+    if (name != AXAttributes::kFocusedWindow && name != AXAttributes::kMainWindow)
         return {AXError::attributeUnsupported, {}};
     if (app.focused == WindowNumber::none)
         return {AXError::noValue, {}};
@@ -83,15 +85,15 @@ AXAttribute SimAccessibility::attributeOfApplication(const SimApp& app, std::str
 
 AXAttribute SimAccessibility::attributeOfWindow(const SimWindow& window, std::string_view name)
 {
-    if (name == "AXRole")
+    if (name == AXAttributes::kRole)
         return {AXError::success, window.role};
-    if (name == "AXMinimized")
+    if (name == AXAttributes::kMinimized)
         return {AXError::success, window.minimised};
-    if (name == "AXPosition")
+    if (name == AXAttributes::kPosition)
         return {AXError::success, window.frame.origin()};
-    if (name == "AXSize")
+    if (name == AXAttributes::kSize)
         return {AXError::success, window.frame.size()};
-    if (name != "AXCloseButton")
+    if (name != AXAttributes::kCloseButton)
         return {AXError::attributeUnsupported, {}};
     switch (window.decoration) {
     case SimDecoration::none:
@@ -109,11 +111,11 @@ AXAttribute SimAccessibility::attributeOfCloseButton(const SimWindow& window, st
 {
     constexpr Size kButton{14, 14};
     constexpr double kLeft = 8;
-    if (name == "AXPosition") {
+    if (name == AXAttributes::kPosition) {
         return {AXError::success,
                 Point{window.frame.x + kLeft, window.frame.y + (window.titleBarHeight - kButton.height) / 2}};
     }
-    if (name == "AXSize")
+    if (name == AXAttributes::kSize)
         return {AXError::success, kButton};
     return {AXError::attributeUnsupported, {}};
 }

@@ -1,6 +1,7 @@
 #include "hosts/x11/windows/X11Accessibility.h"
 
 #include "hosts/x11/windows/X11AccessibilityObserver.h"
+#include "platform/AccessibilityNames.h"
 
 #include <utility>
 
@@ -29,7 +30,10 @@ const X11AccessibilityElement* unwrapped(const AXElement& element)
     return dynamic_cast<const X11AccessibilityElement*>(element.get());
 }
 
-std::string roleOf(const X11Client& client) { return client.isForWork() ? "AXWindow" : "AXUnknown"; }
+std::string roleOf(const X11Client& client)
+{
+    return std::string(client.isForWork() ? AXRoles::kWindow : AXRoles::kUnknown);
+}
 
 } // namespace
 
@@ -55,11 +59,11 @@ AXAttribute X11Accessibility::copyAttribute(const AXElement& element, std::strin
 
 AXAttribute X11Accessibility::applicationAttribute(const X11AccessibilityElement& element, std::string_view name) const
 {
-    if (name == "AXFocusedWindow") {
+    if (name == AXAttributes::kFocusedWindow) {
         const X11Client* active = m_clients.table().active();
         return active && active->pid == element.pid() ? elementOf(active, Kind::window) : kNoValue;
     }
-    if (name == "AXMainWindow")
+    if (name == AXAttributes::kMainWindow)
         return elementOf(m_clients.table().mainWindow(element.pid()), Kind::window);
     return kUnsupported;
 }
@@ -67,15 +71,15 @@ AXAttribute X11Accessibility::applicationAttribute(const X11AccessibilityElement
 AXAttribute X11Accessibility::windowAttribute(const X11Client& client, std::string_view name) const
 {
     const Rect bounds = m_scale.current().toGlobal(client.visibleFrame());
-    if (name == "AXRole")
+    if (name == AXAttributes::kRole)
         return success(roleOf(client));
-    if (name == "AXMinimized")
+    if (name == AXAttributes::kMinimized)
         return success(client.isMinimised());
-    if (name == "AXPosition")
+    if (name == AXAttributes::kPosition)
         return success(bounds.origin());
-    if (name == "AXSize")
+    if (name == AXAttributes::kSize)
         return success(bounds.size());
-    if (name == "AXCloseButton")
+    if (name == AXAttributes::kCloseButton)
         return closeButton(client);
     return kUnsupported;
 }
@@ -104,12 +108,12 @@ AXAttribute X11Accessibility::closeButtonAttribute(const X11Client& client, std:
     const Rect bounds = space.toGlobal(client.visibleFrame());
     const double height = client.geometry.decoration->top / space.pixelsPerPoint;
     const double side = height / 2;
-    if (name == "AXPosition")
+    if (name == AXAttributes::kPosition)
         return success(Point{bounds.x + (bounds.width - side) / 2, bounds.y + (height - side) / 2});
-    if (name == "AXSize")
+    if (name == AXAttributes::kSize)
         return success(Size{side, side});
-    if (name == "AXRole")
-        return success(std::string("AXButton"));
+    if (name == AXAttributes::kRole)
+        return success(std::string(AXRoles::kButton));
     return kUnsupported;
 }
 

@@ -1,41 +1,35 @@
 #include "hosts/x11/windows/X11AccessibilityObserver.h"
 
 #include "hosts/x11/windows/X11Accessibility.h"
+#include "platform/AccessibilityNames.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace haloric {
 
 namespace {
 
-constexpr std::array<std::string_view, 11> kNotifications{
-    "AXFocusedWindowChanged", "AXMainWindowChanged",      "AXWindowMoved",
-    "AXWindowResized",        "AXWindowMiniaturized",     "AXWindowDeminiaturized",
-    "AXWindowCreated",        "AXUIElementDestroyed",     "AXApplicationHidden",
-    "AXApplicationShown",     "AXFocusedUIElementChanged"};
-
 std::string_view notificationFor(X11ClientChange change)
 {
     switch (change) {
     case X11ClientChange::appeared:
-        return "AXWindowCreated";
+        return AXNotifications::kWindowCreated;
     case X11ClientChange::vanished:
-        return "AXUIElementDestroyed";
+        return AXNotifications::kElementDestroyed;
     case X11ClientChange::moved:
-        return "AXWindowMoved";
+        return AXNotifications::kWindowMoved;
     case X11ClientChange::resized:
     case X11ClientChange::redecorated: // makes the tracker measure the title bar again
-        return "AXWindowResized";
+        return AXNotifications::kWindowResized;
     case X11ClientChange::minimised:
-        return "AXWindowMiniaturized";
+        return AXNotifications::kWindowMiniaturized;
     case X11ClientChange::restored:
-        return "AXWindowDeminiaturized";
+        return AXNotifications::kWindowDeminiaturized;
     case X11ClientChange::otherwise:
         break;
     }
-    return "AXFocusedUIElementChanged";
+    return AXNotifications::kFocusedElementChanged;
 }
 
 } // namespace
@@ -57,7 +51,7 @@ AXError X11AccessibilityObserver::addNotification(const AXElement& element, std:
     const auto* target = dynamic_cast<const X11AccessibilityElement*>(element.get());
     if (!target || target->kind() != X11AccessibilityElement::Kind::application || target->pid() != m_pid)
         return AXError::invalidElement;
-    if (std::ranges::find(kNotifications, name) == kNotifications.end())
+    if (std::ranges::find(AXNotifications::kObserved, name) == AXNotifications::kObserved.end())
         return AXError::notificationUnsupported;
     m_names.emplace_back(name);
     return AXError::success;
@@ -103,9 +97,9 @@ void X11AccessibilityObserver::compareState()
 
     const auto self = m_anchor.ref();
     if (hasOtherFocus)
-        report("AXFocusedWindowChanged");
+        report(AXNotifications::kFocusedWindowChanged);
     if (hasOtherVisibility && self.get())
-        report(isHidden ? "AXApplicationHidden" : "AXApplicationShown");
+        report(isHidden ? AXNotifications::kApplicationHidden : AXNotifications::kApplicationShown);
 }
 
 } // namespace haloric

@@ -1,5 +1,7 @@
 #include "hosts/sim/scenario/checks/SimOracle.h"
 
+#include "platform/AccessibilityNames.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -31,7 +33,7 @@ const SimWindow* SimOracle::focusedWindow() const
         return m_model.isOnScreen(*window) ? window : nullptr;
     // Panels are recognised by their layer, which takes a window number to look up.
     const bool ordinary = window->numberUntold || window->layer == 0;
-    return ordinary && window->role == "AXWindow" && isLargeEnough(window->frame) ? window : nullptr;
+    return ordinary && window->role == AXRoles::kWindow && isLargeEnough(window->frame) ? window : nullptr;
 }
 
 std::optional<Rect> SimOracle::focusedFrame() const

@@ -1,6 +1,7 @@
 #include "hosts/sim/scenario/random/SimRandomArguments.h"
 
 #include "hosts/sim/scenario/session/SimValues.h"
+#include "platform/AccessibilityNames.h"
 
 #include <algorithm>
 
@@ -180,7 +181,7 @@ auto SimRandomArguments::open() -> Arguments
     if (m_dice.chance(0.05))
         (*arguments)["layer"] = 3;
     if (m_dice.chance(0.05))
-        (*arguments)["role"] = "AXSheet";
+        (*arguments)["role"] = AXRoles::kSheet;
     return arguments;
 }
 
@@ -350,13 +351,12 @@ auto SimRandomArguments::failCall() -> Arguments
 
 auto SimRandomArguments::refuseNotifications() -> Arguments
 {
-    const std::vector<std::string> names{"AXFocusedWindowChanged", "AXMainWindowChanged",  "AXWindowMoved",
-                                         "AXWindowResized",        "AXWindowMiniaturized", "AXUIElementDestroyed"};
+    using namespace AXNotifications;
     SimJson refused = SimJson::array();
-    for (const auto& name : names) {
+    for (const auto name : {kFocusedWindowChanged, kMainWindowChanged, kWindowMoved, kWindowResized,
+                            kWindowMiniaturized, kElementDestroyed})
         if (m_dice.chance(0.2))
             refused.push_back(name);
-    }
     return SimJson{{"names", refused}};
 }
 

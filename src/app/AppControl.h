@@ -9,8 +9,8 @@ class Processes;
 
 namespace AppControl {
 
-// Ends the application, and has its bundle opened again once it is gone. A program that runs outside an application
-// bundle, and one whose successor cannot be launched, ends all the same.
+// Terminates the application and has a shell reopen its bundle after that. Terminates also when the program does not
+// run from an application bundle or the shell cannot be launched.
 void restart(const Bundle& bundle, Processes& processes, Application& application);
 
 } // namespace AppControl

@@ -1,6 +1,6 @@
 // Makes the long-lived objects when launching has finished, wires the tracker to the overlay and the hotkey to the
-// settings window, and stops the tracker when the application quits. Owns them all; what it hands to them holds it
-// weakly. Main thread.
+// settings window, and stops the tracker when the application quits. Owns them all; its callbacks hold it weakly. Main
+// thread.
 #pragma once
 
 #include "app/AppDelegateDependencies.h"
@@ -22,11 +22,11 @@ public:
     // `platform` is copied; what it refers to, and the store, outlive the delegate.
     AppDelegate(const AppDelegateDependencies& platform, SettingsStore& store);
 
-    // Without Accessibility access it shows the onboarding alert and blocks until that is answered. The tracker
+    // Without Accessibility access it shows the onboarding alert and blocks until the alert is closed. The tracker
     // starts on a later turn of the main loop.
     void applicationDidFinishLaunching() override;
 
-    // Opens the settings window; the platform's own handling does not follow.
+    // Opens the settings window. Returns false: no default handling.
     bool applicationShouldHandleReopen(bool hasVisibleWindows) override;
 
     void applicationWillTerminate() override;
@@ -48,7 +48,7 @@ private:
     std::unique_ptr<OverlayController> m_overlays;
     std::unique_ptr<FocusTracker> m_tracker;
     std::unique_ptr<StatusBarController> m_statusBar; // refers to the tracker
-    bool m_trackerRunning = false;                    // between the tracker's start and stop
+    bool m_trackerRunning = false;                    // whether the tracker was started
     SettingsStore& m_store;
     WeakAnchor<AppDelegate> m_anchor{*this};
 };

@@ -26,7 +26,7 @@ struct AppDelegateDependencies {
     OverlayDependencies overlay;
     FocusTrackerDependencies tracking;
     StatusBarDependencies statusBar;
-    std::optional<AlertModel> onboardingAlert = {}; // absent: the usual words
+    std::optional<AlertModel> onboardingAlert = {}; // absent: the default text
 };
 
 } // namespace haloric

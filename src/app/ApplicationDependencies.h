@@ -1,5 +1,5 @@
-// Every adapter that the program needs from its host. The host's `main` makes them as locals and hands them to the
-// entry sequence, which alone takes this apart: every other class is given just what it uses.
+// Every adapter that the program needs from its host. The host's `main` makes them and passes them to HaloricProgram,
+// which gives every other class only what that class uses.
 #pragma once
 
 #include "platform/Alerts.h"
@@ -60,8 +60,8 @@ struct ApplicationDependencies {
     // Where the system makes no links from screens; then used instead of displayLinks.
     VideoLinks* videoLinks = nullptr;
 
-    // What a host says at launch where Accessibility access is not the platform's permission but something else that
-    // is missing; absent, the usual words.
+    // Shown at launch without Accessibility access, by hosts where something other than the permission of macOS is
+    // missing; absent: the default text.
     std::optional<AlertModel> onboardingAlert = {};
 };
 

@@ -1,4 +1,4 @@
-// Does what a second start of the program asks of this one. Main thread.
+// Performs the commands that a second start of the program sends. Main thread.
 #pragma once
 
 #include "app/InstanceCommand.h"
@@ -11,13 +11,13 @@ class SettingsStore;
 
 class InstanceControl {
 public:
-    // `reopen` and `quit` run on later turns of the loop, when the reply is under way: they may take their time, or
-    // be the end. The loop and the store outlive this.
+    // `reopen` and `quit` run on later turns of the loop, after the reply is sent, because they may block or end the
+    // process. The loop and the store outlive this.
     InstanceControl(RunLoop& runLoop, SettingsStore& store, Task reopen, Task quit);
 
     InstanceReply perform(const InstanceCommand& command);
 
-    // The record in force, or why it cannot be told.
+    // The current record as text, or why it cannot be encoded.
     static InstanceReply printedSettings(const SettingsStore& store);
 
 private:

@@ -1,5 +1,5 @@
-// The one system-wide hotkey: Control-Option-Command-F. The whole process shares one manager, which the entry sequence
-// makes. Main thread.
+// The one system-wide hotkey: Control-Option-Command-F. The whole process shares one manager, made by
+// HaloricProgram. Main thread.
 #pragma once
 
 #include "foundation/Task.h"

@@ -1,6 +1,6 @@
 // The program on macOS: makes the adapters and runs the program on them.
 #include "app/ApplicationDependencies.h"
-#include "app/EntrySequence.h"
+#include "app/HaloricProgram.h"
 #include "hosts/macos/base/MacBundle.h"
 #include "hosts/macos/base/MacLog.h"
 #include "hosts/macos/base/MacProcesses.h"
@@ -59,7 +59,7 @@ int main()
         MacProcesses processes;
         MacLog log;
 
-        EntrySequence entry({.runLoop = runLoop,
+        HaloricProgram entry({.runLoop = runLoop,
                              .serialQueues = serialQueues,
                              .displayLinks = displayLinks,
                              .workspace = workspace,

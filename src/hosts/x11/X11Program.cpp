@@ -1,7 +1,7 @@
 #include "hosts/x11/X11Program.h"
 
 #include "app/ApplicationDependencies.h"
-#include "app/EntrySequence.h"
+#include "app/HaloricProgram.h"
 #include "app/InstanceControl.h"
 #include "hosts/linux/files/LinuxBundle.h"
 #include "hosts/linux/files/LinuxLoginItemService.h"
@@ -90,7 +90,7 @@ struct Shell {
 // Serves later starts of the program, and opens the settings window if this start asks for it.
 class Contact {
 public:
-    Contact(const InstanceStart& start, EntrySequence& entry, X11Application& application)
+    Contact(const InstanceStart& start, HaloricProgram& entry, X11Application& application)
         : m_control(
               start.runLoop, entry.settingsStore(), [&application] { application.reopen(); },
               [&application] { application.terminate(); })
@@ -138,7 +138,7 @@ int runX11Program(const InstanceStart& start)
             shell.alerts.dismiss(onboarding.messageText);
     });
 
-    EntrySequence entry({.runLoop = start.runLoop,
+    HaloricProgram entry({.runLoop = start.runLoop,
                          .serialQueues = serialQueues,
                          .displayLinks = desktop.displayLinks,
                          .workspace = desktop.workspace,

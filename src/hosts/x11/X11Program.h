@@ -1,4 +1,4 @@
-// The program on a display: makes the adapters and runs the entry sequence with them. Main thread.
+// The program on a display: makes the adapters and runs HaloricProgram with them. Main thread.
 #pragma once
 
 namespace haloric {

@@ -12,7 +12,7 @@ protected:
     }
 };
 
-TEST_F(AppDelegateShellTest, launching_goes_from_the_tracker_to_the_item_the_hotkey_and_the_question_for_trust)
+TEST_F(AppDelegateShellTest, launching_makes_the_tracker_then_the_item_then_the_hotkey_and_then_checks_trust)
 {
     setHotkeyEnabled(true);
     accessibility.trusted = false;
@@ -39,7 +39,7 @@ TEST_F(AppDelegateShellTest, launching_goes_from_the_tracker_to_the_item_the_hot
 
 TEST_F(AppDelegateShellTest, the_overlays_are_made_before_the_tracker)
 {
-    std::vector<std::string> queuesBefore; // of each window that is made, the queue that the tracker asks for
+    std::vector<std::string> queuesBefore; // of each window that is made, the queue that the tracker requests
     toolkit.whileMaking = [&] { queuesBefore.push_back(queues.lastLabel()); };
     launch();
     ASSERT_FALSE(queuesBefore.empty());
@@ -87,7 +87,7 @@ TEST_F(AppDelegateShellTest, the_hotkey_follows_its_setting_at_once)
 TEST_F(AppDelegateShellTest, the_same_value_twice_in_a_row_counts_once)
 {
     launch();
-    hotkeyManager.enable(); // behind the delegate's back, so that a needless call shows
+    hotkeyManager.enable(); // directly, so that a needless call is seen
     setHotkeyEnabled(false);
     store.update([](Settings& settings) { settings.glowRadius = 31; });
     EXPECT_EQ(hotkeys.registeredCount(), 1U);
@@ -121,18 +121,18 @@ TEST_F(AppDelegateShellTest, opening_the_application_again_opens_the_settings_wi
     EXPECT_TRUE(panels.aboutPanels.empty());
 }
 
-TEST_F(AppDelegateShellTest, a_press_after_the_delegate_is_gone_does_nothing)
+TEST_F(AppDelegateShellTest, a_press_after_the_delegate_is_destroyed_does_nothing)
 {
     setHotkeyEnabled(true);
     launch();
     delegate.reset();
     hotkeys.press();
     EXPECT_TRUE(formWindows.windows.empty());
-    setHotkeyEnabled(false); // nobody follows it any more
+    setHotkeyEnabled(false); // without effect: the delegate is destroyed
     EXPECT_EQ(hotkeys.registeredCount(), 1U);
 }
 
-TEST_F(AppDelegateShellTest, quitting_leaves_the_status_item_and_the_hotkey_to_the_end_of_the_process)
+TEST_F(AppDelegateShellTest, quitting_keeps_the_status_item_and_the_hotkey_until_the_process_ends)
 {
     setHotkeyEnabled(true);
     launch();

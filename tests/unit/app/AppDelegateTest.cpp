@@ -42,7 +42,7 @@ TEST_F(AppDelegateTest, a_second_delivery_while_running_starts_nothing)
     EXPECT_FALSE(delegate->tracker()->isRunning());
 }
 
-TEST_F(AppDelegateTest, what_the_tracker_finds_reaches_the_overlays)
+TEST_F(AppDelegateTest, the_tracker_s_states_reach_the_overlays)
 {
     launch();
     runLoop.runPosted();
@@ -52,7 +52,7 @@ TEST_F(AppDelegateTest, what_the_tracker_finds_reaches_the_overlays)
     EXPECT_TRUE(delegate->overlays()->pulseRunning());
 }
 
-TEST_F(AppDelegateTest, trust_is_asked_for_without_a_prompt_and_with_it_there_is_no_alert)
+TEST_F(AppDelegateTest, trust_is_checked_without_a_prompt_and_with_it_there_is_no_alert)
 {
     launch();
     EXPECT_EQ(accessibility.prompts, std::vector<bool>{false});
@@ -85,7 +85,7 @@ TEST_F(AppDelegateTest, the_tracker_starts_only_after_the_alert_was_dismissed)
     accessibility.trusted = false;
     bool startedMeanwhile = true;
     alerts.whileShown = [&] {
-        runLoop.runFor(Seconds(5)); // the main loop goes on under an alert
+        runLoop.runFor(Seconds(5)); // the main loop runs during an alert
         startedMeanwhile = delegate->trackerRunning();
     };
     launch();
@@ -105,7 +105,7 @@ TEST_F(AppDelegateTest, the_first_button_brings_the_prompt_and_then_the_settings
               Calls{"x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"});
 }
 
-TEST_F(AppDelegateTest, any_other_answer_does_nothing_more)
+TEST_F(AppDelegateTest, any_other_button_does_nothing_more)
 {
     accessibility.trusted = false;
     for (const std::int64_t answer : {1001, 1002, 0, -1000}) {
@@ -115,7 +115,7 @@ TEST_F(AppDelegateTest, any_other_answer_does_nothing_more)
         EXPECT_EQ(accessibility.prompts, std::vector<bool>{false});
         EXPECT_TRUE(workspace.openedURLs.empty());
     }
-    EXPECT_EQ(alerts.shown.size(), 4U); // once a launch, and never by itself
+    EXPECT_EQ(alerts.shown.size(), 4U); // once per launch
     runLoop.runFor(Seconds(60));
     EXPECT_EQ(alerts.shown.size(), 4U);
 }
@@ -139,7 +139,7 @@ TEST_F(AppDelegateTest, quitting_before_the_tracker_started_stops_nothing)
     EXPECT_FALSE(delegate->trackerRunning());
 }
 
-TEST_F(AppDelegateTest, a_delegate_that_is_gone_starts_nothing)
+TEST_F(AppDelegateTest, a_destroyed_delegate_starts_nothing)
 {
     launch();
     delegate.reset();

@@ -62,7 +62,7 @@ protected:
         workspace.frontmost = FrontmostApplication{kEditor, false};
     }
 
-    // What the program has left on its queue still runs, as long as the host is there.
+    // Blocks on the program's queue still run while the host exists.
     void TearDown() override { runLoop.runPosted(); }
 
     ApplicationDependencies platform()

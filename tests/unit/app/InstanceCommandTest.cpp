@@ -5,7 +5,7 @@ namespace {
 
 using Kind = InstanceCommand::Kind;
 
-TEST(InstanceCommand, every_command_survives_the_way_over_the_line)
+TEST(InstanceCommandTest, every_command_equals_its_line_parsed_again)
 {
     for (const InstanceCommand& command :
          {InstanceCommand{Kind::reopen, ""}, InstanceCommand{Kind::quit, ""}, InstanceCommand{Kind::printSettings, ""},
@@ -16,7 +16,7 @@ TEST(InstanceCommand, every_command_survives_the_way_over_the_line)
     }
 }
 
-TEST(InstanceCommand, anything_else_is_no_command)
+TEST(InstanceCommandTest, any_other_line_is_refused)
 {
     for (const char* line :
          {"", "quit", "haloric 1 ", "haloric 2 quit", "haloric 1 quit ", "haloric 1 QUIT", "haloric 1 toggle",
@@ -25,7 +25,7 @@ TEST(InstanceCommand, anything_else_is_no_command)
     EXPECT_EQ(InstanceCommand::parse(std::string_view("haloric 1 quit\0", 15)), std::nullopt);
 }
 
-TEST(InstanceCommand, each_effect_has_its_switch)
+TEST(InstanceCommandTest, each_effect_has_its_switch)
 {
     EXPECT_EQ(InstanceCommand::switchOf("border"), &Settings::borderEnabled);
     EXPECT_EQ(InstanceCommand::switchOf("glow"), &Settings::glowEnabled);
@@ -36,14 +36,14 @@ TEST(InstanceCommand, each_effect_has_its_switch)
     EXPECT_EQ(InstanceCommand::effectNames(), "border, glow, tint, dim, pulse");
 }
 
-TEST(InstanceReply, replies_survive_the_way_over_the_line)
+TEST(InstanceReplyTest, every_reply_equals_its_bytes_parsed_again)
 {
     for (const InstanceReply& reply :
          {InstanceReply{true, ""}, InstanceReply{false, "no\n"}, InstanceReply{true, "{\"a\":\n1}\n"}})
         EXPECT_EQ(InstanceReply::parse(reply.bytes()), reply);
 }
 
-TEST(InstanceReply, a_part_of_a_reply_is_none)
+TEST(InstanceReplyTest, a_part_of_a_reply_is_refused)
 {
     const std::string whole = InstanceReply{true, "text"}.bytes();
     for (std::size_t length = 0; length < whole.size(); ++length)
@@ -51,7 +51,7 @@ TEST(InstanceReply, a_part_of_a_reply_is_none)
     EXPECT_EQ(InstanceReply::parse(whole + "x"), std::nullopt);
 }
 
-TEST(InstanceReply, nonsense_is_none)
+TEST(InstanceReplyTest, nonsense_is_refused)
 {
     for (const char* bytes : {"done\n", "done -1\n", "done x\n", "done 99999999999999999999999\n", "fine 0\n", "\n"})
         EXPECT_EQ(InstanceReply::parse(bytes), std::nullopt) << bytes;

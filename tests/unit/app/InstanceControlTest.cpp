@@ -31,7 +31,7 @@ TEST_F(InstanceControlTest, reopening_and_quitting_happen_after_the_reply)
     EXPECT_EQ(quits, 1);
 }
 
-TEST_F(InstanceControlTest, toggling_switches_that_effect_alone_and_saves)
+TEST_F(InstanceControlTest, toggling_switches_only_that_effect_and_saves)
 {
     Settings expected = Settings::defaults();
     expected.borderEnabled = false;
@@ -43,13 +43,13 @@ TEST_F(InstanceControlTest, toggling_switches_that_effect_alone_and_saves)
     EXPECT_EQ(store.settings(), Settings::defaults());
 }
 
-TEST_F(InstanceControlTest, an_effect_that_is_none_changes_nothing)
+TEST_F(InstanceControlTest, an_unknown_effect_changes_nothing)
 {
     EXPECT_FALSE(control.perform({Kind::toggle, "sound"}).done);
     EXPECT_TRUE(defaults.writes.empty());
 }
 
-TEST_F(InstanceControlTest, the_printed_settings_are_the_record_in_force)
+TEST_F(InstanceControlTest, the_printed_settings_are_the_current_record)
 {
     store.update([](Settings& settings) { settings.borderWidth = 7; });
     const auto reply = control.perform({Kind::printSettings, ""});

@@ -110,6 +110,8 @@ std::string tryExecLine(std::string_view launcher)
 
 } // namespace
 
+std::string AutostartEntry::fileName() { return std::string(ProductIdentity::kIdentifier) + ".desktop"; }
+
 std::string AutostartEntry::text(std::string_view launcher)
 {
     return "[Desktop Entry]\n"

@@ -13,7 +13,7 @@ namespace haloric {
 
 // The text of the desktop entry. Pure.
 struct AutostartEntry {
-    static constexpr const char* kFileName = "com.kestrow.haloric.desktop";
+    static std::string fileName();
 
     enum class State {
         enabled,

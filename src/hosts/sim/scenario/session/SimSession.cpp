@@ -20,7 +20,7 @@ SimSession::SimSession(const SimSetup& setup)
     for (const std::int64_t answer : setup.alertAnswers)
         alerts.willAnswer(static_cast<std::size_t>(answer));
 
-    m_entry = std::make_unique<EntrySequence>(ApplicationDependencies{
+    m_entry = std::make_unique<HaloricProgram>(ApplicationDependencies{
         .runLoop = m_desktop.runLoop,
         .serialQueues = serialQueues,
         .displayLinks = displayLinks,

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/AppDelegate.h"
-#include "app/EntrySequence.h"
+#include "app/HaloricProgram.h"
 #include "hosts/sim/form/SimFormWindows.h"
 #include "hosts/sim/input/SimHotkeys.h"
 #include "hosts/sim/input/SimInputMonitors.h"
@@ -79,7 +79,7 @@ public:
     SimLog log{m_desktop};
 
 private:
-    std::unique_ptr<EntrySequence> m_entry;
+    std::unique_ptr<HaloricProgram> m_entry;
 };
 
 } // namespace haloric

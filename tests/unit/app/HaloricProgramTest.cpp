@@ -1,4 +1,4 @@
-#include "app/EntrySequence.h"
+#include "app/HaloricProgram.h"
 
 #include "app/AppDelegate.h"
 #include "unit/app/ApplicationFixture.h"
@@ -6,7 +6,7 @@
 namespace haloric {
 namespace {
 
-class EntrySequenceTest : public ApplicationFixture {
+class HaloricProgramTest : public ApplicationFixture {
 protected:
     std::ptrdiff_t libraryOpenings() const
     {
@@ -14,31 +14,31 @@ protected:
     }
 };
 
-TEST_F(EntrySequenceTest, sets_the_delegate_and_the_policy_and_runs_the_application)
+TEST_F(HaloricProgramTest, sets_the_delegate_and_the_policy_and_runs_the_application)
 {
-    EntrySequence sequence(platform());
+    HaloricProgram program(platform());
     EXPECT_TRUE(application.calls.empty());
-    sequence.run();
+    program.run();
     EXPECT_EQ(application.calls, (Calls{"setDelegate", "setActivationPolicy", "run"}));
-    EXPECT_EQ(application.delegate, &sequence.delegate());
+    EXPECT_EQ(application.delegate, &program.delegate());
     EXPECT_EQ(application.policy, ActivationPolicy::accessory);
     EXPECT_EQ(static_cast<int>(ActivationPolicy::accessory), 1);
 }
 
-TEST_F(EntrySequenceTest, makes_one_store_before_it_runs)
+TEST_F(HaloricProgramTest, makes_one_store_before_it_runs)
 {
-    EntrySequence sequence(platform());
+    HaloricProgram program(platform());
     EXPECT_EQ(defaults.reads, Calls{"Haloric.settings.v1"});
-    EXPECT_EQ(sequence.delegate().overlays(), nullptr);
+    EXPECT_EQ(program.delegate().overlays(), nullptr);
 }
 
-TEST_F(EntrySequenceTest, makes_one_bridge_for_everybody_and_that_at_its_first_use)
+TEST_F(HaloricProgramTest, makes_one_shared_bridge_at_its_first_use)
 {
-    EntrySequence sequence(platform());
-    sequence.run();
+    HaloricProgram program(platform());
+    program.run();
     EXPECT_TRUE(library.calls.empty()) << "no window has been found yet";
     runLoop.runPosted();
-    ASSERT_EQ(sequence.delegate().overlays()->state().frame, kFrame);
+    ASSERT_EQ(program.delegate().overlays()->state().frame, kFrame);
     EXPECT_EQ(libraryOpenings(), 1);
 
     library.bounds[kWindow].x += 10;
@@ -48,15 +48,15 @@ TEST_F(EntrySequenceTest, makes_one_bridge_for_everybody_and_that_at_its_first_u
     EXPECT_EQ(libraryOpenings(), 1);
 }
 
-TEST_F(EntrySequenceTest, says_nothing_of_a_bridge_that_nobody_has_used)
+TEST_F(HaloricProgramTest, logs_nothing_about_an_unused_bridge)
 {
     const std::string disabled = "WindowServer fast path disabled; using display-linked fallback";
     processes.environment["HALORIC_DISABLE_WINDOWSERVER_FAST_PATH"] = "1";
     workspace.frontmost.reset();
-    EntrySequence sequence(platform());
-    sequence.run();
+    HaloricProgram program(platform());
+    program.run();
     runLoop.runFor(Seconds(2));
-    ASSERT_TRUE(sequence.delegate().trackerRunning());
+    ASSERT_TRUE(program.delegate().trackerRunning());
     EXPECT_TRUE(log.lines.empty());
 
     workspace.frontmost = FrontmostApplication{kEditor, false};
@@ -64,92 +64,92 @@ TEST_F(EntrySequenceTest, says_nothing_of_a_bridge_that_nobody_has_used)
     EXPECT_EQ(std::ranges::count(log.lines, disabled), 1);
 }
 
-TEST_F(EntrySequenceTest, the_program_lives_on_after_run_has_returned)
+TEST_F(HaloricProgramTest, the_program_works_after_run_has_returned)
 {
-    EntrySequence sequence(platform());
-    sequence.run();
+    HaloricProgram program(platform());
+    program.run();
     runLoop.runPosted();
-    ASSERT_TRUE(sequence.delegate().trackerRunning());
-    EXPECT_EQ(sequence.delegate().overlays()->state().frame, kFrame);
+    ASSERT_TRUE(program.delegate().trackerRunning());
+    EXPECT_EQ(program.delegate().overlays()->state().frame, kFrame);
     EXPECT_TRUE(toolkit.windows.front()->visible);
 
-    sequence.settingsStore().update([](Settings& settings) { settings.dimEnabled = true; });
+    program.settingsStore().update([](Settings& settings) { settings.dimEnabled = true; });
     runLoop.runPosted();
     EXPECT_EQ(toolkit.stack.size(), 2U);
 }
 
-TEST_F(EntrySequenceTest, its_store_is_the_one_that_the_delegate_uses)
+TEST_F(HaloricProgramTest, its_store_is_the_one_that_the_delegate_uses)
 {
-    EntrySequence sequence(platform());
-    sequence.settingsStore().update([](Settings& settings) { settings.glowRadius = 31; });
-    sequence.run();
-    EXPECT_EQ(sequence.delegate().overlays()->highlightView().settings.glowRadius, 31);
+    HaloricProgram program(platform());
+    program.settingsStore().update([](Settings& settings) { settings.glowRadius = 31; });
+    program.run();
+    EXPECT_EQ(program.delegate().overlays()->highlightView().settings.glowRadius, 31);
 }
 
-TEST_F(EntrySequenceTest, windows_of_its_own_process_are_not_dimmed)
+TEST_F(HaloricProgramTest, its_own_windows_are_not_dimmed)
 {
     const ProcessID other{9};
     const Rect rect{10, 10, 50, 50};
     workspace.bundleIdentifiers = {{application.pid, "com.kestrow.haloric"}, {other, "com.kestrow.haloric"}};
     windowInfo.windows->push_back(FakeWindowInfoSource::ordinary(WindowNumber{90}, application.pid, rect));
     windowInfo.windows->push_back(FakeWindowInfoSource::ordinary(WindowNumber{91}, other, rect));
-    EntrySequence sequence(platform());
-    sequence.settingsStore().update([](Settings& settings) {
+    HaloricProgram program(platform());
+    program.settingsStore().update([](Settings& settings) {
         settings.dimEnabled = true;
         settings.dimScope = DimScope::selectedApps;
         settings.dimApps = {"com.kestrow.haloric"};
     });
-    sequence.run();
+    program.run();
     runLoop.runPosted();
-    const auto& items = sequence.delegate().overlays()->appDimViews()[0]->windows;
+    const auto& items = program.delegate().overlays()->appDimViews()[0]->windows;
     EXPECT_EQ(std::ranges::count(items, true, &AppDimView::Window::dim), 1);
 }
 
-TEST_F(EntrySequenceTest, the_updater_is_decided_on_when_the_menu_is_built_and_once)
+TEST_F(HaloricProgramTest, the_updater_is_made_once_when_the_menu_is_built)
 {
     bundle.info["SUFeedURL"] = "https://example.org/appcast.xml";
-    EntrySequence sequence(platform());
+    HaloricProgram program(platform());
     EXPECT_TRUE(updaterFramework.made.empty());
-    sequence.run();
+    program.run();
     ASSERT_EQ(updaterFramework.made.size(), 1U);
     ASSERT_TRUE(statusItems.choose("Check for Updates…"));
     EXPECT_EQ(updaterFramework.checks, 1);
     EXPECT_EQ(updaterFramework.made.size(), 1U);
 }
 
-TEST_F(EntrySequenceTest, the_menu_acts_on_the_one_store_and_the_overlays_follow)
+TEST_F(HaloricProgramTest, the_menu_acts_on_the_one_store_and_the_overlays_follow)
 {
-    EntrySequence sequence(platform());
-    sequence.run();
+    HaloricProgram program(platform());
+    program.run();
     runLoop.runPosted();
     ASSERT_TRUE(statusItems.choose("Dim other windows"));
-    EXPECT_TRUE(sequence.settingsStore().settings().dimEnabled);
+    EXPECT_TRUE(program.settingsStore().settings().dimEnabled);
     runLoop.runPosted();
     EXPECT_EQ(toolkit.stack.size(), 2U);
 }
 
-TEST_F(EntrySequenceTest, the_hotkey_is_the_one_that_everybody_shares)
+TEST_F(HaloricProgramTest, the_hotkey_is_the_shared_one)
 {
-    EntrySequence sequence(platform());
-    sequence.settingsStore().update([](Settings& settings) { settings.hotkeyEnabled = true; });
-    sequence.run();
-    EXPECT_TRUE(sequence.hotkeyManager().isRegistered());
+    HaloricProgram program(platform());
+    program.settingsStore().update([](Settings& settings) { settings.hotkeyEnabled = true; });
+    program.run();
+    EXPECT_TRUE(program.hotkeyManager().isRegistered());
     hotkeys.press();
     EXPECT_EQ(formWindows.windows.size(), 1U);
 }
 
-TEST_F(EntrySequenceTest, login_in_the_menu_reaches_the_host)
+TEST_F(HaloricProgramTest, login_in_the_menu_reaches_the_host)
 {
-    EntrySequence sequence(platform());
-    sequence.run();
+    HaloricProgram program(platform());
+    program.run();
     ASSERT_TRUE(statusItems.choose("Launch at Login"));
     EXPECT_EQ(loginItems.changes, Calls{"register"});
 }
 
-TEST_F(EntrySequenceTest, restart_in_the_settings_window_has_the_bundle_opened_again)
+TEST_F(HaloricProgramTest, restart_in_the_settings_window_opens_the_bundle_again)
 {
-    EntrySequence sequence(platform());
-    sequence.run();
+    HaloricProgram program(platform());
+    program.run();
     ASSERT_TRUE(statusItems.choose("Settings…"));
     for (const FormRow& row : formWindows.windows.front()->form.buttons)
         if (const auto& button = std::get<FormButton>(row.control); button.label == "Restart")
@@ -159,20 +159,20 @@ TEST_F(EntrySequenceTest, restart_in_the_settings_window_has_the_bundle_opened_a
     EXPECT_TRUE(application.terminated);
 }
 
-TEST_F(EntrySequenceTest, quitting_stops_the_tracker)
+TEST_F(HaloricProgramTest, quitting_stops_the_tracker)
 {
-    EntrySequence sequence(platform());
-    sequence.run();
+    HaloricProgram program(platform());
+    program.run();
     runLoop.runPosted();
     application.terminate();
-    EXPECT_FALSE(sequence.delegate().tracker()->isRunning());
+    EXPECT_FALSE(program.delegate().tracker()->isRunning());
 }
 
-TEST_F(EntrySequenceTest, leaves_no_timer_and_no_registration_behind)
+TEST_F(HaloricProgramTest, leaves_no_timer_and_no_registration_behind)
 {
     {
-        EntrySequence sequence(platform());
-        sequence.run();
+        HaloricProgram program(platform());
+        program.run();
         runLoop.runFor(Seconds(1));
         EXPECT_GT(runLoop.armedTimerCount(), 0U);
     }

@@ -1,4 +1,4 @@
-#include "app/EntrySequence.h"
+#include "app/HaloricProgram.h"
 
 #include "app/AppControl.h"
 #include "app/AppDelegate.h"
@@ -6,7 +6,7 @@
 
 namespace haloric {
 
-EntrySequence::EntrySequence(const ApplicationDependencies& platform)
+HaloricProgram::HaloricProgram(const ApplicationDependencies& platform)
     : m_application(platform.application),
       m_settingsStore(platform.userDefaults),
       m_windowServer(platform.windowServerCalls, platform.processes, platform.runLoop, platform.log),
@@ -17,16 +17,16 @@ EntrySequence::EntrySequence(const ApplicationDependencies& platform)
 {
 }
 
-EntrySequence::~EntrySequence() = default;
+HaloricProgram::~HaloricProgram() = default;
 
-void EntrySequence::run()
+void HaloricProgram::run()
 {
     m_application.setDelegate(m_delegate.get());
     m_application.setActivationPolicy(ActivationPolicy::accessory);
     m_application.run();
 }
 
-std::unique_ptr<AppDelegate> EntrySequence::makeDelegate(const ApplicationDependencies& platform)
+std::unique_ptr<AppDelegate> HaloricProgram::makeDelegate(const ApplicationDependencies& platform)
 {
     const AppDelegateDependencies delegate{
         .runLoop = platform.runLoop,
@@ -35,15 +35,15 @@ std::unique_ptr<AppDelegate> EntrySequence::makeDelegate(const ApplicationDepend
         .application = platform.application,
         .alerts = platform.alerts,
         .hotkeyManager = m_hotkeyManager,
-        .overlay = overlayPlatform(platform),
-        .tracking = trackingPlatform(platform),
-        .statusBar = statusBarPlatform(platform),
+        .overlay = overlayDependencies(platform),
+        .tracking = trackerDependencies(platform),
+        .statusBar = statusBarDependencies(platform),
         .onboardingAlert = platform.onboardingAlert,
     };
     return std::make_unique<AppDelegate>(delegate, m_settingsStore);
 }
 
-OverlayDependencies EntrySequence::overlayPlatform(const ApplicationDependencies& platform)
+OverlayDependencies HaloricProgram::overlayDependencies(const ApplicationDependencies& platform)
 {
     return {
         .runLoop = platform.runLoop,
@@ -57,7 +57,7 @@ OverlayDependencies EntrySequence::overlayPlatform(const ApplicationDependencies
     };
 }
 
-FocusTrackerDependencies EntrySequence::trackingPlatform(const ApplicationDependencies& platform)
+FocusTrackerDependencies HaloricProgram::trackerDependencies(const ApplicationDependencies& platform)
 {
     return {
         .runLoop = platform.runLoop,
@@ -74,7 +74,7 @@ FocusTrackerDependencies EntrySequence::trackingPlatform(const ApplicationDepend
     };
 }
 
-StatusBarDependencies EntrySequence::statusBarPlatform(const ApplicationDependencies& platform)
+StatusBarDependencies HaloricProgram::statusBarDependencies(const ApplicationDependencies& platform)
 {
     const auto restart = [&bundle = platform.bundle, &processes = platform.processes,
                           &application = platform.application] { AppControl::restart(bundle, processes, application); };

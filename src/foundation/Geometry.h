@@ -1,4 +1,4 @@
-// Plain geometry in double precision. Nothing here knows a coordinate space: each user states its own.
+// Plain geometry in double precision, for any coordinate space: each user states which.
 #pragma once
 
 #include <algorithm>

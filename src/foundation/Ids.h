@@ -12,8 +12,7 @@ enum class WindowNumber : std::uint32_t { none = 0 };
 
 enum class DisplayID : std::uint32_t { none = 0 };
 
-// What tells one focused window from another: its window number when it has one, else a hash of its
-// Accessibility element. An unsigned machine word.
+// Identifies a focused window: its window number if it has one, else a hash of its Accessibility element.
 enum class WindowIdentity : std::uint64_t { none = 0 };
 
 constexpr WindowIdentity identityOf(WindowNumber number)

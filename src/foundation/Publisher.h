@@ -1,7 +1,7 @@
 // Delivers values to any number of handlers, in the order in which they subscribed, on the publishing thread.
 //
-// Handlers may subscribe, unsubscribe (themselves or others) and publish while a delivery runs: a handler that has
-// been cancelled is not called any more, one that subscribes during a delivery hears of the next one. A
+// Handlers may subscribe, unsubscribe (themselves or others) and publish while a delivery runs: a cancelled
+// handler is not called any more, a handler that subscribes during a delivery is first called by the next one. A
 // subscription may outlive its publisher.
 #pragma once
 
@@ -32,7 +32,7 @@ public:
 
     void publish(const Values&... values) const
     {
-        // A copy, because handlers may change the list; each entry is checked again when its turn comes.
+        // A copy, because handlers may change the list; each entry is checked again before its call.
         const Entries entries = *m_entries;
         for (const auto& entry : entries) {
             if (!*entry)

@@ -8,11 +8,11 @@ void HotkeyManager::enable()
 {
     if (isRegistered())
         return;
-    if (m_handler == EventHandlerRef::none) { // else it is left from a combination that was taken
+    if (m_handler == EventHandlerRef::none) { // still installed if the registration failed before
         m_handler = m_hotkeys.installEventHandler(Hotkeys::kPressed, [weak = m_anchor.ref()] {
             if (HotkeyManager* self = weak.get())
                 self->pressed();
-            return Hotkeys::kNoError; // consumed: nobody else gets the press
+            return Hotkeys::kNoError; // consumed
         });
     }
     m_hotKey = m_hotkeys.registerHotkey(kHotkey, 0);
@@ -28,7 +28,7 @@ void HotkeyManager::disable()
 
 void HotkeyManager::pressed()
 {
-    const Task trigger = onTrigger; // which may set another
+    const Task trigger = onTrigger; // a copy, because it may replace itself
     if (trigger)
         trigger();
 }

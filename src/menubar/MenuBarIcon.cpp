@@ -16,7 +16,7 @@ constexpr double kWindowLineWidth = 1.5;
 
 void drawIcon(Canvas& canvas, const SystemColors&)
 {
-    // The right ones reach further than the lower ones: it looks more even so.
+    // The right brackets reach further than the lower ones, to look balanced.
     const std::array<Polyline, 4> brackets{{
         {{{1.5, 5.5}, {1.5, 2.0}, {5.0, 2.0}}},
         {{{13.0, 2.0}, {16.5, 2.0}, {16.5, 5.5}}},

@@ -1,5 +1,5 @@
 // The program's permanent user interface: the item in the menu bar, its menu, and the settings window. Reads and
-// writes the settings, and keeps the menu in step with them. Main thread.
+// writes the settings, and updates the menu with them. Main thread.
 #pragma once
 
 #include "foundation/Subscription.h"
@@ -21,14 +21,14 @@ class FocusTracker;
 
 class StatusBarController final : public MenuDelegate {
 public:
-    // Puts the item into the menu bar. `platform` is copied; what it refers to, the store and the tracker outlive the
+    // Adds the item to the menu bar. `platform` is copied; what it refers to, the store and the tracker outlive the
     // controller.
     StatusBarController(const StatusBarDependencies& platform, SettingsStore& store, FocusTracker& tracker);
 
-    // Brings the settings window to the front; the first time makes it. It is the same window ever after.
+    // Brings the settings window to the front. Made at the first call and reused.
     void openSettings();
 
-    // Brings states, enablement, tooltips and visibility of the menu's items up to date.
+    // Updates states, enablement, tooltips and visibility of the menu's items.
     void syncMenu();
 
     void menuNeedsUpdate() override;

@@ -8,7 +8,7 @@ namespace {
 
 constexpr Size kSize{14, 14};
 constexpr double kInset = 1;
-constexpr double kLineWidth = 1; // the platform's default
+constexpr double kLineWidth = 1; // the default of macOS
 
 } // namespace
 

@@ -6,7 +6,7 @@
 
 namespace haloric {
 
-// 14 by 14 points: a disc of the colour, with a thin edge in the platform's separator colour.
+// 14 by 14 points: a disc of the colour, with a thin edge in the system's separator colour.
 DrawnImage swatch(const RGBA& color);
 
 } // namespace haloric

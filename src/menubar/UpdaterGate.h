@@ -11,7 +11,7 @@ class UpdaterGate final : public UpdaterDelegate {
 public:
     std::weak_ptr<UpdaterController> controller;
 
-    // A check that the user asked for; the framework shows what comes of it. Nothing without a controller.
+    // A check on the user's request; the framework shows its progress and result. Does nothing without a controller.
     void checkForUpdates() const;
 };
 

@@ -1,5 +1,5 @@
-// Decides once whether the program can update itself, and owns the updater that then runs, for the rest of the run. The
-// whole process shares one manager, made at its first use. Main thread.
+// Decides once whether the program can update itself, and owns the updater for the rest of the run. One per process,
+// made at first use. Main thread.
 #pragma once
 
 #include "menubar/UpdaterGate.h"
@@ -14,7 +14,7 @@ class Bundle;
 class UpdaterManager {
 public:
     // Starts the updater when the program runs from an application bundle that names a feed; the framework then checks
-    // on its own schedule.
+    // by its schedule.
     UpdaterManager(const Bundle& bundle, UpdaterFramework& framework);
     UpdaterManager(const UpdaterManager&) = delete;
     UpdaterManager& operator=(const UpdaterManager&) = delete;

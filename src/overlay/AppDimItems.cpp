@@ -7,7 +7,7 @@ namespace haloric {
 
 namespace {
 
-// Accessibility and the window list may tell slightly different frames of one window.
+// Accessibility and the window list may report slightly different frames of one window.
 bool areClose(const Rect& a, const Rect& b)
 {
     constexpr double kTolerance = 2.0; // points

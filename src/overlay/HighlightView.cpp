@@ -146,7 +146,7 @@ bool HighlightView::showsPulse(double progress) const { return settings.pulseEna
 
 Color HighlightView::color(const EffectColor& effect) const { return colorFrom(settings.resolve(effect)); }
 
-// The corner radius as far as it has an effect. A canvas may round each axis by itself, hence the longer side.
+// The corner radius, limited to where it has an effect. A canvas may limit each axis separately, hence the longer side.
 double HighlightView::corner() const
 {
     return std::clamp(settings.cornerRadius, 0.0, std::max(windowRect.width, windowRect.height) / 2);

@@ -10,7 +10,7 @@ namespace haloric {
 
 namespace {
 
-// Room around the focused window for what is drawn outside it, in points. The border needs none.
+// Space around the focused window for drawing outside it, in points. The border is inside.
 double highlightMargin(const Settings& settings)
 {
     constexpr double kLeast = 2;

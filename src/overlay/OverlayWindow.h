@@ -31,8 +31,8 @@ public:
     // Puts the window at `target` (screen space); makes no call when it is there already.
     void positionHighlight(const Rect& target, Positioning positioning);
 
-    // The plain toolkit operations, as ToolkitWindow tells them. `setFrame` does not redisplay, and makes no call for
-    // the frame that the toolkit knows already.
+    // The operations of ToolkitWindow. `setFrame` does not redisplay, and does nothing when the toolkit already has
+    // that frame.
     void setFrame(const Rect& frame);
     void setContentView(ContentView& view) { m_window->setContentView(view); }
     void setNeedsDisplay() { m_window->setNeedsDisplay(); }
@@ -41,7 +41,7 @@ public:
     void orderOut() { m_window->orderOut(); }
     bool isVisible() const { return m_window->isVisible(); }
 
-    // Where the window is on screen: where the server was told to put it, else where the toolkit did.
+    // The window's place on screen: the last one set through the server, else the toolkit's frame.
     Rect frame() const { return m_serverFrame.value_or(m_window->frame()); }
 
     std::int64_t windowNumber() const { return m_window->windowNumber(); }

@@ -1,7 +1,7 @@
 // The Accessibility interface: trust, elements with attributes, and observers.
 //
 // Calls that talk to an application may block for as long as the element's messaging timeout; only the
-// Accessibility queue makes them. Each method says which thread calls it.
+// Accessibility queue makes them. Each method states its thread.
 #pragma once
 
 #include "foundation/Geometry.h"
@@ -16,7 +16,7 @@
 
 namespace haloric {
 
-// The platform's own error numbers, as far as anyone reasons about them.
+// The error numbers of macOS that Haloric tests for.
 enum class AXError : std::int32_t {
     success = 0,
     failure = -25200,
@@ -36,7 +36,7 @@ public:
 };
 using AXElement = std::shared_ptr<const AXElementObject>;
 
-// A value of a type that nobody asks about.
+// A value of a type that Haloric does not use.
 struct AXOtherValue {
     friend bool operator==(const AXOtherValue&, const AXOtherValue&) = default;
 };
@@ -55,9 +55,9 @@ struct AXWindowNumber {
     WindowNumber number = WindowNumber::none; // meaningful only on success
 };
 
-// An observer of one application. Made, given its notifications, and released on the Accessibility queue; put on
-// the main run loop and taken off it on the main thread, and off before it is released. Its callback may lead to both,
-// so an implementation touches nothing of the observer after the callback has returned.
+// An observer of one application. Created, registered and released on the Accessibility queue; added to and removed
+// from the main run loop on the main thread, removed before the release. Its callback may lead to both, so an
+// implementation does not touch the observer after the callback has returned.
 class AXObserver {
 public:
     virtual ~AXObserver() = default;
@@ -79,10 +79,10 @@ public:
     // Main thread; neither blocks nor allocates.
     virtual bool isProcessTrusted() const = 0;
 
-    // As above, and with `prompt` the system shows its own request when trust is missing. Main thread.
+    // As above; with `prompt` the system also shows its request if trust is missing. Main thread.
     virtual bool isProcessTrustedWithPrompt(bool prompt) = 0;
 
-    // The rest: Accessibility queue.
+    // The following: Accessibility queue.
     virtual AXElement createApplicationElement(ProcessID pid) = 0; // null: no such element
     virtual void setMessagingTimeout(const AXElement& element, float seconds) = 0;
     virtual AXAttribute copyAttribute(const AXElement& element, std::string_view name) = 0;

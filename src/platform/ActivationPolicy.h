@@ -1,4 +1,4 @@
-// How an application appears to the user, numbered as on the platform.
+// How an application appears to the user, numbered as on macOS.
 #pragma once
 
 #include <cstdint>

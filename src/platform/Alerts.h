@@ -22,15 +22,15 @@ struct AlertModel {
 
 class Alerts {
 public:
-    // The answer when the button of that index was chosen is this number plus the index.
+    // Returned for the first button; each further button adds one.
     static constexpr std::int64_t kFirstButton = 1000;
 
     virtual ~Alerts() = default;
 
-    // Shows the alert and blocks until it is answered, while the main loop goes on in its modal mode.
+    // Shows the alert and blocks until a button is chosen; the main loop runs in its modal mode.
     virtual std::int64_t runModal(const AlertModel& alert) = 0;
 
-    // The platform's standard alert for an error; blocks likewise.
+    // The system's standard alert for an error; blocks likewise.
     virtual void runModalError(const PlatformError& error) = 0;
 };
 

@@ -15,7 +15,7 @@ public:
     virtual ~ApplicationDelegate() = default;
     virtual void applicationDidFinishLaunching() = 0;
 
-    // The user opened the application again while it runs. Whether the platform's own handling should follow.
+    // The user opened the application again while it runs. Returns whether the default handling should follow.
     virtual bool applicationShouldHandleReopen([[maybe_unused]] bool hasVisibleWindows) { return true; }
 
     virtual void applicationWillTerminate() = 0;
@@ -39,8 +39,8 @@ public:
     virtual void setActivationPolicy(ActivationPolicy policy) = 0;
     virtual void activateIgnoringOtherApps() = 0;
 
-    // Delivers applicationDidFinishLaunching, then events until `terminate`. On the platform it never returns; other
-    // hosts return when the application has terminated (the simulated one at once: there, its owner turns the loop).
+    // Delivers applicationDidFinishLaunching, then events until `terminate`. On macOS it never returns; other
+    // hosts return when the application has terminated (the simulated one at once: its loop is run from outside).
     virtual void run() = 0;
 
     // Delivers applicationWillTerminate, then ends the program (or its loop).

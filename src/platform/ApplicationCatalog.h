@@ -21,22 +21,22 @@ class ApplicationCatalog {
 public:
     virtual ~ApplicationCatalog() = default;
 
-    // One for each process, in no order that means anything.
+    // One for each process, in no particular order.
     virtual std::vector<RunningApplication> runningApplications() const = 0;
 
-    // Where the application of that identifier is installed; absent when it is not.
+    // The path of the application with that identifier; absent if not installed.
     virtual std::optional<std::string> applicationPath(std::string_view bundleIdentifier) const = 0;
 
-    // The identifier of the application installed there; absent when there is none, or it has none.
+    // The identifier of the application at that path; absent without an application or identifier.
     virtual std::optional<std::string> bundleIdentifier(const std::string& applicationPath) const = 0;
 
-    // What the file at that path is called for the user, in the user's language.
+    // The displayed name of the file at that path, in the user's language.
     virtual std::string displayName(const std::string& path) const = 0;
 
-    // Below, equal to or above zero, by the user's language and regardless of case.
+    // Negative, zero or positive, by the user's language and ignoring case.
     virtual int compareLocalizedCaseInsensitive(const std::string& a, const std::string& b) const = 0;
 
-    // Whether the platform has a symbol of that name.
+    // Whether the system has a symbol of that name.
     virtual bool hasSymbol(std::string_view name) const = 0;
 };
 

@@ -1,4 +1,4 @@
-// A form as data: grouped sections of labelled controls. Its owner builds it afresh after every change and hands it to
+// A form as data: grouped sections of labelled controls. Its owner rebuilds it after every change and hands it to
 // the window; a control keeps its identity by its id. Main thread.
 #pragma once
 
@@ -91,7 +91,7 @@ struct FormSection {
 
 struct FormModel {
     std::vector<FormSection> sections; // grouped, top to bottom
-    std::vector<FormRow> buttons;      // a row below them, left to right; FormButton alone
+    std::vector<FormRow> buttons;      // a row below them, left to right; only FormButton
 };
 
 } // namespace haloric

@@ -1,4 +1,4 @@
-// Pictures in menus and forms, described as data: drawn by the program itself, or fetched by the host.
+// Pictures in menus and forms, described as data: drawn by the program, or fetched by the host.
 #pragma once
 
 #include "foundation/Color.h"
@@ -12,7 +12,7 @@ namespace haloric {
 
 class Canvas;
 
-// Colours that follow the platform's appearance, as they are when the picture is drawn.
+// Colours of the system's current appearance, at the time of drawing.
 struct SystemColors {
     Color separator;
 };
@@ -32,7 +32,7 @@ struct FileIcon {
     friend bool operator==(const FileIcon&, const FileIcon&) = default;
 };
 
-// One of the platform's own symbols, by its name there.
+// One of the system's symbols, by its name on macOS.
 struct SymbolImage {
     std::string name;
     friend bool operator==(const SymbolImage&, const SymbolImage&) = default;

@@ -1,4 +1,4 @@
-// The platform's registration of this application as one that starts at login. Main thread; may block briefly.
+// The system's registration of this application to start at login. Main thread; may block briefly.
 #pragma once
 
 #include "platform/PlatformError.h"
@@ -16,7 +16,7 @@ public:
 
     virtual LoginItemStatus status() const = 0;
 
-    // The platform's error; none on success.
+    // The system's error; no value on success.
     virtual std::optional<PlatformError> registerApplication() = 0;
     virtual std::optional<PlatformError> unregisterApplication() = 0;
 };

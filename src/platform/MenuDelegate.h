@@ -1,4 +1,4 @@
-// Hears of what happens to a menu. Main thread.
+// Is notified of a menu's events. Main thread.
 #pragma once
 
 namespace haloric {
@@ -7,7 +7,7 @@ class MenuDelegate {
 public:
     virtual ~MenuDelegate() = default;
 
-    // Just before the menu is shown: the last chance to change its items.
+    // Just before the menu is shown; may change its items.
     virtual void menuNeedsUpdate() = 0;
 };
 

@@ -1,4 +1,4 @@
-// The platform's standard panels, described as data. Main thread.
+// The system's standard panels, described as data. Main thread.
 #pragma once
 
 #include <optional>
@@ -28,11 +28,10 @@ class Panels {
 public:
     virtual ~Panels() = default;
 
-    // In front, and without waiting for it.
+    // Opens in front; does not block.
     virtual void orderFrontStandardAboutPanel(const AboutPanel& panel) = 0;
 
-    // Blocks until the user has answered, while the main loop goes on in its modal mode. The path of what was chosen;
-    // absent when the user cancelled.
+    // Blocks until the panel is closed; the main loop runs in its modal mode. The chosen path; absent if cancelled.
     virtual std::optional<std::string> runModalOpenPanel(const OpenPanel& panel) = 0;
 };
 

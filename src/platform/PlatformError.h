@@ -1,4 +1,4 @@
-// An error that the platform reported, with its own words for the user.
+// An error that the system reported, with its texts for the user.
 #pragma once
 
 #include <cstdint>
@@ -7,10 +7,10 @@
 namespace haloric {
 
 struct PlatformError {
-    std::string domain; // which part of the platform; empty when it has no name
+    std::string domain; // the part of the system that failed; may be empty
     std::int64_t code = 0;
     std::string localizedDescription;
-    std::string localizedRecoverySuggestion; // empty when there is none
+    std::string localizedRecoverySuggestion; // may be empty
     friend bool operator==(const PlatformError&, const PlatformError&) = default;
 };
 

@@ -12,7 +12,7 @@ class Processes {
 public:
     virtual ~Processes() = default;
 
-    // Starts a program that outlives this one and is not waited for. False when it cannot be started.
+    // Starts a program that may outlive this one; does not wait for it. False if it cannot be started.
     virtual bool launch(const std::string& executable, const std::vector<std::string>& arguments) = 0;
 
     virtual std::optional<std::string> environmentVariable(const char* name) const = 0;

@@ -23,14 +23,14 @@ public:
     virtual void post(Task task) = 0;
 
     // Runs `task` once on the main thread, not before `delay` has passed. Cannot be cancelled: the task holds its
-    // owner weakly. Equal deadlines run in the order in which they were asked for. Any thread; does not block.
+    // owner weakly. Equal deadlines run in the order of their requests. Any thread; does not block.
     virtual void postAfter(Seconds delay, Task task) = 0;
 
     // A one-shot timer, cancelled by the handle. Main thread.
     virtual Subscription scheduleOnce(Seconds delay, Task task) = 0;
 
     // A repeating timer, cancelled by the handle. Each firing may be late by up to `tolerance`, so that the system
-    // can join wake-ups; missed firings are not made up for. Main thread.
+    // can join wake-ups; missed firings are skipped. Main thread.
     virtual Subscription scheduleRepeating(Seconds interval, Seconds tolerance, Task task) = 0;
 };
 

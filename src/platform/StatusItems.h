@@ -14,7 +14,7 @@ class StatusItem {
 public:
     virtual ~StatusItem() = default;
 
-    // Without a button, there is nothing to give an image or a tooltip to.
+    // Without a button, image and tooltip cannot be set.
     virtual bool hasButton() const = 0;
     virtual void setImage(const Image& image) = 0;
     virtual void setToolTip(const std::string& text) = 0;
@@ -27,7 +27,7 @@ public:
 
 class StatusItems {
 public:
-    // As long as the menu bar is high.
+    // As wide as the menu bar is high.
     static constexpr double kSquareLength = -2.0;
 
     virtual ~StatusItems() = default;

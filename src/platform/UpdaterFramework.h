@@ -5,7 +5,7 @@
 
 namespace haloric {
 
-// What the framework asks its user to decide; nothing, so far.
+// Decisions that the framework leaves to the program; none so far.
 class UpdaterDelegate {
 public:
     virtual ~UpdaterDelegate() = default;
@@ -15,7 +15,7 @@ class UpdaterController {
 public:
     virtual ~UpdaterController() = default;
 
-    // A check that the user asked for: its progress and outcome are shown, whatever it is.
+    // A check on the user's request: progress and result are always shown.
     virtual void checkForUpdates() = 0;
 };
 
@@ -23,8 +23,8 @@ class UpdaterFramework {
 public:
     virtual ~UpdaterFramework() = default;
 
-    // A standard controller; its schedule, feed and keys come from the information dictionary. Held by the caller
-    // alone. The delegate is held weakly and outlives the controller. Null where the framework is missing.
+    // A standard controller; its schedule, feed and keys come from the information dictionary. Owned only
+    // by the caller. The delegate is held weakly and outlives the controller. Null without the framework.
     virtual std::shared_ptr<UpdaterController> makeStandardController(bool startingUpdater,
                                                                       UpdaterDelegate& delegate) = 0;
 };

@@ -11,7 +11,7 @@ class UserDefaults {
 public:
     virtual ~UserDefaults() = default;
 
-    // Absent when nothing is stored, or what is stored cannot be read. The string holds bytes.
+    // Absent if nothing is stored or it cannot be read. The string holds bytes.
     virtual std::optional<std::string> data(std::string_view key) const = 0;
 
     // Replaces the value as a whole: after a crash the old or the new one is there. A failure to store is silent.

@@ -1,4 +1,4 @@
-// The public on-screen window list: one record a window, whose values may be missing or of an unexpected type.
+// The public on-screen window list: one record per window, whose values may be missing or of an unexpected type.
 // Main thread; one round trip to the window server.
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace haloric {
 
-// A value that is there, but is neither a number nor a dictionary that makes a rectangle.
+// A value that is neither a number nor a dictionary that makes a rectangle.
 struct OtherWindowInfoValue {
     friend bool operator==(const OtherWindowInfoValue&, const OtherWindowInfoValue&) = default;
 };
@@ -21,7 +21,7 @@ struct OtherWindowInfoValue {
 // bounds dictionary that converts to one, in global space (origin top left of the primary display, y downward).
 using WindowInfoValue = std::variant<std::monostate, OtherWindowInfoValue, std::int64_t, double, Rect>;
 
-// Named after the platform's keys.
+// Named after the keys of macOS.
 struct WindowInfo {
     WindowInfoValue layer;
     WindowInfoValue ownerPID;
@@ -30,7 +30,7 @@ struct WindowInfo {
     WindowInfoValue bounds;
 };
 
-// The platform's option bits.
+// The option bits of macOS.
 enum class WindowListOptions : std::uint32_t {
     onScreenOnly = 1,
     includingWindow = 8,

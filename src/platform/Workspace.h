@@ -29,7 +29,7 @@ public:
     // Absent when no application is frontmost. Costs no allocation.
     virtual std::optional<FrontmostApplication> frontmostApplication() const = 0;
 
-    // The bundle identifier of the application that runs as `pid`; absent when there is none, or it has none.
+    // The bundle identifier of the application that runs as `pid`; absent without a process or identifier.
     virtual std::optional<std::string> bundleIdentifier(ProcessID pid) const = 0;
 
     // Delivered on the main thread, after the change.

@@ -1,4 +1,4 @@
-// Asks the user to grant Accessibility access. Main thread.
+// Requests Accessibility access from the user. Main thread.
 #pragma once
 
 #include <string_view>
@@ -12,7 +12,7 @@ class Workspace;
 inline constexpr std::string_view kAccessibilitySettingsURL =
     "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
 
-// Has the system show its own request, which also puts the application into the list of the pane, then opens the pane.
+// Makes the system show its request, which also adds the application to the list of the pane, then opens the pane.
 // Returns at once; neither failure nor the user's answer is reported.
 void grantAccessibility(Accessibility& accessibility, Workspace& workspace);
 

@@ -22,7 +22,7 @@ std::vector<std::string> runningApps(const ApplicationCatalog& catalog, const Bu
 // installed.
 std::string displayName(const ApplicationCatalog& catalog, std::string_view bundleIdentifier);
 
-// The application's icon; the platform's symbol of an application when it is not installed; empty without that too.
+// The application's icon; the system's symbol for an application when it is not installed; empty without that too.
 Image icon(const ApplicationCatalog& catalog, std::string_view bundleIdentifier);
 
 } // namespace AppInfo

@@ -1,5 +1,5 @@
-// Whether the application starts at login. Stateless: the truth lives in the platform's registration, which the user
-// can change behind the program's back. Main thread.
+// Whether the application starts at login. Stateless: the system's registration is read each time, because the user can
+// change it outside the program. Main thread.
 #pragma once
 
 #include "platform/PlatformError.h"
@@ -19,11 +19,11 @@ public:
     // Only an application bundle can be registered: the bundle path's extension is exactly "app".
     bool isAvailable() const;
 
-    // False where it is not available, whatever the registration says, and while the user has yet to approve it.
+    // False if not available, whatever the registration, and while the user has not approved it yet.
     bool isEnabled() const;
 
-    // Registers or unregisters the application. The platform's error, unchanged; none on success, and none where it
-    // is not available: nothing happens there.
+    // Registers or unregisters the application. Returns the system's error, or no value on success. Does nothing, and
+    // returns no value, if not available.
     std::optional<PlatformError> set(bool enabled);
 
 private:

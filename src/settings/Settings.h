@@ -1,5 +1,5 @@
 // Everything the user can adjust, as one value. Lengths are in points, opacities are fractions 0...1. The record
-// enforces no range: whoever reads it copes with any value.
+// enforces no range: its readers accept any value.
 #pragma once
 
 #include "settings/DimScope.h"

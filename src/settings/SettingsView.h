@@ -1,6 +1,5 @@
-// The content of the settings window, as a form. Every control writes to the store at once, so there is nothing to
-// apply or to cancel; all that is shown comes from the store and from the desktop, and is read afresh for each form.
-// Main thread.
+// The content of the settings window, as a form. Every control writes to the store at once: there is no Apply or
+// Cancel. Each form is made from the current state of the store and the desktop. Main thread.
 #pragma once
 
 #include "foundation/Subscription.h"
@@ -22,21 +21,21 @@ public:
     // shows until the form comes on screen.
     SettingsView(const SettingsViewDependencies& platform, SettingsStore& store, bool launchAtLogin);
 
-    // The form as it stands now. Its controls do nothing once the view is gone.
+    // The current form. Its controls do nothing once the view is gone.
     FormModel form() const;
 
-    // Called with a new form after every write to the store, whoever wrote, when the form has come on screen, and when
-    // the switch for the login item was used. Replaces the handler before; empty for none.
+    // Called with a new form after every write to the store, when the form has come on screen, and when the switch for
+    // the login item was used. Replaces the previous handler; may be empty.
     void setOnFormChange(std::function<void(const FormModel&)> handler);
 
-    // What the switch shows: the state of the login item when it was last read, or what the user has just chosen.
+    // The switch's value: the state of the login item when it was last read, or the user's choice while it is applied.
     bool launchAtLogin() const { return m_launchAtLogin; }
 
-    // Dims the windows of that application too; nothing happens when it is in the list already.
+    // Adds the application to the list of those whose windows are dimmed, unless it is in the list.
     void addDimApp(const std::string& bundleIdentifier);
 
-    // Lets the user pick an installed application for the list; blocks until that is done. Cancelling adds nothing, nor
-    // does a bundle without an identifier.
+    // Lets the user choose an installed application for the list; blocks until the panel is closed. Cancelling adds
+    // nothing, nor does a bundle without an identifier.
     void chooseDimApp();
 
 private:

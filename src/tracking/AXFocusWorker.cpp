@@ -8,7 +8,7 @@ namespace haloric {
 
 namespace {
 
-constexpr double kSmallestTitleBar = 20; // points; the bounds keep an odd close button from spoiling the tint
+constexpr double kSmallestTitleBar = 20; // points; limits for windows with an unusual close button
 constexpr double kLargestTitleBar = 60;
 
 bool hasValue(const AXAttribute& attribute)
@@ -53,7 +53,7 @@ void AXFocusWorker::reset()
     m_measuredTitleBar.reset();
 }
 
-// Makes sure of the application element. A process that is asked for again keeps its element and its measurement.
+// Creates the application element, unless it already belongs to `pid`.
 bool AXFocusWorker::attach(ProcessID pid)
 {
     if (pid == m_pid && m_app)
@@ -66,7 +66,7 @@ bool AXFocusWorker::attach(ProcessID pid)
     return m_app != nullptr;
 }
 
-// The value may be no element at all, which gives a null one.
+// Null if the value is not an element.
 AXFocusWorker::WindowResult AXFocusWorker::focusedWindow()
 {
     for (const std::string_view name : {AXAttributes::kFocusedWindow, AXAttributes::kMainWindow}) {
@@ -98,7 +98,7 @@ std::optional<AXFocusWorker::QueryResult> AXFocusWorker::reasonToIgnore(const AX
     return std::nullopt;
 }
 
-// Only a window without a number is asked for its place: the window server tells that of all others.
+// Bounds are read only for a window without a number; the window server reports those of all others.
 AXFocusWorker::Snapshot AXFocusWorker::identify(const AXElement& window)
 {
     Snapshot snapshot;
@@ -136,7 +136,7 @@ FocusState::TitleBar AXFocusWorker::measureTitleBar(const AXElement& window)
         return FocusState::TitleBar::unknown();
     m_accessibility.setMessagingTimeout(button, kTimeoutSeconds);
 
-    // After a read that failed the next ones are left out: each might wait for the whole timeout again.
+    // After a failed read the remaining ones are skipped: each might wait for the whole timeout.
     const auto position = axValue<Point>(button, AXAttributes::kPosition);
     const auto size = position ? axValue<Size>(button, AXAttributes::kSize) : std::nullopt;
     const auto windowPosition = size ? axValue<Point>(window, AXAttributes::kPosition) : std::nullopt;

@@ -1,5 +1,5 @@
-// Answers which window of a process has focus, what tells it apart, where it is when the window server cannot say,
-// and how tall its title bar is. Accessibility queue only: each read may block for the messaging timeout.
+// Finds the focused window of a process, its identity, its title-bar height, and its bounds if it has no window number.
+// Accessibility queue only: each read may block for the messaging timeout.
 #pragma once
 
 #include "foundation/Geometry.h"
@@ -19,7 +19,7 @@ public:
     static constexpr float kTimeoutSeconds = 0.25F; // of every element that the worker talks to
 
     struct Snapshot {
-        WindowNumber windowID = WindowNumber::none; // none when Accessibility cannot give one
+        WindowNumber windowID = WindowNumber::none; // none if Accessibility has none
         WindowIdentity identity = WindowIdentity::none;
         std::optional<Rect> axBounds; // global space (y downward); only without a window number
         FocusState::TitleBar titleBar = FocusState::TitleBar::unknown();
@@ -35,13 +35,14 @@ public:
 
     explicit AXFocusWorker(Accessibility& accessibility) : m_accessibility(accessibility) {}
 
-    // The title bar is measured once a window and revision: a new revision says that the window has been resized.
+    // The title bar is measured once per window and revision; the caller increments the revision when a window was
+    // resized.
     QueryResult query(ProcessID pid, std::uint64_t titleBarRevision);
 
-    // From the close button, about whose centre the title bar is taken to lie symmetrically.
+    // From the close button, which is assumed to be centred in the title bar.
     FocusState::TitleBar measureTitleBar(const AXElement& window);
 
-    // The application element when it is that of `pid`, else null.
+    // The application element if it belongs to `pid`, else null.
     AXElement applicationElement(ProcessID pid) const { return pid == m_pid ? m_app : nullptr; }
 
     void reset();
@@ -52,7 +53,7 @@ private:
         std::uint64_t revision;
         FocusState::TitleBar value;
     };
-    // A step of the query: an element, or why there is none.
+    // Result of a step: an element, or the reason for its absence.
     using WindowResult = std::variant<AXElement, NoWindow, Unavailable>;
 
     bool attach(ProcessID pid);

@@ -1,5 +1,5 @@
-// One observer on the tracked application, so that changes of its windows are heard of at once. Made and released on
-// the Accessibility queue; put on the main run loop, taken off it (before the release) and called on the main thread.
+// An observer of the tracked application, which reports changes of its windows at once. Made and released on the
+// Accessibility queue; added to the main run loop, removed (before the release) and called on the main thread.
 #pragma once
 
 #include "foundation/Ids.h"

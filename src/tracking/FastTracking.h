@@ -1,4 +1,4 @@
-// Fast mode: a tick once a frame of the display that holds the focused window, and the decision when the window has
+// Fast mode: a tick once per frame of the display that holds the focused window, and the decision when the window has
 // settled after the mouse was released. Main thread.
 #pragma once
 
@@ -20,7 +20,7 @@ class FastTracking {
 public:
     static constexpr Seconds kMinimumSettling{0.6};
     static constexpr Seconds kMaximumSettling{2.0};
-    static constexpr Seconds kStillness{0.25}; // without movement the window has come to rest
+    static constexpr Seconds kStillness{0.25}; // no movement for this long: the window rests
 
     enum class Settling {
         held,     // a mouse button is pressed
@@ -43,7 +43,7 @@ public:
 
     bool isActive() const { return m_displayDriver.has_value(); }
 
-    // Begins, when not active yet, with the display that holds most of `frame` (screen space). `tick` may end it.
+    // Starts on the display that holds most of `frame` (screen space). `tick` may stop it. Only while not active.
     void start(Task tick, const Rect& frame);
     void stop();
 
@@ -54,7 +54,7 @@ public:
     void notePress();
     void noteRelease();
 
-    // To be asked once a tick.
+    // Called once per tick.
     Settling settle();
 
 private:

@@ -1,5 +1,5 @@
-// Where a window is, in screen space: from the window server's private interface when it answers, else from the
-// public window list. Without a screen there is no screen space, and no frame. Main thread.
+// A window's frame in screen space, from the window server's private interface if it answers, else from the public
+// window list. Absent without a screen. Main thread.
 #pragma once
 
 #include "foundation/Geometry.h"

@@ -1,4 +1,4 @@
-// Decides whether a focused window is to pulse: always the first one after an application or Space switch, and
+// Decides whether a focused window pulses: always the first one after an application or Space switch, and
 // otherwise when it differs from the window that had focus as a focus change began.
 #pragma once
 
@@ -24,7 +24,7 @@ public:
             m_pulseFromID = from;
     }
 
-    // A window was found focused: whether to pulse. Consumes what was noted.
+    // A window was found focused: whether to pulse. Clears what was noted.
     bool focused(WindowIdentity identity)
     {
         const auto from = std::exchange(m_pulseFromID, std::nullopt);

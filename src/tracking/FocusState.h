@@ -9,7 +9,7 @@
 namespace haloric {
 
 struct FocusState {
-    // The height of the window's title bar: measured in points, or there is no title bar, or nobody could tell.
+    // The height of the window's title bar in points; none: no title bar; unknown: could not be measured.
     class TitleBar {
     public:
         enum class Kind { height, none, unknown };

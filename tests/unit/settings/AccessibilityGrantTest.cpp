@@ -9,7 +9,7 @@
 namespace haloric {
 namespace {
 
-// Notes how often the system had been asked for its prompt when the URL was opened.
+// Records the number of prompts when the URL is opened.
 class WatchedWorkspace final : public Workspace {
 public:
     explicit WatchedWorkspace(const FakeAccessibility& accessibility) : m_accessibility(accessibility) {}
@@ -29,7 +29,7 @@ private:
     const FakeAccessibility& m_accessibility;
 };
 
-TEST(AccessibilityGrant, the_system_prompts_first_and_then_the_accessibility_pane_opens)
+TEST(AccessibilityGrantTest, the_system_prompts_first_and_then_the_accessibility_pane_opens)
 {
     for (const bool trusted : {false, true}) {
         FakeAccessibility accessibility;

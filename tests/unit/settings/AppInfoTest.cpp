@@ -46,7 +46,7 @@ TEST_F(AppInfoTest, applications_are_sorted_by_the_name_that_is_shown)
     EXPECT_EQ(runningApps(), (Identifiers{"org.example.1", "org.example.2"}));
 }
 
-TEST_F(AppInfoTest, applications_of_the_same_name_keep_their_places_whoever_started_first)
+TEST_F(AppInfoTest, applications_of_the_same_name_keep_their_order_regardless_of_their_start)
 {
     catalog.launch("org.example.b", "Mail");
     catalog.launch("org.example.a", "MAIL");

@@ -43,7 +43,7 @@ TEST_F(LaunchAtLoginTest, only_the_enabled_state_counts_as_enabled)
     EXPECT_TRUE(launchAtLogin.isEnabled());
 }
 
-TEST_F(LaunchAtLoginTest, it_is_never_enabled_outside_a_bundle_whatever_the_registration_says)
+TEST_F(LaunchAtLoginTest, it_is_never_enabled_outside_a_bundle_whatever_the_registration)
 {
     service.currentStatus = LoginItemStatus::enabled;
     bundle.bundlePath = "/build/bin";
@@ -66,7 +66,7 @@ TEST_F(LaunchAtLoginTest, a_registration_that_waits_for_approval_is_no_error_and
     EXPECT_FALSE(launchAtLogin.isEnabled());
 }
 
-TEST_F(LaunchAtLoginTest, the_platform_s_error_is_passed_on_unchanged)
+TEST_F(LaunchAtLoginTest, the_system_s_error_is_passed_on_unchanged)
 {
     service.error = PlatformError{"SMAppServiceErrorDomain", 1, "Operation not permitted", "Ask the administrator."};
     EXPECT_EQ(launchAtLogin.set(true), service.error);

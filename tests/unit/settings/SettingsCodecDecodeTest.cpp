@@ -15,24 +15,24 @@ Settings defaultsBut(Edit edit)
     return settings;
 }
 
-TEST(SettingsCodecDecode, an_empty_object_is_the_defaults)
+TEST(SettingsCodecDecodeTest, an_empty_object_is_the_defaults)
 {
     EXPECT_EQ(decode("{}"), Settings::defaults());
     EXPECT_EQ(decode(" \n{ }\t"), Settings::defaults());
 }
 
-TEST(SettingsCodecDecode, missing_keys_keep_their_defaults)
+TEST(SettingsCodecDecodeTest, missing_keys_keep_their_defaults)
 {
     EXPECT_EQ(decode(R"({"borderWidth":5})"), defaultsBut([](Settings& s) { s.borderWidth = 5; }));
 }
 
-TEST(SettingsCodecDecode, unknown_keys_are_ignored)
+TEST(SettingsCodecDecodeTest, unknown_keys_are_ignored)
 {
     EXPECT_EQ(decode(R"({"future":{"r":[1,null,"x"]},"borderWidth":5,"BorderWidth":"x"})"),
               defaultsBut([](Settings& s) { s.borderWidth = 5; }));
 }
 
-TEST(SettingsCodecDecode, null_keeps_the_default_and_every_other_value_counts)
+TEST(SettingsCodecDecodeTest, null_keeps_the_default_and_every_other_value_counts)
 {
     EXPECT_EQ(decode(R"({"glowOpacity":null,"glowRadius":7,"dimScope":"selectedApps"})"), defaultsBut([](Settings& s) {
                   s.glowRadius = 7;
@@ -40,7 +40,7 @@ TEST(SettingsCodecDecode, null_keeps_the_default_and_every_other_value_counts)
               }));
 }
 
-TEST(SettingsCodecDecode, null_keeps_the_default_of_every_key)
+TEST(SettingsCodecDecodeTest, null_keeps_the_default_of_every_key)
 {
     for (const char* key :
          {"accent",       "cornerRadius",       "borderEnabled", "borderColor", "borderWidth", "glowEnabled",
@@ -50,7 +50,7 @@ TEST(SettingsCodecDecode, null_keeps_the_default_of_every_key)
         EXPECT_EQ(decode("{\"" + std::string(key) + "\":null}"), Settings::defaults()) << key;
 }
 
-TEST(SettingsCodecDecode, members_may_stand_in_any_order)
+TEST(SettingsCodecDecodeTest, members_may_stand_in_any_order)
 {
     EXPECT_EQ(decode(R"({"dimEnabled":true,"accent":{"a":0.4,"g":0.2,"b":0.3,"r":0.1},"borderEnabled":false})"),
               defaultsBut([](Settings& s) {
@@ -60,7 +60,7 @@ TEST(SettingsCodecDecode, members_may_stand_in_any_order)
               }));
 }
 
-TEST(SettingsCodecDecode, numbers_may_take_any_form)
+TEST(SettingsCodecDecodeTest, numbers_may_take_any_form)
 {
     for (const char* number : {"25", "25.0", "2.5e1", "250E-1", "25.000", "0.25e+2"})
         EXPECT_EQ(decode("{\"cornerRadius\":" + std::string(number) + "}"),
@@ -72,7 +72,7 @@ TEST(SettingsCodecDecode, numbers_may_take_any_form)
               123456789012345678901234567890.0);
 }
 
-TEST(SettingsCodecDecode, no_range_is_enforced)
+TEST(SettingsCodecDecodeTest, no_range_is_enforced)
 {
     const auto settings = decode(R"({"borderWidth":-1e300,"accent":{"r":-5,"g":7.5,"b":0,"a":1e9}})");
     ASSERT_TRUE(settings.has_value());
@@ -80,7 +80,7 @@ TEST(SettingsCodecDecode, no_range_is_enforced)
     EXPECT_EQ(settings->accent, (RGBA{-5, 7.5, 0, 1e9}));
 }
 
-TEST(SettingsCodecDecode, a_colour_needs_all_its_members)
+TEST(SettingsCodecDecodeTest, a_colour_needs_all_its_members)
 {
     for (const char* color :
          {R"({"g":1,"b":1,"a":1})", R"({"r":1,"b":1,"a":1})", R"({"r":1,"g":1,"a":1})", R"({"r":1,"g":1,"b":1})",
@@ -94,7 +94,7 @@ TEST(SettingsCodecDecode, a_colour_needs_all_its_members)
     EXPECT_TRUE(decode(R"({"accent":{"r":1,"g":1,"b":1,"a":1,"extra":[]}})").has_value());
 }
 
-TEST(SettingsCodecDecode, a_colour_choice_needs_both_its_members)
+TEST(SettingsCodecDecodeTest, a_colour_choice_needs_both_its_members)
 {
     for (const char* choice : {R"({"useAccent":false})", R"({"custom":{"r":1,"g":1,"b":1,"a":1}})",
                                R"({"useAccent":0,"custom":{"r":1,"g":1,"b":1,"a":1}})",
@@ -107,7 +107,7 @@ TEST(SettingsCodecDecode, a_colour_choice_needs_both_its_members)
     EXPECT_EQ(settings->tintColor, (EffectColor{false, {1, 0.5, 0, 0.25}}));
 }
 
-TEST(SettingsCodecDecode, a_value_of_the_wrong_type_fails_the_whole_record)
+TEST(SettingsCodecDecodeTest, a_value_of_the_wrong_type_fails_the_whole_record)
 {
     for (const char* key :
          {"cornerRadius", "borderWidth", "glowRadius", "glowOpacity", "tintOpacity", "tintHeight", "dimOpacity"})
@@ -123,18 +123,18 @@ TEST(SettingsCodecDecode, a_value_of_the_wrong_type_fails_the_whole_record)
         EXPECT_FALSE(decode("{\"dimApps\":" + std::string(value) + "}").has_value()) << value;
 }
 
-TEST(SettingsCodecDecode, one_bad_value_spoils_the_good_ones_before_and_after_it)
+TEST(SettingsCodecDecodeTest, one_bad_value_spoils_the_good_ones_before_and_after_it)
 {
     EXPECT_FALSE(decode(R"({"accent":{"r":1,"g":1,"b":1,"a":1},"dimScope":3,"hotkeyEnabled":true})").has_value());
 }
 
-TEST(SettingsCodecDecode, the_dimmed_applications_keep_their_order_and_their_repeats)
+TEST(SettingsCodecDecodeTest, the_dimmed_applications_keep_their_order_and_their_repeats)
 {
     EXPECT_EQ(decode(R"({"dimApps":["b","a","b","","\u00e9\u0000"]})")->dimApps,
               (std::vector<std::string>{"b", "a", "b", "", std::string("\xc3\xa9\0", 3)}));
 }
 
-TEST(SettingsCodecDecode, what_is_no_json_object_fails)
+TEST(SettingsCodecDecodeTest, what_is_no_json_object_fails)
 {
     using namespace std::string_view_literals;
     for (const std::string_view text : {""sv,
@@ -168,20 +168,20 @@ TEST(SettingsCodecDecode, what_is_no_json_object_fails)
         EXPECT_FALSE(decode(text).has_value()) << text;
 }
 
-TEST(SettingsCodecDecode, a_number_too_large_for_a_double_fails)
+TEST(SettingsCodecDecodeTest, a_number_too_large_for_a_double_fails)
 {
     for (const char* number : {"1e400", "-1e400", "1e999999999999"})
         EXPECT_FALSE(decode("{\"borderWidth\":" + std::string(number) + "}").has_value()) << number;
     EXPECT_EQ(decode(R"({"borderWidth":1e-400})")->borderWidth, 0.0) << "too small a number is zero";
 }
 
-TEST(SettingsCodecDecode, of_a_key_that_is_repeated_the_last_value_counts)
+TEST(SettingsCodecDecodeTest, of_a_key_that_is_repeated_the_last_value_counts)
 {
     EXPECT_EQ(decode(R"({"borderWidth":5,"borderWidth":6})")->borderWidth, 6.0);
     EXPECT_FALSE(decode(R"({"borderWidth":5,"borderWidth":"6"})").has_value());
 }
 
-TEST(SettingsCodecDecode, nesting_of_any_depth_is_survived)
+TEST(SettingsCodecDecodeTest, nesting_of_any_depth_is_survived)
 {
     constexpr std::size_t kDepth = 200'000;
     const std::string opened(kDepth, '[');

@@ -6,7 +6,7 @@
 namespace haloric {
 namespace {
 
-TEST(SettingsCodecEncode, all_keys_are_written_in_the_order_of_the_fields)
+TEST(SettingsCodecEncodeTest, all_keys_are_written_in_the_order_of_the_fields)
 {
     const std::string accent = R"({"r":0.04,"g":0.52,"b":1.0,"a":1.0})";
     const std::string effect = R"({"useAccent":true,"custom":)" + accent + "}";
@@ -19,7 +19,7 @@ TEST(SettingsCodecEncode, all_keys_are_written_in_the_order_of_the_fields)
                   R"(,"dimApps":[],"pulseEnabled":true,"hideWhenFullScreen":false,"hotkeyEnabled":false})");
 }
 
-TEST(SettingsCodecEncode, each_field_is_written_under_its_own_key)
+TEST(SettingsCodecEncodeTest, each_field_is_written_under_its_own_key)
 {
     Settings settings;
     settings.accent = {1, 2, 3, 4};
@@ -54,7 +54,7 @@ TEST(SettingsCodecEncode, each_field_is_written_under_its_own_key)
               R"("pulseEnabled":false,"hideWhenFullScreen":true,"hotkeyEnabled":true})");
 }
 
-TEST(SettingsCodecEncode, a_number_that_is_not_finite_has_no_form_in_any_field)
+TEST(SettingsCodecEncodeTest, a_number_that_is_not_finite_has_no_form_in_any_field)
 {
     using Limits = std::numeric_limits<double>;
     for (const double odd : {Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity()}) {
@@ -80,7 +80,7 @@ TEST(SettingsCodecEncode, a_number_that_is_not_finite_has_no_form_in_any_field)
     }
 }
 
-TEST(SettingsCodecEncode, an_identifier_that_is_not_utf_8_has_no_form)
+TEST(SettingsCodecEncodeTest, an_identifier_that_is_not_utf_8_has_no_form)
 {
     for (const char* bytes : {"\xff", "\xc3", "a\x80", "\xed\xa0\x80", "\xc0\xaf", "\xf5\x80\x80\x80"}) {
         Settings settings;

@@ -69,7 +69,7 @@ private:
     std::mt19937_64 m_random;
 };
 
-TEST(SettingsCodecMutation, damaged_records_are_refused_or_make_a_record_that_can_be_saved)
+TEST(SettingsCodecMutationTest, damaged_records_are_refused_or_make_a_record_that_can_be_saved)
 {
     constexpr std::uint64_t kSeed = 20240229;
     constexpr int kRounds = 20'000;

@@ -9,7 +9,7 @@
 namespace haloric {
 namespace {
 
-TEST(SettingsLocale, a_decimal_comma_changes_nothing)
+TEST(SettingsLocaleTest, a_decimal_comma_changes_nothing)
 {
     const auto expected = SettingsCodec::encode(Settings::defaults());
     ASSERT_EQ(setenv("LOCPATH", HALORIC_LOCALE_FOLDER, 1), 0);
@@ -24,7 +24,7 @@ TEST(SettingsLocale, a_decimal_comma_changes_nothing)
     EXPECT_FALSE(comma.has_value());
 }
 
-TEST(SettingsLocale, labels_keep_the_decimal_point_and_have_no_separators)
+TEST(SettingsLocaleTest, labels_keep_the_decimal_point_and_have_no_separators)
 {
     ASSERT_EQ(setenv("LOCPATH", HALORIC_LOCALE_FOLDER, 1), 0);
     ASSERT_NE(std::setlocale(LC_NUMERIC, "comma_LOCALE"), nullptr);

@@ -79,7 +79,7 @@ RGBA anyColor() { return {*finiteDouble(), *finiteDouble(), *finiteDouble(), *fi
 EffectColor anyEffect() { return {*rc::gen::arbitrary<bool>(), anyColor()}; }
 bool anyBool() { return *rc::gen::arbitrary<bool>(); }
 
-RC_GTEST_PROP(SettingsRoundTrip, any_record_comes_back_bit_for_bit, ())
+RC_GTEST_PROP(SettingsRoundTripTest, any_record_is_decoded_bit_for_bit, ())
 {
     Settings settings;
     settings.accent = anyColor();
@@ -110,7 +110,7 @@ RC_GTEST_PROP(SettingsRoundTrip, any_record_comes_back_bit_for_bit, ())
     RC_ASSERT(bitsOf(*decoded) == bitsOf(settings));
 }
 
-TEST(SettingsRoundTrip, the_edges_of_the_doubles_come_back_bit_for_bit)
+TEST(SettingsRoundTripTest, the_edges_of_the_doubles_come_back_bit_for_bit)
 {
     using Limits = std::numeric_limits<double>;
     for (const double edge :

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kKey = "Haloric.settings.v1";
 
-// Stored data that tells the test when it is written.
+// Stored data that notifies the test of writes.
 class WatchedDefaults final : public UserDefaults {
 public:
     explicit WatchedDefaults(std::vector<std::string>& journal) : m_journal(journal) {}
@@ -118,7 +118,7 @@ TEST_F(SettingsStoreTest, a_subscriber_gets_the_current_record_at_once)
     EXPECT_EQ(widths, std::vector{5.0});
 }
 
-TEST_F(SettingsStoreTest, a_subscription_that_is_over_hears_nothing_and_may_outlive_the_store)
+TEST_F(SettingsStoreTest, a_cancelled_subscription_is_not_called_and_may_outlive_the_store)
 {
     auto store = std::make_unique<SettingsStore>(defaults);
     int calls = 0;
@@ -130,7 +130,7 @@ TEST_F(SettingsStoreTest, a_subscription_that_is_over_hears_nothing_and_may_outl
     store.reset();
 }
 
-TEST_F(SettingsStoreTest, a_handler_with_state_of_its_own_keeps_it_from_call_to_call)
+TEST_F(SettingsStoreTest, a_handler_keeps_its_state_between_calls)
 {
     SettingsStore store(defaults);
     std::vector<int> counts;

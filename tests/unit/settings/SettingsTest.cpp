@@ -3,7 +3,7 @@
 namespace haloric {
 namespace {
 
-TEST(Settings, the_defaults_are_those_of_the_product)
+TEST(SettingsTest, the_defaults_are_those_of_the_product)
 {
     const RGBA accent{0.04, 0.52, 1.0, 1.0};
     const EffectColor color{true, accent};
@@ -31,13 +31,13 @@ TEST(Settings, the_defaults_are_those_of_the_product)
     EXPECT_FALSE(record.hotkeyEnabled);
 }
 
-TEST(Settings, the_defaults_are_one_value)
+TEST(SettingsTest, the_defaults_are_one_value)
 {
     EXPECT_EQ(&Settings::defaults(), &Settings::defaults());
     EXPECT_EQ(Settings(), Settings::defaults());
 }
 
-TEST(Settings, an_effect_is_drawn_in_the_accent_or_in_its_own_colour)
+TEST(SettingsTest, an_effect_is_drawn_in_the_accent_or_in_its_own_colour)
 {
     Settings record;
     record.accent = {0.1, 0.2, 0.3, 0.4};
@@ -47,7 +47,7 @@ TEST(Settings, an_effect_is_drawn_in_the_accent_or_in_its_own_colour)
     EXPECT_EQ(record.resolve(record.glowColor), (RGBA{0.5, 0.6, 0.7, 0.8}));
 }
 
-TEST(Settings, an_effect_whose_own_colour_was_never_chosen_is_drawn_in_the_default_accent)
+TEST(SettingsTest, an_effect_whose_own_colour_was_never_chosen_is_drawn_in_the_default_accent)
 {
     Settings record;
     record.accent = {1, 0, 0, 1};
@@ -57,7 +57,7 @@ TEST(Settings, an_effect_whose_own_colour_was_never_chosen_is_drawn_in_the_defau
     }
 }
 
-TEST(Settings, the_order_of_the_dimmed_applications_matters)
+TEST(SettingsTest, the_order_of_the_dimmed_applications_matters)
 {
     Settings one;
     Settings other;
@@ -70,7 +70,7 @@ TEST(Settings, the_order_of_the_dimmed_applications_matters)
     EXPECT_NE(one, other);
 }
 
-TEST(Settings, doubles_are_compared_by_value)
+TEST(SettingsTest, doubles_are_compared_by_value)
 {
     Settings one;
     Settings other;
@@ -79,7 +79,7 @@ TEST(Settings, doubles_are_compared_by_value)
     EXPECT_EQ(one, other);
 }
 
-TEST(Settings, every_field_counts_for_equality)
+TEST(SettingsTest, every_field_counts_for_equality)
 {
     const std::vector<void (*)(Settings&)> changes{
         [](Settings& s) { s.accent.r = 9; },
@@ -115,7 +115,7 @@ TEST(Settings, every_field_counts_for_equality)
     }
 }
 
-TEST(DimScope, its_cases_come_in_order_with_their_raw_values)
+TEST(DimScopeTest, its_cases_come_in_order_with_their_raw_values)
 {
     std::vector<std::string_view> raw;
     for (const DimScope scope : kAllDimScopes)
@@ -123,7 +123,7 @@ TEST(DimScope, its_cases_come_in_order_with_their_raw_values)
     EXPECT_EQ(raw, (std::vector<std::string_view>{"allWindows", "selectedApps"}));
 }
 
-TEST(DimScope, only_its_raw_values_name_a_case)
+TEST(DimScopeTest, only_its_raw_values_name_a_case)
 {
     EXPECT_EQ(dimScopeFromRawValue("allWindows"), DimScope::allWindows);
     EXPECT_EQ(dimScopeFromRawValue("selectedApps"), DimScope::selectedApps);
@@ -131,7 +131,7 @@ TEST(DimScope, only_its_raw_values_name_a_case)
         EXPECT_FALSE(dimScopeFromRawValue(text).has_value()) << text;
 }
 
-TEST(RGBA, it_becomes_a_colour_with_its_components_as_they_are)
+TEST(RGBATest, it_becomes_a_colour_with_its_components_as_they_are)
 {
     EXPECT_EQ(colorFrom(RGBA{-0.5, 0.25, 1.5, 2}), (Color{-0.5, 0.25, 1.5, 2}));
 }

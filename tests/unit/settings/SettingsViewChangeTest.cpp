@@ -1,4 +1,4 @@
-// How the view tells of changes, and what is left of it after its end.
+// How the view reports changes, and its controls after its destruction.
 #include "unit/settings/SettingsViewFixture.h"
 
 namespace haloric {
@@ -14,7 +14,7 @@ protected:
     }
 };
 
-TEST_F(SettingsViewChangeTest, nothing_is_told_before_something_changes)
+TEST_F(SettingsViewChangeTest, nothing_is_reported_before_a_change)
 {
     view->form();
     EXPECT_TRUE(forms.empty());
@@ -35,7 +35,7 @@ TEST_F(SettingsViewChangeTest, a_write_from_elsewhere_gives_a_new_form)
     EXPECT_FALSE(controlOf<FormToggle>(forms[0], "glowEnabled").isOn);
 }
 
-TEST_F(SettingsViewChangeTest, coming_on_screen_gives_a_new_form_with_what_holds_by_then)
+TEST_F(SettingsViewChangeTest, appearing_on_screen_gives_a_new_form_with_the_current_state)
 {
     accessibility.trusted = false;
     loginItems.currentStatus = LoginItemStatus::enabled;
@@ -73,14 +73,14 @@ TEST_F(SettingsViewChangeTest, the_handler_may_replace_itself)
     EXPECT_EQ(forms.size(), 1U);
 }
 
-TEST_F(SettingsViewChangeTest, the_handler_may_be_taken_away)
+TEST_F(SettingsViewChangeTest, the_handler_may_be_removed)
 {
     view->setOnFormChange(nullptr);
     control<FormToggle>("dimEnabled").set(true);
     EXPECT_TRUE(forms.empty());
 }
 
-TEST_F(SettingsViewChangeTest, the_handler_may_end_the_view)
+TEST_F(SettingsViewChangeTest, the_handler_may_destroy_the_view)
 {
     view->setOnFormChange([this](const FormModel&) { view.reset(); });
     control<FormToggle>("dimEnabled").set(true);
@@ -88,7 +88,7 @@ TEST_F(SettingsViewChangeTest, the_handler_may_end_the_view)
     EXPECT_EQ(view, nullptr);
 }
 
-TEST_F(SettingsViewChangeTest, once_the_view_is_gone_its_controls_do_nothing_and_it_tells_nothing)
+TEST_F(SettingsViewChangeTest, once_the_view_is_destroyed_its_controls_do_nothing_and_it_reports_nothing)
 {
     accessibility.trusted = false;
     applications.launch("org.example.mail", "Mail");

@@ -72,7 +72,7 @@ TEST_F(SettingsViewDimmingTest, a_row_shows_the_application_s_icon_and_name_and_
     EXPECT_EQ(row.removeLabel, "Remove Music");
 }
 
-TEST_F(SettingsViewDimmingTest, a_row_of_an_application_that_is_gone_shows_its_identifier)
+TEST_F(SettingsViewDimmingTest, a_row_of_an_uninstalled_application_shows_its_identifier)
 {
     setDimApps({"org.example.gone"});
     const auto row = control<FormListRow>("dimApps/org.example.gone");
@@ -116,7 +116,7 @@ TEST_F(SettingsViewDimmingTest, the_menu_never_offers_the_application_itself_ano
     EXPECT_EQ(offered(), (Texts{"Mail", "Notes"}));
 }
 
-TEST_F(SettingsViewDimmingTest, the_menu_is_taken_afresh_with_each_form)
+TEST_F(SettingsViewDimmingTest, the_menu_is_read_again_for_each_form)
 {
     EXPECT_EQ(offered(), (Texts{"Mail", "Notes"}));
     applications.running.pop_back();
@@ -147,7 +147,7 @@ TEST_F(SettingsViewDimmingTest, identifiers_are_compared_exactly)
     EXPECT_EQ(dimApps(), (Texts{"org.example.mail", "org.example.Mail"}));
 }
 
-TEST_F(SettingsViewDimmingTest, the_open_panel_asks_for_an_application)
+TEST_F(SettingsViewDimmingTest, the_open_panel_offers_applications)
 {
     control<FormButton>("chooseApplication").perform();
     EXPECT_EQ(panels.openPanels, std::vector{(OpenPanel{ContentType::applicationBundle, "/Applications", "Add"})});
@@ -159,7 +159,7 @@ TEST_F(SettingsViewDimmingTest, the_application_chosen_in_the_open_panel_is_adde
     control<FormButton>("chooseApplication").perform();
     EXPECT_EQ(dimApps(), Texts{"org.example.music"});
     control<FormButton>("chooseApplication").perform();
-    EXPECT_EQ(dimApps(), Texts{"org.example.music"}) << "a second time it is there already";
+    EXPECT_EQ(dimApps(), Texts{"org.example.music"}) << "a second time it is in the list";
 }
 
 TEST_F(SettingsViewDimmingTest, cancelling_the_open_panel_adds_nothing)
@@ -175,7 +175,7 @@ TEST_F(SettingsViewDimmingTest, a_chosen_bundle_without_an_identifier_adds_nothi
     EXPECT_TRUE(defaults.writes.empty());
 }
 
-TEST_F(SettingsViewDimmingTest, what_changes_while_the_open_panel_is_up_counts)
+TEST_F(SettingsViewDimmingTest, changes_made_while_the_open_panel_is_shown_are_kept)
 {
     panels.chosenPath = "/Applications/Music.app";
     panels.whileOpen = [this] { view->addDimApp("org.example.mail"); };
@@ -183,7 +183,7 @@ TEST_F(SettingsViewDimmingTest, what_changes_while_the_open_panel_is_up_counts)
     EXPECT_EQ(dimApps(), (Texts{"org.example.mail", "org.example.music"}));
 }
 
-TEST_F(SettingsViewDimmingTest, a_choice_made_after_the_view_has_gone_adds_nothing)
+TEST_F(SettingsViewDimmingTest, a_choice_made_after_the_view_is_destroyed_adds_nothing)
 {
     panels.chosenPath = "/Applications/Music.app";
     panels.whileOpen = [this] { view.reset(); };

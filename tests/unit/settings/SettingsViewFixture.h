@@ -1,4 +1,4 @@
-// The settings window's content in a world of fakes, and ways to find and use its controls.
+// The settings window's content with fakes, and functions to find and use its controls.
 #pragma once
 
 #include "settings/SettingsView.h"
@@ -43,7 +43,7 @@ protected:
     FormSection section(const std::string& id) const { return sectionOf(view->form(), id); }
     bool hasRow(const std::string& id) const { return findRow(view->form(), id).has_value(); }
 
-    // The control of that row in the form as it stands now.
+    // The control of that row in the current form.
     template <class Control>
     Control control(const std::string& id) const
     {

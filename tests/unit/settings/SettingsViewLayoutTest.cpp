@@ -91,7 +91,7 @@ TEST_F(SettingsViewLayoutTest, the_grant_is_offered_only_while_the_process_is_no
     EXPECT_TRUE(hasRow("grantAccessibility"));
     accessibility.trusted = true;
     EXPECT_FALSE(hasRow("grantAccessibility"));
-    EXPECT_TRUE(accessibility.prompts.empty()) << "showing the form asks nothing of the user";
+    EXPECT_TRUE(accessibility.prompts.empty()) << "showing the form does not prompt";
 }
 
 TEST_F(SettingsViewLayoutTest, no_two_rows_have_the_same_id)

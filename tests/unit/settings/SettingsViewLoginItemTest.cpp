@@ -12,7 +12,7 @@ protected:
     void appear() const { section("general").onAppear(); }
 };
 
-TEST_F(SettingsViewLoginItemTest, it_first_shows_what_the_view_was_made_with)
+TEST_F(SettingsViewLoginItemTest, it_first_shows_the_value_that_the_view_was_made_with)
 {
     EXPECT_FALSE(toggle().isOn);
     view = std::make_unique<SettingsView>(platform(), store, true);
@@ -20,7 +20,7 @@ TEST_F(SettingsViewLoginItemTest, it_first_shows_what_the_view_was_made_with)
     EXPECT_TRUE(view->launchAtLogin());
 }
 
-TEST_F(SettingsViewLoginItemTest, it_shows_the_real_state_when_the_section_comes_on_screen)
+TEST_F(SettingsViewLoginItemTest, it_shows_the_real_state_when_the_section_appears)
 {
     loginItems.currentStatus = LoginItemStatus::enabled;
     EXPECT_FALSE(toggle().isOn);
@@ -29,10 +29,10 @@ TEST_F(SettingsViewLoginItemTest, it_shows_the_real_state_when_the_section_comes
     loginItems.currentStatus = LoginItemStatus::requiresApproval;
     appear();
     EXPECT_FALSE(toggle().isOn);
-    EXPECT_TRUE(loginItems.changes.empty()) << "coming on screen changes nothing";
+    EXPECT_TRUE(loginItems.changes.empty()) << "appearing changes nothing";
 }
 
-TEST_F(SettingsViewLoginItemTest, no_other_section_asks_to_hear_that_it_comes_on_screen)
+TEST_F(SettingsViewLoginItemTest, no_other_section_is_notified_of_its_appearance)
 {
     for (const FormSection& section : view->form().sections)
         EXPECT_EQ(static_cast<bool>(section.onAppear), section.id == "general") << section.id;
@@ -46,10 +46,10 @@ TEST_F(SettingsViewLoginItemTest, it_registers_and_unregisters_the_application)
     EXPECT_FALSE(toggle().isOn);
     EXPECT_EQ(loginItems.changes, (Texts{"register", "unregister"}));
     EXPECT_TRUE(alerts.errorsShown.empty());
-    EXPECT_TRUE(defaults.writes.empty()) << "it is no part of the record";
+    EXPECT_TRUE(defaults.writes.empty()) << "it is not part of the record";
 }
 
-TEST_F(SettingsViewLoginItemTest, a_failure_is_shown_in_an_alert_and_the_toggle_goes_back)
+TEST_F(SettingsViewLoginItemTest, a_failure_is_shown_in_an_alert_and_the_toggle_is_reset)
 {
     loginItems.error = kError;
     std::vector<bool> shown;
@@ -57,7 +57,7 @@ TEST_F(SettingsViewLoginItemTest, a_failure_is_shown_in_an_alert_and_the_toggle_
         [&](const FormModel& form) { shown.push_back(controlOf<FormToggle>(form, "launchAtLogin").isOn); });
     toggle().set(true);
     EXPECT_EQ(alerts.errorsShown, std::vector{kError});
-    EXPECT_EQ(shown, std::vector{false}) << "the control stands on what the user chose and must be told";
+    EXPECT_EQ(shown, std::vector{false}) << "the control shows the user's choice and must be reset";
 }
 
 TEST_F(SettingsViewLoginItemTest, a_failure_to_unregister_leaves_it_on)
@@ -78,7 +78,7 @@ TEST_F(SettingsViewLoginItemTest, a_registration_that_waits_for_approval_shows_a
     EXPECT_TRUE(alerts.errorsShown.empty());
 }
 
-TEST_F(SettingsViewLoginItemTest, while_the_change_is_under_way_it_shows_what_the_user_chose)
+TEST_F(SettingsViewLoginItemTest, during_the_change_it_shows_the_user_s_choice)
 {
     std::vector<bool> shown;
     loginItems.whileChanging = [&] { shown.push_back(toggle().isOn); };
@@ -92,7 +92,7 @@ TEST_F(SettingsViewLoginItemTest, in_a_bundle_it_is_enabled_without_a_footer)
     EXPECT_EQ(section("general").footer, "");
 }
 
-TEST_F(SettingsViewLoginItemTest, outside_a_bundle_it_is_disabled_and_the_footer_says_why)
+TEST_F(SettingsViewLoginItemTest, outside_a_bundle_it_is_disabled_and_the_footer_gives_the_reason)
 {
     bundle.bundlePath = "/build/bin";
     loginItems.currentStatus = LoginItemStatus::enabled;
@@ -102,7 +102,7 @@ TEST_F(SettingsViewLoginItemTest, outside_a_bundle_it_is_disabled_and_the_footer
     EXPECT_EQ(section("general").footer, "Launch at login is available when running from Haloric.app.");
 }
 
-TEST_F(SettingsViewLoginItemTest, outside_a_bundle_a_host_that_sets_it_all_the_same_changes_nothing)
+TEST_F(SettingsViewLoginItemTest, outside_a_bundle_setting_it_changes_nothing)
 {
     bundle.bundlePath = "/build/bin";
     toggle().set(true);
@@ -110,7 +110,7 @@ TEST_F(SettingsViewLoginItemTest, outside_a_bundle_a_host_that_sets_it_all_the_s
     EXPECT_TRUE(loginItems.changes.empty());
 }
 
-TEST_F(SettingsViewLoginItemTest, the_view_may_go_while_its_alert_is_up)
+TEST_F(SettingsViewLoginItemTest, the_view_may_be_destroyed_while_its_alert_is_shown)
 {
     alerts.whileErrorShown = [this] { view.reset(); };
     loginItems.error = kError;

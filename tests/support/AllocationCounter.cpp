@@ -25,7 +25,7 @@ void* countedAllocation(std::size_t size) noexcept
 
 } // namespace
 
-// The forms for arrays call these, those for overaligned types are left alone. Where a sanitizer brings forms of its
+// The forms for arrays call these, those for overaligned types are not replaced. Where a sanitizer brings forms of its
 // own, what is not replaced here would not fit what is.
 void* operator new(std::size_t size)
 {

@@ -13,7 +13,7 @@ public:
     std::optional<std::string> chosenPath; // absent: the user cancels
     std::vector<AboutPanel> aboutPanels;
     std::vector<OpenPanel> openPanels;
-    Task whileAboutShown; // runs when the about panel comes to the front
+    Task whileAboutShown; // runs when the about panel is ordered front
     Task whileOpen;       // runs while the open panel is up
 
     void orderFrontStandardAboutPanel(const AboutPanel& panel) override

@@ -38,7 +38,7 @@ public:
         return std::make_unique<Item>(*this, items.back());
     }
 
-    // The only item's menu, as a user sees it who opens it now.
+    // The only item's menu, as shown if it is opened now.
     const MenuModel& opened() const
     {
         items.at(0)->delegate->menuNeedsUpdate();

@@ -1,4 +1,4 @@
-// A window of the fake toolkit: what was asked of it, and what it believes about itself.
+// A window of the fake toolkit: the calls and its own state.
 #pragma once
 
 #include "platform/ToolkitWindow.h"
@@ -9,7 +9,7 @@
 
 namespace haloric {
 
-// Outlives the window itself, so that a test can look at windows that are gone.
+// Outlives the window itself, so that a test can inspect destroyed windows.
 struct FakeToolkitWindow {
     ToolkitWindowConfiguration configuration;
     const ToolkitWindowDelegate* delegate = nullptr;
@@ -22,7 +22,7 @@ struct FakeToolkitWindow {
     // "setFrame", "setFrameOrigin", "orderFront", "orderOut", "setContentView", "display", "display parts", in order.
     std::vector<std::string> calls;
     std::vector<std::vector<Rect>> displayedParts; // of each "display parts"
-    bool displayedBySetFrame = false;              // whether any setFrame asked for redisplay
+    bool displayedBySetFrame = false;              // whether any setFrame requested redisplay
 
     std::size_t count(const std::string& call) const
     {

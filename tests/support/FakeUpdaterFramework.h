@@ -1,4 +1,4 @@
-// An update framework that counts what is asked of it.
+// An update framework that counts its calls.
 #pragma once
 
 #include "platform/UpdaterFramework.h"

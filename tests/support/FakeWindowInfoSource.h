@@ -31,7 +31,7 @@ public:
         return info;
     }
 
-    // A question about one window gets that window alone, or an empty list.
+    // A query for one window returns only that window, or an empty list.
     std::optional<std::vector<WindowInfo>> copyWindowInfo(WindowListOptions options, WindowNumber relativeTo) override
     {
         calls.push_back({options, relativeTo});

@@ -1,4 +1,4 @@
-// A thread that is waited for when it goes. The library's own kind is missing on macOS.
+// A thread whose destructor joins it. The standard library's is missing on macOS.
 #pragma once
 
 #include <thread>

@@ -25,7 +25,7 @@ public:
 
     std::string address(const std::string& path = "/") const;
 
-    // What was asked for, head lines included, in order.
+    // The requests, head lines included, in order.
     std::vector<std::string> requests() const;
 
     enum class Ending {

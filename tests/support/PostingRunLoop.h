@@ -26,7 +26,7 @@ public:
         m_changed.notify_one();
     }
 
-    // Runs what is posted, waiting for it where needed, until `done` says so.
+    // Runs posted tasks, and waits for them if needed, until `done` returns true.
     template <class Condition>
     void runUntil(Condition done)
     {

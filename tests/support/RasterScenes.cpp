@@ -22,7 +22,7 @@ Settings settingsWith(unsigned layers)
     settings.glowEnabled = layers & glow;
     settings.tintEnabled = layers & tint;
     settings.borderEnabled = layers & border;
-    settings.glowColor = {false, {0.6, 0.2, 1, 1}}; // not the border's, so that the layers can be told apart
+    settings.glowColor = {false, {0.6, 0.2, 1, 1}}; // not the border's, so that the layers can be distinguished
     settings.tintColor = {false, {0.1, 0.8, 0.4, 1}};
     return settings;
 }

@@ -3,26 +3,26 @@
 namespace haloric {
 namespace {
 
-TEST(Geometry, flipping_a_rectangle_keeps_x_and_size_and_mirrors_y)
+TEST(GeometryTest, flipping_a_rectangle_keeps_x_and_size_and_mirrors_y)
 {
     EXPECT_EQ(flippedVertically({10, 20, 300, 200}, 1080), (Rect{10, 860, 300, 200}));
 }
 
-TEST(Geometry, flipping_twice_gives_the_rectangle_back)
+TEST(GeometryTest, flipping_twice_gives_the_rectangle_back)
 {
     const Rect rect{-12.5, 33, 640, 480};
     EXPECT_EQ(flippedVertically(flippedVertically(rect, 900), 900), rect);
 }
 
-TEST(Geometry, rectangles_that_only_touch_share_no_area)
+TEST(GeometryTest, rectangles_that_only_touch_share_no_area)
 {
     EXPECT_EQ(intersectionArea({0, 0, 10, 10}, {10, 0, 10, 10}), 0);
     EXPECT_FALSE(intersects({0, 0, 10, 10}, {10, 0, 10, 10}));
 }
 
-TEST(Geometry, the_shared_area_is_measured) { EXPECT_EQ(intersectionArea({0, 0, 10, 10}, {6, 7, 10, 10}), 12); }
+TEST(GeometryTest, the_shared_area_is_measured) { EXPECT_EQ(intersectionArea({0, 0, 10, 10}, {6, 7, 10, 10}), 12); }
 
-TEST(Geometry, a_negative_inset_grows_the_rectangle_on_every_side)
+TEST(GeometryTest, a_negative_inset_grows_the_rectangle_on_every_side)
 {
     EXPECT_EQ((Rect{10, 10, 20, 20}.insetBy(-4)), (Rect{6, 6, 28, 28}));
 }

@@ -5,7 +5,7 @@
 namespace haloric {
 namespace {
 
-TEST(Publisher, delivers_in_the_order_of_subscription)
+TEST(PublisherTest, delivers_in_the_order_of_subscription)
 {
     Publisher<int> publisher;
     std::vector<int> heard;
@@ -15,7 +15,7 @@ TEST(Publisher, delivers_in_the_order_of_subscription)
     EXPECT_EQ(heard, (std::vector{7, 70}));
 }
 
-TEST(Publisher, a_cancelled_handler_hears_nothing_even_when_cancelled_during_the_delivery)
+TEST(PublisherTest, a_cancelled_handler_is_not_called_even_when_cancelled_during_the_delivery)
 {
     Publisher<> publisher;
     int heard = 0;
@@ -26,7 +26,7 @@ TEST(Publisher, a_cancelled_handler_hears_nothing_even_when_cancelled_during_the
     EXPECT_EQ(heard, 0);
 }
 
-TEST(Publisher, a_handler_may_cancel_itself_while_it_runs)
+TEST(PublisherTest, a_handler_may_cancel_itself_while_it_runs)
 {
     Publisher<> publisher;
     int heard = 0;
@@ -41,7 +41,7 @@ TEST(Publisher, a_handler_may_cancel_itself_while_it_runs)
     EXPECT_EQ(publisher.subscriberCount(), 0U);
 }
 
-TEST(Publisher, a_handler_that_subscribes_during_a_delivery_hears_of_the_next_one)
+TEST(PublisherTest, a_handler_that_subscribes_during_a_delivery_is_called_by_the_next_one)
 {
     Publisher<> publisher;
     int late = 0;
@@ -56,7 +56,7 @@ TEST(Publisher, a_handler_that_subscribes_during_a_delivery_hears_of_the_next_on
     EXPECT_EQ(late, 1);
 }
 
-TEST(Publisher, a_subscription_may_outlive_its_publisher)
+TEST(PublisherTest, a_subscription_may_outlive_its_publisher)
 {
     Subscription subscription;
     {

@@ -3,7 +3,7 @@
 namespace haloric {
 namespace {
 
-TEST(Subscription, cancels_when_it_is_destroyed)
+TEST(SubscriptionTest, cancels_when_it_is_destroyed)
 {
     int cancelled = 0;
     {
@@ -13,7 +13,7 @@ TEST(Subscription, cancels_when_it_is_destroyed)
     EXPECT_EQ(cancelled, 1);
 }
 
-TEST(Subscription, cancels_once_when_it_is_reset_and_then_destroyed)
+TEST(SubscriptionTest, cancels_once_when_it_is_reset_and_then_destroyed)
 {
     int cancelled = 0;
     {
@@ -24,7 +24,7 @@ TEST(Subscription, cancels_once_when_it_is_reset_and_then_destroyed)
     EXPECT_EQ(cancelled, 1);
 }
 
-TEST(Subscription, moving_hands_the_duty_over)
+TEST(SubscriptionTest, moving_hands_the_duty_over)
 {
     int cancelled = 0;
     Subscription first([&] { ++cancelled; });
@@ -36,7 +36,7 @@ TEST(Subscription, moving_hands_the_duty_over)
     EXPECT_EQ(cancelled, 1);
 }
 
-TEST(Subscription, assignment_cancels_what_was_held_before)
+TEST(SubscriptionTest, assignment_cancels_what_was_held_before)
 {
     int firstCancelled = 0;
     int secondCancelled = 0;

@@ -64,7 +64,7 @@ TEST_F(WeakAnchorTest, arguments_are_handed_on_as_they_are)
     EXPECT_EQ(seen, 9);
 }
 
-TEST_F(WeakAnchorTest, a_callback_does_nothing_once_the_object_is_gone)
+TEST_F(WeakAnchorTest, a_callback_does_nothing_once_the_object_is_destroyed)
 {
     bool called = false;
     const Task task = owner->anchor.bind([&called](Owner&) { called = true; });

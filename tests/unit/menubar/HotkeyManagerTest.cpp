@@ -108,7 +108,7 @@ TEST_F(HotkeyManagerTest, a_press_without_a_trigger_is_consumed_as_well)
     EXPECT_EQ(hotkeys.press(), std::vector<std::int32_t>{0});
 }
 
-TEST_F(HotkeyManagerTest, a_press_after_the_manager_is_gone_is_consumed_and_triggers_nothing)
+TEST_F(HotkeyManagerTest, a_press_after_the_manager_is_destroyed_is_consumed_and_triggers_nothing)
 {
     manager->enable();
     manager.reset();
@@ -153,7 +153,7 @@ TEST_F(HotkeyManagerTest, a_combination_that_has_become_free_is_registered_with_
     EXPECT_EQ(hotkeys.handlerCount(), 0U);
 }
 
-TEST_F(HotkeyManagerTest, a_handler_that_is_refused_leaves_the_hotkey_alone_to_take_back)
+TEST_F(HotkeyManagerTest, with_a_refused_handler_only_the_hotkey_is_unregistered)
 {
     hotkeys.refusesHandlers = true;
     manager->enable();

@@ -10,7 +10,7 @@ using Recording = RecordingCanvas;
 
 const Color kBlack{0, 0, 0, 1};
 
-TEST(MenuBarIcon, is_a_flipped_template_of_18_by_18_points)
+TEST(MenuBarIconTest, is_a_flipped_template_of_18_by_18_points)
 {
     const DrawnImage icon = MenuBarIcon::make();
     EXPECT_EQ(icon.size, (Size{18, 18}));
@@ -18,7 +18,7 @@ TEST(MenuBarIcon, is_a_flipped_template_of_18_by_18_points)
     EXPECT_TRUE(icon.isFlipped);
 }
 
-TEST(MenuBarIcon, is_four_corner_brackets_around_a_small_window)
+TEST(MenuBarIconTest, is_four_corner_brackets_around_a_small_window)
 {
     RecordingCanvas canvas;
     MenuBarIcon::make().draw(canvas, {});

@@ -8,9 +8,9 @@
 namespace haloric {
 namespace {
 
-class MenuPictures : public testing::TestWithParam<double> {};
+class MenuPicturesTest : public testing::TestWithParam<double> {};
 
-// As the platform has it in its light and its dark appearance.
+// The colours of macOS in its light and its dark appearance.
 const SystemColors kLight{.separator = {0, 0, 0, 0.1}};
 const SystemColors kDark{.separator = {1, 1, 1, 0.1}};
 
@@ -29,25 +29,25 @@ Picture swatches(double scale, const SystemColors& colors)
     return row;
 }
 
-TEST_P(MenuPictures, the_icon_looks_as_it_was_kept)
+TEST_P(MenuPicturesTest, the_icon_equals_the_kept_picture)
 {
     Picture icon = ImageRaster::render(MenuBarIcon::make(), GetParam(), {});
     GoldenPictures::compare(GoldenPictures::scaled("menu-bar-icon", GetParam()), icon);
 }
 
-TEST_P(MenuPictures, swatches_look_as_they_were_kept_in_a_light_menu)
+TEST_P(MenuPicturesTest, swatches_in_a_light_menu_equal_the_kept_picture)
 {
     Picture row = swatches(GetParam(), kLight);
     GoldenPictures::compare(GoldenPictures::scaled("swatches-light", GetParam()), row);
 }
 
-TEST_P(MenuPictures, swatches_look_as_they_were_kept_in_a_dark_menu)
+TEST_P(MenuPicturesTest, swatches_in_a_dark_menu_equal_the_kept_picture)
 {
     Picture row = swatches(GetParam(), kDark);
     GoldenPictures::compare(GoldenPictures::scaled("swatches-dark", GetParam()), row);
 }
 
-INSTANTIATE_TEST_SUITE_P(Scales, MenuPictures, testing::Values(1.0, 2.0));
+INSTANTIATE_TEST_SUITE_P(Scales, MenuPicturesTest, testing::Values(1.0, 2.0));
 
 } // namespace
 } // namespace haloric

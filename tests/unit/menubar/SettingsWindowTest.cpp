@@ -9,7 +9,7 @@ protected:
     SettingsWindowTest() { make(); }
 };
 
-TEST_F(SettingsWindowTest, there_is_none_until_it_is_opened)
+TEST_F(SettingsWindowTest, it_is_not_made_until_it_is_opened)
 {
     runLoop.runPosted();
     EXPECT_TRUE(formWindows.windows.empty());
@@ -22,7 +22,7 @@ TEST_F(SettingsWindowTest, it_has_its_title_style_and_size_and_is_not_released_w
     EXPECT_FALSE(window().form.sections.empty());
 }
 
-TEST_F(SettingsWindowTest, it_is_made_and_centred_and_comes_to_the_front_after_the_application)
+TEST_F(SettingsWindowTest, it_is_made_and_centred_and_ordered_front_after_the_application)
 {
     int activationsBeforeMaking = -1;
     int activationsBefore = 0;
@@ -67,7 +67,7 @@ TEST_F(SettingsWindowTest, its_login_switch_begins_with_the_state_in_force)
     EXPECT_TRUE(toggle("Launch at login").isOn);
 }
 
-TEST_F(SettingsWindowTest, it_goes_with_its_controller)
+TEST_F(SettingsWindowTest, it_is_destroyed_with_its_controller)
 {
     controller->openSettings();
     controller.reset();

@@ -21,7 +21,7 @@ TEST_F(StatusBarControllerTest, the_item_is_square_with_an_icon_a_tooltip_and_th
     EXPECT_EQ(item().delegate, controller.get());
 }
 
-TEST_F(StatusBarControllerTest, an_item_without_a_button_gets_the_menu_alone)
+TEST_F(StatusBarControllerTest, an_item_without_a_button_gets_only_the_menu)
 {
     statusItems.haveButtons = false;
     make();
@@ -82,7 +82,7 @@ TEST_F(StatusBarControllerTest, opening_the_menu_brings_it_up_to_date)
     EXPECT_FALSE(SimMenuSearch::find(item().menu->items, "Border")->isOn);
 }
 
-TEST_F(StatusBarControllerTest, each_toggle_inverts_its_field_alone_and_saves_the_record)
+TEST_F(StatusBarControllerTest, each_toggle_inverts_only_its_field_and_saves_the_record)
 {
     make();
     const std::vector<std::pair<const char*, bool Settings::*>> toggles{
@@ -152,7 +152,7 @@ TEST_F(StatusBarControllerTest, a_login_item_that_cannot_be_changed_is_an_alert_
     EXPECT_FALSE(SimMenuSearch::find(controller->menu().items, "Launch at Login")->isOn);
 }
 
-TEST_F(StatusBarControllerTest, a_registration_that_waits_for_approval_is_asked_for_again)
+TEST_F(StatusBarControllerTest, a_registration_that_waits_for_approval_is_requested_again)
 {
     loginItems.currentStatus = LoginItemStatus::requiresApproval;
     make();
@@ -171,7 +171,7 @@ TEST_F(StatusBarControllerTest, the_grant_prompts_and_opens_the_settings_of_the_
     EXPECT_TRUE(alerts.shown.empty());
 }
 
-TEST_F(StatusBarControllerTest, about_comes_to_the_front_after_the_application_with_the_versions_of_the_bundle)
+TEST_F(StatusBarControllerTest, about_is_ordered_front_after_the_application_with_the_versions_of_the_bundle)
 {
     int activationsBefore = 0;
     panels.whileAboutShown = [&] { activationsBefore = application.activations; };
@@ -198,7 +198,7 @@ TEST_F(StatusBarControllerTest, versions_that_are_missing_or_no_text_have_substi
     }
 }
 
-TEST_F(StatusBarControllerTest, checking_for_updates_asks_the_updater)
+TEST_F(StatusBarControllerTest, checking_for_updates_calls_the_updater)
 {
     bundle.info["SUFeedURL"] = "https://example.org/appcast.xml";
     make();
@@ -213,7 +213,7 @@ TEST_F(StatusBarControllerTest, quit_terminates_the_application)
     EXPECT_TRUE(application.terminated);
 }
 
-TEST_F(StatusBarControllerTest, nothing_reaches_a_controller_that_is_gone)
+TEST_F(StatusBarControllerTest, nothing_reaches_a_destroyed_controller)
 {
     make();
     const MenuModel kept = controller->menu();

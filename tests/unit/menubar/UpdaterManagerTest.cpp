@@ -65,7 +65,7 @@ TEST_F(UpdaterManagerTest, the_gate_passes_a_check_on_to_the_updater)
     EXPECT_EQ(framework.checks, 1);
 }
 
-TEST_F(UpdaterManagerTest, the_manager_alone_keeps_the_updater)
+TEST_F(UpdaterManagerTest, only_the_manager_owns_the_updater)
 {
     {
         const UpdaterManager manager(bundle, framework);
@@ -74,7 +74,7 @@ TEST_F(UpdaterManagerTest, the_manager_alone_keeps_the_updater)
     EXPECT_TRUE(framework.made.front().controller.expired());
 }
 
-TEST(UpdaterGate, a_check_after_the_updater_has_gone_does_nothing)
+TEST(UpdaterGateTest, a_check_after_the_updater_is_destroyed_does_nothing)
 {
     FakeUpdaterFramework framework;
     UpdaterGate gate;

@@ -39,16 +39,16 @@ protected:
     AppDimView view;
 };
 
-TEST(AppDimView, starts_with_the_default_settings_and_no_windows)
+TEST_F(AppDimViewTest, starts_with_the_default_settings_and_no_windows)
 {
-    const AppDimView view;
-    EXPECT_EQ(view.settings, Settings());
-    EXPECT_TRUE(view.windows.empty());
-    EXPECT_FALSE(view.isOpaque());
-    EXPECT_FALSE(view.isFlipped());
+    const AppDimView fresh;
+    EXPECT_EQ(fresh.settings, Settings());
+    EXPECT_TRUE(fresh.windows.empty());
+    EXPECT_FALSE(fresh.isOpaque());
+    EXPECT_FALSE(fresh.isFlipped());
 }
 
-TEST(AppDimView, windows_are_equal_when_rectangle_and_dimming_are)
+TEST_F(AppDimViewTest, windows_are_equal_when_rectangle_and_dimming_are)
 {
     const AppDimView::Window window{{1, 2, 3, 4}, true};
     EXPECT_EQ(window, (AppDimView::Window{{1, 2, 3, 4}, true}));

@@ -32,13 +32,13 @@ protected:
     DimView view;
 };
 
-TEST(DimView, starts_with_the_default_settings_and_no_hole)
+TEST_F(DimViewTest, starts_with_the_default_settings_and_no_hole)
 {
-    const DimView view;
-    EXPECT_EQ(view.settings, Settings());
-    EXPECT_FALSE(view.holeRect.has_value());
-    EXPECT_FALSE(view.isOpaque());
-    EXPECT_FALSE(view.isFlipped());
+    const DimView fresh;
+    EXPECT_EQ(fresh.settings, Settings());
+    EXPECT_FALSE(fresh.holeRect.has_value());
+    EXPECT_FALSE(fresh.isOpaque());
+    EXPECT_FALSE(fresh.isFlipped());
 }
 
 TEST_F(DimViewTest, draws_nothing_when_dimming_is_off)

@@ -1,4 +1,4 @@
-// Whether recorded drawing can colour a point: geometry alone, apart from any rasteriser.
+// Whether recorded drawing can colour a point: by geometry only, without a rasteriser.
 #pragma once
 
 #include "drawing/RecordingCanvas.h"

@@ -22,7 +22,7 @@ double areaOf(const std::vector<Rect>& rects)
     return sum;
 }
 
-TEST(HighlightViewArea, every_point_that_is_drawn_lies_in_the_painted_area)
+TEST(HighlightViewAreaTest, every_point_that_is_drawn_lies_in_the_painted_area)
 {
     RandomHighlightViews random;
     int drawn = 0;
@@ -44,7 +44,7 @@ TEST(HighlightViewArea, every_point_that_is_drawn_lies_in_the_painted_area)
     EXPECT_GT(drawn, 10'000);
 }
 
-TEST(HighlightViewArea, every_point_of_two_pulse_rings_lies_in_the_damage_between_them)
+TEST(HighlightViewAreaTest, every_point_of_two_pulse_rings_lies_in_the_damage_between_them)
 {
     RandomHighlightViews random;
     int drawn = 0;
@@ -79,7 +79,7 @@ HighlightView ordinaryView()
     return view;
 }
 
-TEST(HighlightViewArea, the_interior_of_the_window_is_never_painted)
+TEST(HighlightViewAreaTest, the_interior_of_the_window_is_never_painted)
 {
     HighlightView view = ordinaryView();
     const std::vector<Rect> area = view.paintedArea({0, 0, 880, 680});
@@ -94,7 +94,7 @@ TEST(HighlightViewArea, the_interior_of_the_window_is_never_painted)
     EXPECT_FALSE(coveredBy(view.paintedArea({}), {440, 340}));
 }
 
-TEST(HighlightViewArea, the_area_reaches_as_far_as_glow_and_pulse_do)
+TEST(HighlightViewAreaTest, the_area_reaches_as_far_as_glow_and_pulse_do)
 {
     HighlightView view = ordinaryView();
     const auto outermost = [&view] {
@@ -111,7 +111,7 @@ TEST(HighlightViewArea, the_area_reaches_as_far_as_glow_and_pulse_do)
     EXPECT_EQ(outermost(), 1);
 }
 
-TEST(HighlightViewArea, the_area_stays_the_same_during_a_pulse)
+TEST(HighlightViewAreaTest, the_area_stays_the_same_during_a_pulse)
 {
     HighlightView view = ordinaryView();
     const std::vector<Rect> before = view.paintedArea({});
@@ -119,7 +119,7 @@ TEST(HighlightViewArea, the_area_stays_the_same_during_a_pulse)
     EXPECT_EQ(view.paintedArea({}), before);
 }
 
-TEST(HighlightViewArea, nothing_to_draw_has_no_area)
+TEST(HighlightViewAreaTest, nothing_to_draw_has_no_area)
 {
     HighlightView view = ordinaryView();
     view.windowRect.width = 0;
@@ -133,7 +133,7 @@ TEST(HighlightViewArea, nothing_to_draw_has_no_area)
     EXPECT_TRUE(view.paintedArea({}).empty());
 }
 
-TEST(HighlightViewArea, a_step_of_the_pulse_damages_little)
+TEST(HighlightViewAreaTest, a_step_of_the_pulse_damages_little)
 {
     const HighlightView view = ordinaryView();
     const double full = 864.0 * 664.0;
@@ -141,7 +141,7 @@ TEST(HighlightViewArea, a_step_of_the_pulse_damages_little)
     EXPECT_EQ(view.pulseDamage(0.5, 0.53).size(), 8U);
 }
 
-TEST(HighlightViewArea, bars_alone_would_leave_the_corners_of_the_ring_behind)
+TEST(HighlightViewAreaTest, bars_only_would_leave_the_corners_of_the_ring_behind)
 {
     HighlightView view = ordinaryView();
     view.settings.borderEnabled = false;
@@ -159,7 +159,7 @@ TEST(HighlightViewArea, bars_alone_would_leave_the_corners_of_the_ring_behind)
     EXPECT_TRUE(coveredBy(damage, corner));
 }
 
-TEST(HighlightViewArea, without_a_ring_before_or_after_nothing_is_damaged)
+TEST(HighlightViewAreaTest, without_a_ring_before_or_after_nothing_is_damaged)
 {
     HighlightView view = ordinaryView();
     EXPECT_TRUE(view.pulseDamage(0, 0).empty());

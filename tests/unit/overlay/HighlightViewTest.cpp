@@ -8,15 +8,15 @@ namespace {
 
 using HighlightViewTest = HighlightViewFixture;
 
-TEST(HighlightView, starts_with_the_default_settings_and_nothing_to_draw)
+TEST_F(HighlightViewTest, starts_with_the_default_settings_and_nothing_to_draw)
 {
-    const HighlightView view;
-    EXPECT_EQ(view.settings, Settings());
-    EXPECT_EQ(view.windowRect, Rect());
-    EXPECT_FALSE(view.tintHeight.has_value());
-    EXPECT_EQ(view.pulseProgress, 0);
-    EXPECT_FALSE(view.isOpaque());
-    EXPECT_FALSE(view.isFlipped());
+    const HighlightView fresh;
+    EXPECT_EQ(fresh.settings, Settings());
+    EXPECT_EQ(fresh.windowRect, Rect());
+    EXPECT_FALSE(fresh.tintHeight.has_value());
+    EXPECT_EQ(fresh.pulseProgress, 0);
+    EXPECT_FALSE(fresh.isOpaque());
+    EXPECT_FALSE(fresh.isFlipped());
 }
 
 TEST_F(HighlightViewTest, without_effects_nothing_is_drawn) { EXPECT_TRUE(draw().empty()); }
@@ -106,7 +106,7 @@ TEST_F(HighlightViewTest, without_a_height_there_is_no_tint)
     EXPECT_TRUE(draw().empty());
 }
 
-TEST_F(HighlightViewTest, each_effect_has_the_accent_or_a_colour_of_its_own)
+TEST_F(HighlightViewTest, each_effect_has_the_accent_or_its_custom_colour)
 {
     view.settings.borderEnabled = true;
     view.settings.glowEnabled = true;
@@ -147,7 +147,7 @@ TEST_F(HighlightViewTest, glow_tint_border_and_pulse_follow_each_other_and_only_
     EXPECT_TRUE(drawings[3].state.clips.empty());
 }
 
-TEST_F(HighlightViewTest, a_negative_corner_radius_counts_as_none)
+TEST_F(HighlightViewTest, a_negative_corner_radius_counts_as_zero)
 {
     view.settings.glowEnabled = true;
     view.settings.tintEnabled = true;

@@ -1,4 +1,4 @@
-// A pass without a change must not allocate: the tracker asks for one at display rate.
+// A pass without a change must not allocate: the tracker causes one at display rate.
 #include "unit/overlay/OverlayControllerFixture.h"
 
 #include "support/AllocationCounter.h"
@@ -28,13 +28,13 @@ TEST_F(LayoutAllocationTest, a_pass_that_reads_the_window_list_is_seen_to_alloca
     EXPECT_GT(allocationsOf(focused()), 0U);
 }
 
-TEST_F(LayoutAllocationTest, a_pass_for_the_highlight_alone_costs_none)
+TEST_F(LayoutAllocationTest, a_pass_for_only_the_highlight_does_not_allocate)
 {
     controller->setState(focused());
     EXPECT_EQ(allocationsOf(focused()), 0U);
 }
 
-TEST_F(LayoutAllocationTest, a_pass_with_every_window_dimmed_costs_none_even_when_the_hole_moves)
+TEST_F(LayoutAllocationTest, a_pass_with_every_window_dimmed_does_not_allocate_even_when_the_hole_moves)
 {
     edit([](Settings& s) { s.dimEnabled = true; });
     controller->setState(focused());
@@ -42,7 +42,7 @@ TEST_F(LayoutAllocationTest, a_pass_with_every_window_dimmed_costs_none_even_whe
     EXPECT_EQ(allocationsOf(focused({100, 100, 310, 200})), 0U);
 }
 
-TEST_F(LayoutAllocationTest, a_pass_with_applications_dimmed_costs_none_while_the_window_list_is_young)
+TEST_F(LayoutAllocationTest, a_pass_with_applications_dimmed_does_not_allocate_while_the_window_list_is_reused)
 {
     edit([](Settings& s) {
         s.dimEnabled = true;
@@ -54,7 +54,7 @@ TEST_F(LayoutAllocationTest, a_pass_with_applications_dimmed_costs_none_while_th
     EXPECT_EQ(allocationsOf(focused()), 0U);
 }
 
-TEST_F(LayoutAllocationTest, a_pass_that_hides_everything_costs_none)
+TEST_F(LayoutAllocationTest, a_pass_that_hides_everything_does_not_allocate)
 {
     controller->setState(FocusState::blank());
     EXPECT_EQ(allocationsOf(FocusState::blank()), 0U);

@@ -30,7 +30,7 @@ protected:
 
     const Items& items(std::size_t screen = 0) const { return controller->appDimViews()[screen]->windows; }
 
-    // How the entry of the focused application's window is dimmed, when the list tells `rect` for it.
+    // How the entry of the focused application's window is dimmed, when the list has `rect` for it.
     AppDimView::Window focusedItem(const Rect& rect, std::uint32_t listedID, ProcessID owner, std::uint64_t stateID)
     {
         windowInfo.windows = {listed(listedID, owner, rect)};
@@ -60,7 +60,7 @@ TEST_F(OverlayControllerAppDimTest, an_entry_without_an_identifier_is_never_dimm
     EXPECT_EQ(items(), (Items{{kSelectedRect, false}, {kFocused, false}}));
 }
 
-TEST_F(OverlayControllerAppDimTest, the_focused_window_is_told_by_its_number)
+TEST_F(OverlayControllerAppDimTest, the_focused_window_is_identified_by_its_number)
 {
     const Rect elsewhere{10, 10, 50, 50};
     EXPECT_EQ(focusedItem(elsewhere, 42, kSelectedPID, 42), (AppDimView::Window{kFocused, false}));
@@ -104,7 +104,7 @@ TEST_F(OverlayControllerAppDimTest, a_window_list_younger_than_a_tenth_of_a_seco
 
 TEST_F(OverlayControllerAppDimTest, a_window_list_of_exactly_a_tenth_of_a_second_is_too_old)
 {
-    runLoop.setWallClockOrigin(Seconds(0)); // so that the clock tells this instant without rounding
+    runLoop.setWallClockOrigin(Seconds(0)); // so that this instant is represented exactly
     controller->setState(focused());
     runLoop.runFor(Seconds(0.099999));
     controller->setState(focused(kFocused.translatedBy(1, 0)));
@@ -164,11 +164,11 @@ TEST_F(OverlayControllerAppDimTest, hiding_ends_the_timer_and_forgets_the_list)
     EXPECT_EQ(listReadings(), 1U);
     controller->setState(focused());
     controller->setState(FocusState::blank());
-    controller->setState(focused()); // at once, and still read afresh
+    controller->setState(focused()); // at once, and the list is still read again
     EXPECT_EQ(listReadings(), 3U);
 }
 
-TEST_F(OverlayControllerAppDimTest, windows_without_a_screen_are_left_alone)
+TEST_F(OverlayControllerAppDimTest, windows_without_a_screen_are_left_unchanged)
 {
     controller->setState(focused());
     screens.set({kPrimary});

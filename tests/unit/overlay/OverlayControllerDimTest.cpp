@@ -101,7 +101,7 @@ TEST_F(OverlayControllerDimTest, the_scopes_replace_each_other)
     EXPECT_FALSE(controller->appDimTimerRunning());
 }
 
-TEST_F(OverlayControllerDimTest, windows_without_a_screen_are_left_alone)
+TEST_F(OverlayControllerDimTest, windows_without_a_screen_are_left_unchanged)
 {
     controller->setState(focused());
     screens.set({kPrimary}); // not announced yet

@@ -1,4 +1,4 @@
-// What the controller hears from outside: screens, Spaces, settings, the screenshot interface.
+// Events from outside: screens, Spaces, settings, the screenshot interface.
 #include "unit/overlay/OverlayControllerFixture.h"
 
 namespace haloric {
@@ -154,7 +154,7 @@ TEST_F(OverlayControllerEventsTest, the_screenshot_interface_ends_per_applicatio
     EXPECT_TRUE(controller->appDimTimerRunning());
 }
 
-TEST_F(OverlayControllerEventsTest, nothing_reaches_a_controller_that_is_gone)
+TEST_F(OverlayControllerEventsTest, nothing_reaches_a_destroyed_controller)
 {
     edit([](Settings& s) {
         s.dimEnabled = true;

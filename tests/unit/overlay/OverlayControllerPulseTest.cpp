@@ -57,7 +57,7 @@ TEST_F(OverlayControllerPulseTest, redraws_what_changed_between_two_steps)
     ASSERT_EQ(highlight()->displayedParts.size(), 2U);
     const double second = progress();
     EXPECT_FALSE(highlight()->displayedParts[1].empty());
-    // The steps are whole nanoseconds, so that the first is known only nearly.
+    // The steps are whole nanoseconds, so that the first is only approximate.
     const auto expected = view.pulseDamage(second / 2, second);
     ASSERT_EQ(highlight()->displayedParts[1].size(), expected.size());
     EXPECT_NEAR(highlight()->displayedParts[1][0].height, expected[0].height, 1e-4);
@@ -106,7 +106,7 @@ TEST_F(OverlayControllerPulseTest, a_clock_that_is_set_back_ends_it)
     EXPECT_EQ(progress(), 0);
 }
 
-TEST_F(OverlayControllerPulseTest, does_nothing_once_the_controller_is_gone)
+TEST_F(OverlayControllerPulseTest, does_nothing_after_the_controller_is_destroyed)
 {
     controller->setState(focused());
     controller->pulse();

@@ -97,7 +97,7 @@ TEST_F(OverlayControllerTest, without_any_effect_there_is_no_highlight_and_dimmi
     }
 }
 
-TEST_F(OverlayControllerTest, a_full_screen_window_loses_the_highlight_only_if_the_user_wants_it_and_keeps_dimming)
+TEST_F(OverlayControllerTest, a_full_screen_window_loses_the_highlight_only_if_the_setting_is_on_and_keeps_dimming)
 {
     edit([](Settings& s) { s.dimEnabled = true; });
     controller->setState(focused(kSecondary.frame));
@@ -112,7 +112,7 @@ TEST_F(OverlayControllerTest, a_full_screen_window_loses_the_highlight_only_if_t
     EXPECT_FALSE(highlight()->visible);
 }
 
-TEST_F(OverlayControllerTest, the_tint_has_the_measured_height_or_the_fallback_or_none)
+TEST_F(OverlayControllerTest, the_tint_has_the_measured_height_or_the_fallback_or_is_absent)
 {
     FocusState state = focused();
     state.titleBar = FocusState::TitleBar::height(52);
@@ -179,7 +179,7 @@ TEST_F(OverlayControllerTest, the_wish_to_order_survives_while_the_highlight_is_
     EXPECT_EQ(highlight()->calls, Calls{"orderFront"}); // nothing moved
 }
 
-TEST_F(OverlayControllerTest, a_highlight_that_is_shown_again_goes_through_the_toolkit)
+TEST_F(OverlayControllerTest, a_highlight_that_is_shown_again_is_positioned_by_the_toolkit)
 {
     controller->setState(focused());
     edit([](Settings& s) { s.borderEnabled = s.glowEnabled = s.pulseEnabled = false; });

@@ -16,7 +16,7 @@ TEST_F(OverlayWindowFastPathTest, makes_no_call_when_it_is_there_already)
     EXPECT_EQ(runLoop.pendingEventCount(), 0U);
 }
 
-TEST_F(OverlayWindowFastPathTest, the_bridge_is_not_made_before_a_move_may_go_through_it)
+TEST_F(OverlayWindowFastPathTest, the_bridge_is_not_made_before_a_move_may_use_it)
 {
     window->positionHighlight(kStart, Positioning::synchronizeWithAppKit);
     window->orderFront();
@@ -55,7 +55,7 @@ TEST_F(OverlayWindowFastPathTest, makes_no_call_when_the_server_put_it_there_alr
     EXPECT_EQ(window->serverFrame(), kMoved);
 }
 
-TEST_F(OverlayWindowFastPathTest, a_move_to_another_display_goes_through_the_toolkit)
+TEST_F(OverlayWindowFastPathTest, a_move_to_another_display_is_made_by_the_toolkit)
 {
     show();
     moveTo(kMoved);
@@ -134,7 +134,7 @@ TEST_F(OverlayWindowFastPathTest, without_a_window_number_the_toolkit_moves_it_s
     }
 }
 
-TEST_F(OverlayWindowFastPathTest, a_failed_transaction_ends_the_fast_path_for_good)
+TEST_F(OverlayWindowFastPathTest, a_failed_transaction_ends_the_fast_path_permanently)
 {
     show();
     library.failOnCall("SLSTransactionCreate", 1);

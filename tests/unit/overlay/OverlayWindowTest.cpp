@@ -65,7 +65,7 @@ TEST_F(OverlayWindowTest, a_hidden_window_is_moved_by_the_toolkit)
     EXPECT_EQ(record->frame, kMoved);
 }
 
-TEST_F(OverlayWindowTest, the_toolkit_moves_it_when_asked_to_synchronize)
+TEST_F(OverlayWindowTest, the_toolkit_moves_it_to_synchronize)
 {
     show();
     window->positionHighlight(kMoved, Positioning::synchronizeWithAppKit);
@@ -74,7 +74,7 @@ TEST_F(OverlayWindowTest, the_toolkit_moves_it_when_asked_to_synchronize)
     EXPECT_FALSE(window->serverFrame().has_value());
 }
 
-TEST_F(OverlayWindowTest, a_change_of_size_goes_through_the_toolkit)
+TEST_F(OverlayWindowTest, a_change_of_size_is_made_by_the_toolkit)
 {
     show();
     for (const Rect& target : {Rect{100, 100, 301, 200}, Rect{100, 100, 301, 200.5}}) {
@@ -87,7 +87,7 @@ TEST_F(OverlayWindowTest, a_change_of_size_goes_through_the_toolkit)
     }
 }
 
-TEST_F(OverlayWindowTest, a_toolkit_move_first_tells_the_toolkit_where_the_server_put_it)
+TEST_F(OverlayWindowTest, a_toolkit_move_first_sets_the_frame_that_the_server_has)
 {
     show();
     moveTo(kMoved);
@@ -100,7 +100,7 @@ TEST_F(OverlayWindowTest, a_toolkit_move_first_tells_the_toolkit_where_the_serve
     EXPECT_FALSE(window->serverFrame().has_value());
 }
 
-TEST_F(OverlayWindowTest, synchronizing_in_place_only_tells_the_toolkit)
+TEST_F(OverlayWindowTest, synchronizing_in_place_only_updates_the_toolkit)
 {
     show();
     moveTo(kMoved);
@@ -111,7 +111,7 @@ TEST_F(OverlayWindowTest, synchronizing_in_place_only_tells_the_toolkit)
     EXPECT_FALSE(window->serverFrame().has_value());
 }
 
-TEST_F(OverlayWindowTest, a_toolkit_that_knows_the_place_is_not_told_again)
+TEST_F(OverlayWindowTest, a_toolkit_that_has_the_frame_is_not_updated_again)
 {
     show();
     moveTo(kMoved);

@@ -32,7 +32,7 @@ TEST_F(OverlayWindowVerificationTest, verifies_once_after_fifty_milliseconds)
     EXPECT_EQ(window->serverFrame(), movedBy(9));
 }
 
-TEST_F(OverlayWindowVerificationTest, asks_for_its_own_bounds_by_number)
+TEST_F(OverlayWindowVerificationTest, reads_its_own_bounds_by_number)
 {
     show();
     moveTo(movedBy(5));
@@ -149,7 +149,7 @@ TEST_F(OverlayWindowVerificationTest, is_scheduled_again_by_the_next_move_after_
     EXPECT_TRUE(window->transactionMovesVerified());
 }
 
-TEST_F(OverlayWindowVerificationTest, a_window_that_is_gone_is_not_checked)
+TEST_F(OverlayWindowVerificationTest, a_destroyed_window_is_not_checked)
 {
     show();
     moveTo(movedBy(5));

@@ -4,7 +4,9 @@
 namespace haloric {
 namespace {
 
-TEST_F(ScreenshotHotkeyMonitorTest, escape_reports_false_only_while_active)
+using ScreenshotHotkeyMonitorEndTest = ScreenshotHotkeyMonitorFixture;
+
+TEST_F(ScreenshotHotkeyMonitorEndTest, escape_reports_false_only_while_active)
 {
     monitor->start();
     key(kEscape);
@@ -17,7 +19,7 @@ TEST_F(ScreenshotHotkeyMonitorTest, escape_reports_false_only_while_active)
     EXPECT_EQ(runLoop.armedTimerCount(), 0U);
 }
 
-TEST_F(ScreenshotHotkeyMonitorTest, escape_before_the_report_is_ignored)
+TEST_F(ScreenshotHotkeyMonitorEndTest, escape_before_the_report_is_ignored)
 {
     monitor->start();
     key(kKey4, kCommand | kShift);
@@ -27,7 +29,7 @@ TEST_F(ScreenshotHotkeyMonitorTest, escape_before_the_report_is_ignored)
     EXPECT_TRUE(monitor->active());
 }
 
-TEST_F(ScreenshotHotkeyMonitorTest, a_mouse_up_ends_it_half_a_second_later)
+TEST_F(ScreenshotHotkeyMonitorEndTest, a_mouse_up_ends_it_half_a_second_later)
 {
     monitor->start();
     activate();
@@ -38,7 +40,7 @@ TEST_F(ScreenshotHotkeyMonitorTest, a_mouse_up_ends_it_half_a_second_later)
     EXPECT_EQ(reports, (Reports{true, false}));
 }
 
-TEST_F(ScreenshotHotkeyMonitorTest, the_end_after_a_mouse_up_is_not_taken_back)
+TEST_F(ScreenshotHotkeyMonitorEndTest, the_end_after_a_mouse_up_is_not_taken_back)
 {
     monitor->start();
     activate();
@@ -54,7 +56,7 @@ TEST_F(ScreenshotHotkeyMonitorTest, the_end_after_a_mouse_up_is_not_taken_back)
     EXPECT_EQ(reports, (Reports{true, false, true, false}));
 }
 
-TEST_F(ScreenshotHotkeyMonitorTest, a_mouse_up_before_the_report_is_ignored)
+TEST_F(ScreenshotHotkeyMonitorEndTest, a_mouse_up_before_the_report_is_ignored)
 {
     monitor->start();
     key(kKey4, kCommand | kShift);
@@ -64,7 +66,7 @@ TEST_F(ScreenshotHotkeyMonitorTest, a_mouse_up_before_the_report_is_ignored)
     EXPECT_TRUE(monitor->active());
 }
 
-TEST_F(ScreenshotHotkeyMonitorTest, a_mouse_up_while_inactive_does_nothing)
+TEST_F(ScreenshotHotkeyMonitorEndTest, a_mouse_up_while_inactive_does_nothing)
 {
     monitor->start();
     mouseUp();
@@ -74,7 +76,7 @@ TEST_F(ScreenshotHotkeyMonitorTest, a_mouse_up_while_inactive_does_nothing)
     EXPECT_EQ(reports, Reports{true});
 }
 
-TEST_F(ScreenshotHotkeyMonitorTest, it_ends_by_itself_after_thirty_seconds)
+TEST_F(ScreenshotHotkeyMonitorEndTest, it_ends_by_itself_after_thirty_seconds)
 {
     monitor->start();
     activate();
@@ -86,7 +88,7 @@ TEST_F(ScreenshotHotkeyMonitorTest, it_ends_by_itself_after_thirty_seconds)
     EXPECT_EQ(reports, (Reports{true, false}));
 }
 
-TEST_F(ScreenshotHotkeyMonitorTest, its_state_and_its_time_limit_are_set_before_the_report)
+TEST_F(ScreenshotHotkeyMonitorEndTest, its_state_and_its_time_limit_are_set_before_the_report)
 {
     std::vector<std::size_t> timers;
     monitor->onChange = [&](bool visible) {
@@ -102,7 +104,7 @@ TEST_F(ScreenshotHotkeyMonitorTest, its_state_and_its_time_limit_are_set_before_
     EXPECT_EQ(timers, (std::vector<std::size_t>{1, 0}));
 }
 
-TEST_F(ScreenshotHotkeyMonitorTest, a_repeated_shortcut_takes_the_time_limit_away)
+TEST_F(ScreenshotHotkeyMonitorEndTest, a_repeated_shortcut_takes_the_time_limit_away)
 {
     monitor->start();
     activate();

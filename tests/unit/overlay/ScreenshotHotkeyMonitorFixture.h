@@ -15,7 +15,7 @@
 
 namespace haloric {
 
-class ScreenshotHotkeyMonitorTest : public testing::Test {
+class ScreenshotHotkeyMonitorFixture : public testing::Test {
 protected:
     using Reports = std::vector<bool>;
     using Calls = std::vector<std::string>;
@@ -30,7 +30,7 @@ protected:
     static constexpr std::int64_t kKey5 = 23;
     static constexpr std::int64_t kEscape = 53;
 
-    ScreenshotHotkeyMonitorTest() { makeMonitor(); }
+    ScreenshotHotkeyMonitorFixture() { makeMonitor(); }
 
     void makeMonitor()
     {

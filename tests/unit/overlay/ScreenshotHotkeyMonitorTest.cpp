@@ -1,8 +1,10 @@
-// Which events the monitor of the screenshot shortcuts takes for what.
+// How the monitor of the screenshot shortcuts interprets events.
 #include "unit/overlay/ScreenshotHotkeyMonitorFixture.h"
 
 namespace haloric {
 namespace {
+
+using ScreenshotHotkeyMonitorTest = ScreenshotHotkeyMonitorFixture;
 
 TEST_F(ScreenshotHotkeyMonitorTest, start_installs_one_listening_tap_for_keys_and_left_mouse_ups)
 {
@@ -51,7 +53,7 @@ TEST_F(ScreenshotHotkeyMonitorTest, both_shortcuts_report_true_once)
     }
 }
 
-TEST_F(ScreenshotHotkeyMonitorTest, a_report_never_comes_from_inside_the_event)
+TEST_F(ScreenshotHotkeyMonitorTest, a_report_is_never_made_during_the_event)
 {
     monitor->start();
     key(kKey4, kCommand | kShift);

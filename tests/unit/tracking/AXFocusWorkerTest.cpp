@@ -75,7 +75,7 @@ TEST_F(AXFocusWorkerTest, the_application_element_is_made_once_a_process)
     EXPECT_EQ(accessibility.count("app 7"), 2U);
 }
 
-TEST_F(AXFocusWorkerTest, a_process_without_an_element_has_no_window_and_is_asked_again)
+TEST_F(AXFocusWorkerTest, a_process_without_an_element_has_no_window_and_is_queried_again)
 {
     EXPECT_EQ(worker.query(ProcessID{8}, 0), kNoWindow);
     EXPECT_EQ(worker.query(ProcessID{8}, 0), kNoWindow);
@@ -117,7 +117,7 @@ TEST_F(AXFocusWorkerTest, an_application_that_times_out_on_its_main_window_is_un
     EXPECT_EQ(query(), kUnavailable);
 }
 
-TEST_F(AXFocusWorkerTest, an_application_with_neither_window_has_none)
+TEST_F(AXFocusWorkerTest, an_application_with_neither_window_gives_no_window)
 {
     app->fail("AXFocusedWindow", AXError::noValue);
     app->fail("AXMainWindow", AXError::noValue);
@@ -126,7 +126,7 @@ TEST_F(AXFocusWorkerTest, an_application_with_neither_window_has_none)
     EXPECT_EQ(query(), kNoWindow);
 }
 
-TEST_F(AXFocusWorkerTest, a_focused_window_that_is_no_element_is_none)
+TEST_F(AXFocusWorkerTest, a_focused_window_that_is_not_an_element_gives_no_window)
 {
     app->set("AXMainWindow", AXElement(window));
     app->set("AXFocusedWindow", std::string("not an element"));
@@ -148,7 +148,7 @@ TEST_F(AXFocusWorkerTest, the_role_must_be_that_of_a_window)
     EXPECT_EQ(query(), kUnavailable);
 }
 
-TEST_F(AXFocusWorkerTest, a_minimised_window_is_none)
+TEST_F(AXFocusWorkerTest, a_minimised_window_gives_no_window)
 {
     window->set("AXMinimized", true);
     EXPECT_EQ(query(), kNoWindow);
@@ -156,7 +156,7 @@ TEST_F(AXFocusWorkerTest, a_minimised_window_is_none)
     EXPECT_EQ(query(), kUnavailable);
 }
 
-TEST_F(AXFocusWorkerTest, a_window_that_cannot_tell_whether_it_is_minimised_counts_as_not_minimised)
+TEST_F(AXFocusWorkerTest, a_window_without_a_minimised_attribute_counts_as_not_minimised)
 {
     window->fail("AXMinimized", AXError::attributeUnsupported);
     EXPECT_EQ(focused().windowID, kNumber);
@@ -164,7 +164,7 @@ TEST_F(AXFocusWorkerTest, a_window_that_cannot_tell_whether_it_is_minimised_coun
     EXPECT_EQ(focused().windowID, kNumber);
 }
 
-TEST_F(AXFocusWorkerTest, what_comes_with_an_error_is_no_value)
+TEST_F(AXFocusWorkerTest, a_value_returned_with_an_error_is_ignored)
 {
     window->attributes["AXMinimized"] = {AXError::failure, true};
     EXPECT_EQ(focused().windowID, kNumber);
@@ -172,7 +172,7 @@ TEST_F(AXFocusWorkerTest, what_comes_with_an_error_is_no_value)
     EXPECT_EQ(query(), kNoWindow);
 }
 
-TEST_F(AXFocusWorkerTest, a_window_without_a_number_is_told_by_its_hash_and_its_own_bounds)
+TEST_F(AXFocusWorkerTest, a_window_without_a_number_has_its_hash_and_its_accessibility_bounds)
 {
     const Snapshot expected{WindowNumber::none, WindowIdentity{9001}, Rect{100, 200, 640, 480}, TitleBar::height(28)};
     window->number = {AXError::failure, kNumber};

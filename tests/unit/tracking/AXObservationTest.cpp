@@ -20,7 +20,7 @@ protected:
     AXElement app = std::make_shared<FakeAXElement>();
 };
 
-TEST_F(AXObservationTest, it_asks_for_the_eleven_notifications_of_the_application_in_order)
+TEST_F(AXObservationTest, it_registers_the_eleven_notifications_of_the_application_in_order)
 {
     const auto observation = make();
     const auto& observer = *accessibility.observers.at(0);
@@ -32,7 +32,7 @@ TEST_F(AXObservationTest, it_asks_for_the_eleven_notifications_of_the_applicatio
     EXPECT_THAT(observer.elements, Each(app));
 }
 
-TEST_F(AXObservationTest, there_is_none_without_an_observer)
+TEST_F(AXObservationTest, without_an_observer_no_observation_is_made)
 {
     accessibility.refusesObservers = true;
     EXPECT_EQ(make(), nullptr);

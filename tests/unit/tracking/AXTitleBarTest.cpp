@@ -64,7 +64,7 @@ TEST_F(AXTitleBarTest, the_height_lies_between_20_and_60_points)
     EXPECT_EQ(measure(), TitleBar::height(60));
 }
 
-TEST_F(AXTitleBarTest, a_close_button_level_with_or_above_the_top_edge_means_none)
+TEST_F(AXTitleBarTest, a_close_button_level_with_or_above_the_top_edge_means_no_title_bar)
 {
     placeCentre(0);
     EXPECT_EQ(measure(), TitleBar::none());
@@ -72,7 +72,7 @@ TEST_F(AXTitleBarTest, a_close_button_level_with_or_above_the_top_edge_means_non
     EXPECT_EQ(measure(), TitleBar::none());
 }
 
-TEST_F(AXTitleBarTest, a_window_without_a_close_button_has_none)
+TEST_F(AXTitleBarTest, a_window_without_a_close_button_has_no_title_bar)
 {
     window->fail("AXCloseButton", AXError::noValue);
     EXPECT_EQ(measure(), TitleBar::none());

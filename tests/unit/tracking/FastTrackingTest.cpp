@@ -146,7 +146,7 @@ TEST_F(FastTrackingTest, it_settles_after_2_seconds_whatever_moves)
     EXPECT_EQ(fast.settle(), Settling::settled);
 }
 
-TEST_F(FastTrackingTest, a_pressed_button_holds_it_and_settling_begins_anew_after_the_release)
+TEST_F(FastTrackingTest, a_pressed_button_holds_it_and_settling_restarts_after_the_release)
 {
     start();
     pass(0.5);

@@ -50,7 +50,7 @@ TEST_F(FocusDisplayDriverTest, a_screens_link_ticks_at_the_screens_maximum_rate)
     EXPECT_EQ(ticks, 2);
 }
 
-TEST_F(FocusDisplayDriverTest, a_screen_that_is_gone_leaves_the_driver_silent)
+TEST_F(FocusDisplayDriverTest, a_screen_that_was_removed_gives_no_ticks)
 {
     links.refusesLinks = true;
     driver->start(kScreen, kDisplay);
@@ -64,7 +64,7 @@ TEST_F(FocusDisplayDriverTest, stopping_invalidates_the_screens_link)
 {
     driver->start(kScreen, kDisplay);
     driver->stop();
-    driver->stop(); // there is none left
+    driver->stop(); // no link is left
     EXPECT_THAT(links.calls, ElementsAre("set rate", "add", "invalidate"));
     frame();
     EXPECT_EQ(ticks, 0);
@@ -137,7 +137,7 @@ TEST_F(FocusDisplayDriverTest, stopping_stops_the_video_link_and_cancels_the_sou
     driver->stop();
     EXPECT_THAT(links.calls, ElementsAre("resume source", "start", "stop", "free link", "cancel source"));
     links.deliverSources();
-    EXPECT_EQ(ticks, 0) << "a frame counted before the stop comes too late";
+    EXPECT_EQ(ticks, 0) << "a frame counted before the stop is dropped";
     EXPECT_EQ(links.liveSourceCount(), 0U);
 }
 

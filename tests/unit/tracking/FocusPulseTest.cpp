@@ -6,13 +6,13 @@ namespace {
 constexpr WindowIdentity kA{1};
 constexpr WindowIdentity kB{2};
 
-TEST(FocusPulse, nothing_noted_means_no_pulse)
+TEST(FocusPulseTest, nothing_noted_means_no_pulse)
 {
     FocusPulse pulse;
     EXPECT_FALSE(pulse.focused(kA));
 }
 
-TEST(FocusPulse, the_first_focus_after_a_switch_pulses_once)
+TEST(FocusPulseTest, the_first_focus_after_a_switch_pulses_once)
 {
     FocusPulse pulse;
     pulse.pulseOnNextFocus();
@@ -20,7 +20,7 @@ TEST(FocusPulse, the_first_focus_after_a_switch_pulses_once)
     EXPECT_FALSE(pulse.focused(kB));
 }
 
-TEST(FocusPulse, a_focus_change_pulses_only_when_it_ends_on_another_window)
+TEST(FocusPulseTest, a_focus_change_pulses_only_when_it_ends_on_another_window)
 {
     FocusPulse pulse;
     pulse.focusChangeBegan(kA);
@@ -30,7 +30,7 @@ TEST(FocusPulse, a_focus_change_pulses_only_when_it_ends_on_another_window)
     EXPECT_TRUE(pulse.focused(kB));
 }
 
-TEST(FocusPulse, the_first_of_several_focus_changes_counts)
+TEST(FocusPulseTest, the_first_of_several_focus_changes_counts)
 {
     FocusPulse pulse;
     pulse.focusChangeBegan(kA);
@@ -38,14 +38,14 @@ TEST(FocusPulse, the_first_of_several_focus_changes_counts)
     EXPECT_TRUE(pulse.focused(kB));
 }
 
-TEST(FocusPulse, a_change_from_no_window_at_all_pulses)
+TEST(FocusPulseTest, a_change_from_no_window_at_all_pulses)
 {
     FocusPulse pulse;
     pulse.focusChangeBegan(WindowIdentity::none);
     EXPECT_TRUE(pulse.focused(kA));
 }
 
-TEST(FocusPulse, a_switch_outweighs_a_focus_change)
+TEST(FocusPulseTest, a_switch_outweighs_a_focus_change)
 {
     FocusPulse pulse;
     pulse.pulseOnNextFocus();
@@ -59,7 +59,7 @@ TEST(FocusPulse, a_switch_outweighs_a_focus_change)
     EXPECT_FALSE(pulse.focused(kB));
 }
 
-TEST(FocusPulse, clearing_forgets_both)
+TEST(FocusPulseTest, clearing_forgets_both)
 {
     FocusPulse pulse;
     pulse.focusChangeBegan(kA);

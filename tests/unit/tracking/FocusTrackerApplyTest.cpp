@@ -7,9 +7,9 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class FocusTrackerApply : public FocusTrackerTest {};
+class FocusTrackerApplyTest : public FocusTrackerFixture {};
 
-TEST_F(FocusTrackerApply, the_window_is_confirmed_in_the_list_and_watched)
+TEST_F(FocusTrackerApplyTest, the_window_is_confirmed_in_the_list_and_watched)
 {
     start();
     EXPECT_THAT(windowInfo.calls, Contains(FakeWindowInfoSource::Call{WindowListOptions::includingWindow, kWindow}));
@@ -19,7 +19,7 @@ TEST_F(FocusTrackerApply, the_window_is_confirmed_in_the_list_and_watched)
               (FocusState{Rect{100, 400, 400, 300}, kEditor, identityOf(kWindow), FocusState::TitleBar::height(28)}));
 }
 
-TEST_F(FocusTrackerApply, the_watch_is_asked_for_only_when_the_window_changes)
+TEST_F(FocusTrackerApplyTest, the_watch_is_requested_only_when_the_window_changes)
 {
     start();
     const auto requests = library.callCount("SLSRequestNotificationsForWindows");
@@ -28,7 +28,7 @@ TEST_F(FocusTrackerApply, the_watch_is_asked_for_only_when_the_window_changes)
     EXPECT_EQ(library.callCount("SLSRequestNotificationsForWindows"), requests);
 }
 
-TEST_F(FocusTrackerApply, an_application_without_a_window_is_cleared)
+TEST_F(FocusTrackerApplyTest, an_application_without_a_window_is_cleared)
 {
     start();
     journal.clear();
@@ -38,7 +38,7 @@ TEST_F(FocusTrackerApply, an_application_without_a_window_is_cleared)
     EXPECT_EQ(tracker->currentWindowID(), WindowNumber::none);
 }
 
-TEST_F(FocusTrackerApply, an_unresponsive_application_keeps_its_highlight_while_its_window_is_watched)
+TEST_F(FocusTrackerApplyTest, an_unresponsive_application_keeps_its_highlight_while_its_window_is_watched)
 {
     start();
     journal.clear();
@@ -48,7 +48,7 @@ TEST_F(FocusTrackerApply, an_unresponsive_application_keeps_its_highlight_while_
     EXPECT_EQ(tracker->currentWindowID(), kWindow);
 }
 
-TEST_F(FocusTrackerApply, an_unresponsive_application_whose_window_is_not_watched_is_cleared)
+TEST_F(FocusTrackerApplyTest, an_unresponsive_application_whose_window_is_not_watched_is_cleared)
 {
     editorWindow->number = {AXError::failure, WindowNumber::none};
     start();
@@ -58,17 +58,17 @@ TEST_F(FocusTrackerApply, an_unresponsive_application_whose_window_is_not_watche
     EXPECT_THAT(journal, ElementsAre("cleared 7"));
 }
 
-TEST_F(FocusTrackerApply, a_result_for_an_application_that_is_frontmost_no_more_makes_a_refresh)
+TEST_F(FocusTrackerApplyTest, a_result_for_an_application_that_is_frontmost_no_more_makes_a_refresh)
 {
     startUntilResultIsUnderWay();
-    makeFrontmost(kMail); // and nobody said so yet
+    makeFrontmost(kMail); // not notified yet
     deliverResult();
     EXPECT_THAT(takeJournal(), ElementsAre("cleared 8"));
     run();
     EXPECT_THAT(journal, ElementsAre("8/50 500,400 300x200", "pulse"));
 }
 
-TEST_F(FocusTrackerApply, a_result_for_an_application_that_is_hidden_or_gone_blanks_the_state)
+TEST_F(FocusTrackerApplyTest, a_result_for_a_hidden_or_terminated_application_blanks_the_state)
 {
     startUntilResultIsUnderWay();
     workspace.frontmost->hidden = true;
@@ -85,7 +85,7 @@ TEST_F(FocusTrackerApply, a_result_for_an_application_that_is_hidden_or_gone_bla
     EXPECT_THAT(journal, ElementsAre("blank"));
 }
 
-TEST_F(FocusTrackerApply, a_new_frame_starts_fast_tracking_and_the_same_one_does_not)
+TEST_F(FocusTrackerApplyTest, a_new_frame_starts_fast_tracking_and_the_same_one_does_not)
 {
     start();
     leaveFastTracking();
@@ -96,7 +96,7 @@ TEST_F(FocusTrackerApply, a_new_frame_starts_fast_tracking_and_the_same_one_does
     EXPECT_TRUE(tracker->isFastTracking());
 }
 
-TEST_F(FocusTrackerApply, an_equal_state_is_not_published_again)
+TEST_F(FocusTrackerApplyTest, an_equal_state_is_not_published_again)
 {
     start();
     journal.clear();
@@ -105,7 +105,7 @@ TEST_F(FocusTrackerApply, an_equal_state_is_not_published_again)
     EXPECT_THAT(journal, IsEmpty());
 }
 
-TEST_F(FocusTrackerApply, a_new_title_bar_alone_is_published)
+TEST_F(FocusTrackerApplyTest, a_change_of_only_the_title_bar_is_published)
 {
     editorWindow->fail("AXCloseButton", AXError::cannotComplete);
     start();

@@ -6,9 +6,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class FocusTrackerFast : public FocusTrackerTest {};
+class FocusTrackerFastTest : public FocusTrackerFixture {};
 
-TEST_F(FocusTrackerFast, each_frame_publishes_where_the_window_is)
+TEST_F(FocusTrackerFastTest, each_frame_publishes_where_the_window_is)
 {
     start();
     journal.clear();
@@ -21,7 +21,7 @@ TEST_F(FocusTrackerFast, each_frame_publishes_where_the_window_is)
     EXPECT_EQ(tracker->state().titleBar, FocusState::TitleBar::height(28));
 }
 
-TEST_F(FocusTrackerFast, each_frame_falls_back_to_the_window_list)
+TEST_F(FocusTrackerFastTest, each_frame_falls_back_to_the_window_list)
 {
     dropWindowServer();
     start();
@@ -31,7 +31,7 @@ TEST_F(FocusTrackerFast, each_frame_falls_back_to_the_window_list)
     EXPECT_THAT(journal, ElementsAre("7/42 101,400 400x300"));
 }
 
-TEST_F(FocusTrackerFast, a_frame_without_a_watched_window_only_settles)
+TEST_F(FocusTrackerFastTest, a_frame_without_a_watched_window_only_settles)
 {
     focusNothing(kEditor);
     start();
@@ -42,7 +42,7 @@ TEST_F(FocusTrackerFast, a_frame_without_a_watched_window_only_settles)
     EXPECT_THAT(windowInfo.calls, IsEmpty());
 }
 
-TEST_F(FocusTrackerFast, a_window_that_is_gone_is_cleared_and_asked_for)
+TEST_F(FocusTrackerFastTest, a_window_that_was_closed_is_cleared_and_queried)
 {
     start();
     journal.clear();
@@ -54,7 +54,7 @@ TEST_F(FocusTrackerFast, a_window_that_is_gone_is_cleared_and_asked_for)
     EXPECT_EQ(queryCount(), 2U);
 }
 
-TEST_F(FocusTrackerFast, a_window_dragged_to_another_screen_takes_the_link_along)
+TEST_F(FocusTrackerFastTest, a_window_dragged_to_another_screen_takes_the_link_along)
 {
     start();
     EXPECT_THAT(links.screenLinks, ElementsAre(kPrimary));
@@ -67,26 +67,26 @@ TEST_F(FocusTrackerFast, a_window_dragged_to_another_screen_takes_the_link_along
     EXPECT_EQ(links.runningLinkCount(), 1U);
 }
 
-TEST_F(FocusTrackerFast, it_ends_0_6_seconds_after_a_start_at_rest)
+TEST_F(FocusTrackerFastTest, it_ends_0_6_seconds_after_a_start_at_rest)
 {
     start();
     EXPECT_NEAR(secondsUntilSlow(), 0.6, 0.02);
 }
 
-TEST_F(FocusTrackerFast, it_ends_2_seconds_after_a_start_when_the_window_never_rests)
+TEST_F(FocusTrackerFastTest, it_ends_2_seconds_after_a_start_when_the_window_never_rests)
 {
     start();
     EXPECT_NEAR(secondsUntilSlow([this] { drag(); }), 2.0, 0.02);
 }
 
-TEST_F(FocusTrackerFast, it_ends_a_quarter_of_a_second_after_the_last_movement)
+TEST_F(FocusTrackerFastTest, it_ends_a_quarter_of_a_second_after_the_last_movement)
 {
     start();
     frames(1.0, [this] { drag(); });
     EXPECT_NEAR(secondsUntilSlow(), 0.25, 0.02);
 }
 
-TEST_F(FocusTrackerFast, only_a_changed_frame_counts_as_movement)
+TEST_F(FocusTrackerFastTest, only_a_changed_frame_counts_as_movement)
 {
     start();
     frames(0.5);
@@ -102,7 +102,7 @@ TEST_F(FocusTrackerFast, only_a_changed_frame_counts_as_movement)
     EXPECT_NEAR(secondsUntilSlow(), 0.1, 0.02);
 }
 
-TEST_F(FocusTrackerFast, a_frame_that_comes_or_goes_counts_as_movement)
+TEST_F(FocusTrackerFastTest, a_frame_that_appears_or_disappears_counts_as_movement)
 {
     start();
     frames(0.5);
@@ -113,7 +113,7 @@ TEST_F(FocusTrackerFast, a_frame_that_comes_or_goes_counts_as_movement)
     EXPECT_NEAR(secondsUntilSlow(), 0.25, 0.02);
 }
 
-TEST_F(FocusTrackerFast, ending_refreshes_once)
+TEST_F(FocusTrackerFastTest, ending_refreshes_once)
 {
     start();
     frames(0.55);
@@ -128,7 +128,7 @@ TEST_F(FocusTrackerFast, ending_refreshes_once)
     EXPECT_EQ(queryCount(), queries + polled + 2) << "the poll at 0.6 s, and this one";
 }
 
-TEST_F(FocusTrackerFast, an_application_or_space_switch_starts_it)
+TEST_F(FocusTrackerFastTest, an_application_or_space_switch_starts_it)
 {
     start();
     leaveFastTracking();
@@ -139,7 +139,7 @@ TEST_F(FocusTrackerFast, an_application_or_space_switch_starts_it)
     EXPECT_TRUE(tracker->isFastTracking());
 }
 
-TEST_F(FocusTrackerFast, ticks_come_on_the_legacy_link_too)
+TEST_F(FocusTrackerFastTest, ticks_come_on_the_legacy_link_too)
 {
     useVideoLinks();
     start();
@@ -151,7 +151,7 @@ TEST_F(FocusTrackerFast, ticks_come_on_the_legacy_link_too)
     EXPECT_THAT(journal, ElementsAre("7/42 101,400 400x300"));
 }
 
-TEST_F(FocusTrackerFast, without_any_link_the_poll_keeps_working)
+TEST_F(FocusTrackerFastTest, without_any_link_the_poll_keeps_working)
 {
     useVideoLinks();
     links.refusesLinks = true;

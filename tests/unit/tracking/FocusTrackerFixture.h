@@ -1,4 +1,4 @@
-// One tracker on a desktop of fakes. Everything that it says goes to a journal, like "blank", "cleared 7",
+// One tracker on a desktop of fakes. Everything that it publishes is appended to a journal, like "blank", "cleared 7",
 // "7/42 100,400 400x300" (process/window, frame in screen space) and "pulse".
 #pragma once
 
@@ -14,11 +14,11 @@
 
 namespace haloric {
 
-class FocusTrackerTest : public testing::Test, protected TrackedDesktop {
+class FocusTrackerFixture : public testing::Test, protected TrackedDesktop {
 protected:
-    FocusTrackerTest() { makeTracker(); }
+    FocusTrackerFixture() { makeTracker(); }
 
-    ~FocusTrackerTest() override
+    ~FocusTrackerFixture() override
     {
         tracker.reset();
         loop.runFor(Seconds(1)); // the queue may still be busy, and its blocks use the fakes
@@ -75,7 +75,7 @@ protected:
     void deliverResult() { loop.runNext(); }
     void finishQuery() { loop.runNext(); }
 
-    // Asks for a refresh, and for nothing else once fast tracking is on.
+    // Causes a refresh, and nothing else once fast tracking is on.
     void askForRefresh() { input.sendGlobal(EventType::leftMouseUp); }
     void poll() { loop.runFor(FocusTracker::kPollInterval); }
 

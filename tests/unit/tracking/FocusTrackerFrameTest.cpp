@@ -7,13 +7,13 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class FocusTrackerFrame : public FocusTrackerTest {
+class FocusTrackerFrameTest : public FocusTrackerFixture {
 protected:
-    // Then only Accessibility knows the window.
+    // Then only Accessibility reports the window.
     void hideNumber() { editorWindow->number = {AXError::failure, WindowNumber::none}; }
 };
 
-TEST_F(FocusTrackerFrame, the_window_servers_frame_goes_before_the_lists)
+TEST_F(FocusTrackerFrameTest, the_window_server_s_frame_is_preferred_to_the_list_s)
 {
     info(kWindow).bounds = Rect{0, 0, 50, 50};
     start();
@@ -24,7 +24,7 @@ TEST_F(FocusTrackerFrame, the_window_servers_frame_goes_before_the_lists)
     EXPECT_THAT(journal, ElementsAre("7/42 0,750 50x50"));
 }
 
-TEST_F(FocusTrackerFrame, a_window_without_any_frame_is_none)
+TEST_F(FocusTrackerFrameTest, a_window_without_any_frame_is_not_published)
 {
     library.bounds.erase(kWindow);
     info(kWindow).bounds = OtherWindowInfoValue{};
@@ -33,7 +33,7 @@ TEST_F(FocusTrackerFrame, a_window_without_any_frame_is_none)
     EXPECT_EQ(tracker->currentWindowID(), WindowNumber::none);
 }
 
-TEST_F(FocusTrackerFrame, a_window_of_another_layer_is_not_highlighted)
+TEST_F(FocusTrackerFrameTest, a_window_of_another_layer_is_not_highlighted)
 {
     start();
     journal.clear();
@@ -48,7 +48,7 @@ TEST_F(FocusTrackerFrame, a_window_of_another_layer_is_not_highlighted)
     }
 }
 
-TEST_F(FocusTrackerFrame, a_window_of_another_owner_is_not_highlighted)
+TEST_F(FocusTrackerFrameTest, a_window_of_another_owner_is_not_highlighted)
 {
     for (const WindowInfoValue& owner : {WindowInfoValue(std::int64_t{8}), WindowInfoValue(7.0), WindowInfoValue()}) {
         info(kWindow).ownerPID = owner;
@@ -60,7 +60,7 @@ TEST_F(FocusTrackerFrame, a_window_of_another_owner_is_not_highlighted)
     }
 }
 
-TEST_F(FocusTrackerFrame, a_window_that_the_list_lacks_is_not_highlighted)
+TEST_F(FocusTrackerFrameTest, a_window_that_the_list_lacks_is_not_highlighted)
 {
     windowInfo.windows->clear();
     start();
@@ -70,7 +70,7 @@ TEST_F(FocusTrackerFrame, a_window_that_the_list_lacks_is_not_highlighted)
     EXPECT_THAT(journal, IsEmpty());
 }
 
-TEST_F(FocusTrackerFrame, a_frame_of_one_point_is_no_window)
+TEST_F(FocusTrackerFrameTest, a_frame_of_one_point_is_no_window)
 {
     dropWindowServer(); // whose own bound is the same
     place(kWindow, {100, 100, 1, 400});
@@ -84,7 +84,7 @@ TEST_F(FocusTrackerFrame, a_frame_of_one_point_is_no_window)
     EXPECT_THAT(takeJournal(), ElementsAre("7/42 100,698 2x2", "pulse"));
 }
 
-TEST_F(FocusTrackerFrame, a_window_without_a_number_is_placed_by_accessibility_and_not_watched)
+TEST_F(FocusTrackerFrameTest, a_window_without_a_number_is_placed_by_accessibility_and_not_watched)
 {
     hideNumber();
     start();
@@ -94,7 +94,7 @@ TEST_F(FocusTrackerFrame, a_window_without_a_number_is_placed_by_accessibility_a
     EXPECT_THAT(windowInfo.calls, IsEmpty());
 }
 
-TEST_F(FocusTrackerFrame, a_window_without_a_number_and_without_bounds_is_none)
+TEST_F(FocusTrackerFrameTest, a_window_without_a_number_and_without_bounds_is_not_published)
 {
     start();
     journal.clear();
@@ -105,7 +105,7 @@ TEST_F(FocusTrackerFrame, a_window_without_a_number_and_without_bounds_is_none)
     EXPECT_EQ(tracker->currentWindowID(), WindowNumber::none);
 }
 
-TEST_F(FocusTrackerFrame, a_narrow_window_without_a_number_is_none)
+TEST_F(FocusTrackerFrameTest, a_narrow_window_without_a_number_is_not_published)
 {
     hideNumber();
     editorWindow->set("AXSize", Size{1, 400});
@@ -113,7 +113,7 @@ TEST_F(FocusTrackerFrame, a_narrow_window_without_a_number_is_none)
     EXPECT_THAT(journal, ElementsAre("cleared 7"));
 }
 
-TEST_F(FocusTrackerFrame, without_a_screen_there_is_no_frame)
+TEST_F(FocusTrackerFrameTest, without_a_screen_there_is_no_frame)
 {
     start();
     screens.set({});

@@ -6,9 +6,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class FocusTrackerLifecycle : public FocusTrackerTest {};
+class FocusTrackerLifecycleTest : public FocusTrackerFixture {};
 
-TEST_F(FocusTrackerLifecycle, making_one_starts_nothing)
+TEST_F(FocusTrackerLifecycleTest, making_one_starts_nothing)
 {
     run();
     EXPECT_FALSE(tracker->isRunning());
@@ -19,7 +19,7 @@ TEST_F(FocusTrackerLifecycle, making_one_starts_nothing)
     EXPECT_EQ(queues.lastQuality(), QualityOfService::userInitiated);
 }
 
-TEST_F(FocusTrackerLifecycle, starting_finds_the_focused_window)
+TEST_F(FocusTrackerLifecycleTest, starting_finds_the_focused_window)
 {
     start();
     EXPECT_TRUE(tracker->isRunning());
@@ -28,7 +28,7 @@ TEST_F(FocusTrackerLifecycle, starting_finds_the_focused_window)
     EXPECT_TRUE(tracker->isFastTracking());
 }
 
-TEST_F(FocusTrackerLifecycle, starting_observes_the_system_once)
+TEST_F(FocusTrackerLifecycleTest, starting_observes_the_system_once)
 {
     start();
     tracker->start();
@@ -40,7 +40,7 @@ TEST_F(FocusTrackerLifecycle, starting_observes_the_system_once)
     EXPECT_EQ(loop.armedTimerCount(), 1U);
 }
 
-TEST_F(FocusTrackerLifecycle, every_workspace_notification_counts_as_a_change_of_the_frontmost_application)
+TEST_F(FocusTrackerLifecycleTest, every_workspace_notification_counts_as_a_change_of_the_frontmost_application)
 {
     start();
     for (const auto notification : kWorkspaceNotifications) {
@@ -53,7 +53,7 @@ TEST_F(FocusTrackerLifecycle, every_workspace_notification_counts_as_a_change_of
     }
 }
 
-TEST_F(FocusTrackerLifecycle, the_poll_refreshes_every_0_15_seconds)
+TEST_F(FocusTrackerLifecycleTest, the_poll_refreshes_every_0_15_seconds)
 {
     start();
     loop.runFor(Seconds(0.149));
@@ -64,13 +64,13 @@ TEST_F(FocusTrackerLifecycle, the_poll_refreshes_every_0_15_seconds)
     EXPECT_EQ(queryCount(), 12U);
 }
 
-TEST_F(FocusTrackerLifecycle, the_poll_allows_the_system_to_join_wake_ups)
+TEST_F(FocusTrackerLifecycleTest, the_poll_allows_the_system_to_join_wake_ups)
 {
     start();
     EXPECT_THAT(loop.armedTolerances(), ElementsAre(Seconds(0.075)));
 }
 
-TEST_F(FocusTrackerLifecycle, it_works_without_listeners)
+TEST_F(FocusTrackerLifecycleTest, it_works_without_listeners)
 {
     tracker->onChange = nullptr;
     tracker->onPulse = nullptr;

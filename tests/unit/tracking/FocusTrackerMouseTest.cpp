@@ -3,22 +3,22 @@
 namespace haloric {
 namespace {
 
-class FocusTrackerMouse : public FocusTrackerTest {};
+class FocusTrackerMouseTest : public FocusTrackerFixture {};
 
-TEST_F(FocusTrackerMouse, holding_the_mouse_keeps_it_alive)
+TEST_F(FocusTrackerMouseTest, holding_the_mouse_keeps_it_alive)
 {
     start();
     input.pressedButtons = 1;
     input.sendGlobal(EventType::leftMouseDown);
     frames(10);
     EXPECT_TRUE(tracker->isFastTracking());
-    input.pressedButtons = 0; // and no event tells it
+    input.pressedButtons = 0; // without an event
     frames(0.55);
     EXPECT_TRUE(tracker->isFastTracking());
     EXPECT_NEAR(secondsUntilSlow(), 0.06, 0.03);
 }
 
-TEST_F(FocusTrackerMouse, a_release_that_a_frame_finds_refreshes)
+TEST_F(FocusTrackerMouseTest, a_release_that_a_frame_finds_refreshes)
 {
     start();
     input.pressedButtons = 1;
@@ -34,7 +34,7 @@ TEST_F(FocusTrackerMouse, a_release_that_a_frame_finds_refreshes)
     EXPECT_EQ(queryCount(), queries + 1);
 }
 
-TEST_F(FocusTrackerMouse, every_mouse_press_starts_it)
+TEST_F(FocusTrackerMouseTest, every_mouse_press_starts_it)
 {
     start();
     for (const auto event : {EventType::leftMouseDown, EventType::rightMouseDown, EventType::otherMouseDown}) {
@@ -43,14 +43,14 @@ TEST_F(FocusTrackerMouse, every_mouse_press_starts_it)
         input.sendGlobal(event);
         EXPECT_TRUE(tracker->isFastTracking());
         run();
-        EXPECT_EQ(queryCount(), queries) << "a press alone asks nobody";
+        EXPECT_EQ(queryCount(), queries) << "a press starts no query";
         leaveFastTracking();
         input.sendLocal(event);
         EXPECT_TRUE(tracker->isFastTracking());
     }
 }
 
-TEST_F(FocusTrackerMouse, a_press_restarts_the_settling)
+TEST_F(FocusTrackerMouseTest, a_press_restarts_the_settling)
 {
     start();
     frames(0.5);
@@ -58,7 +58,7 @@ TEST_F(FocusTrackerMouse, a_press_restarts_the_settling)
     EXPECT_NEAR(secondsUntilSlow(), 0.6, 0.04);
 }
 
-TEST_F(FocusTrackerMouse, every_mouse_release_starts_it_and_refreshes)
+TEST_F(FocusTrackerMouseTest, every_mouse_release_starts_it_and_refreshes)
 {
     start();
     for (const auto event : {EventType::leftMouseUp, EventType::rightMouseUp, EventType::otherMouseUp}) {
@@ -72,7 +72,7 @@ TEST_F(FocusTrackerMouse, every_mouse_release_starts_it_and_refreshes)
     }
 }
 
-TEST_F(FocusTrackerMouse, a_release_restarts_the_settling_and_counts_as_movement)
+TEST_F(FocusTrackerMouseTest, a_release_restarts_the_settling_and_counts_as_movement)
 {
     start();
     frames(0.5);
@@ -80,7 +80,7 @@ TEST_F(FocusTrackerMouse, a_release_restarts_the_settling_and_counts_as_movement
     EXPECT_NEAR(secondsUntilSlow(), 0.6, 0.02);
 }
 
-TEST_F(FocusTrackerMouse, it_ends_2_seconds_after_the_release_when_the_window_never_rests)
+TEST_F(FocusTrackerMouseTest, it_ends_2_seconds_after_the_release_when_the_window_never_rests)
 {
     start();
     input.pressedButtons = 1;
@@ -91,7 +91,7 @@ TEST_F(FocusTrackerMouse, it_ends_2_seconds_after_the_release_when_the_window_ne
     EXPECT_NEAR(secondsUntilSlow([this] { drag(); }), 2.0, 0.02);
 }
 
-TEST_F(FocusTrackerMouse, it_ends_2_seconds_after_a_frame_finds_the_release_when_the_window_never_rests)
+TEST_F(FocusTrackerMouseTest, it_ends_2_seconds_after_a_frame_finds_the_release_when_the_window_never_rests)
 {
     start();
     input.pressedButtons = 1;
@@ -100,7 +100,7 @@ TEST_F(FocusTrackerMouse, it_ends_2_seconds_after_a_frame_finds_the_release_when
     EXPECT_NEAR(secondsUntilSlow([this] { drag(); }), 2.0, 0.04);
 }
 
-TEST_F(FocusTrackerMouse, a_release_while_another_button_is_pressed_does_nothing)
+TEST_F(FocusTrackerMouseTest, a_release_while_another_button_is_pressed_does_nothing)
 {
     start();
     leaveFastTracking();

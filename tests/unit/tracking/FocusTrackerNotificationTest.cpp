@@ -6,9 +6,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class FocusTrackerNotification : public FocusTrackerTest {};
+class FocusTrackerNotificationTest : public FocusTrackerFixture {};
 
-TEST_F(FocusTrackerNotification, notifications_of_one_that_is_not_installed_are_ignored)
+TEST_F(FocusTrackerNotificationTest, notifications_of_one_that_is_not_installed_are_ignored)
 {
     start();
     leaveFastTracking();
@@ -24,7 +24,7 @@ TEST_F(FocusTrackerNotification, notifications_of_one_that_is_not_installed_are_
     run();
 }
 
-TEST_F(FocusTrackerNotification, every_notification_refreshes)
+TEST_F(FocusTrackerNotificationTest, every_notification_refreshes)
 {
     start();
     for (const auto& name : std::vector(observer(0).notifications)) {
@@ -35,7 +35,7 @@ TEST_F(FocusTrackerNotification, every_notification_refreshes)
     }
 }
 
-TEST_F(FocusTrackerNotification, only_moving_and_resizing_start_fast_tracking)
+TEST_F(FocusTrackerNotificationTest, only_moving_and_resizing_start_fast_tracking)
 {
     start();
     for (const auto& name : std::vector(observer(0).notifications)) {
@@ -45,7 +45,7 @@ TEST_F(FocusTrackerNotification, only_moving_and_resizing_start_fast_tracking)
     }
 }
 
-TEST_F(FocusTrackerNotification, only_resizing_has_the_title_bar_measured_again)
+TEST_F(FocusTrackerNotificationTest, only_resizing_has_the_title_bar_measured_again)
 {
     start();
     for (const auto& name : std::vector(observer(0).notifications)) {
@@ -56,7 +56,7 @@ TEST_F(FocusTrackerNotification, only_resizing_has_the_title_bar_measured_again)
     }
 }
 
-TEST_F(FocusTrackerNotification, a_focus_change_stops_the_watch_and_drops_the_query_under_way)
+TEST_F(FocusTrackerNotificationTest, a_focus_change_stops_the_watch_and_drops_the_query_under_way)
 {
     start();
     for (const char* name : {"AXFocusedWindowChanged", "AXMainWindowChanged"}) {
@@ -76,7 +76,7 @@ TEST_F(FocusTrackerNotification, a_focus_change_stops_the_watch_and_drops_the_qu
     }
 }
 
-TEST_F(FocusTrackerNotification, other_notifications_keep_the_watch_and_the_query_under_way)
+TEST_F(FocusTrackerNotificationTest, other_notifications_keep_the_watch_and_the_query_under_way)
 {
     start();
     leaveFastTracking();
@@ -89,7 +89,7 @@ TEST_F(FocusTrackerNotification, other_notifications_keep_the_watch_and_the_quer
     EXPECT_THAT(journal, ElementsAre("7/42 0,700 100x100"));
 }
 
-TEST_F(FocusTrackerNotification, a_notification_may_detach_the_observation_that_delivers_it)
+TEST_F(FocusTrackerNotificationTest, a_notification_may_detach_the_observation_that_delivers_it)
 {
     start();
     journal.clear();

@@ -6,9 +6,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class FocusTrackerObservation : public FocusTrackerTest {};
+class FocusTrackerObservationTest : public FocusTrackerFixture {};
 
-TEST_F(FocusTrackerObservation, it_is_made_after_the_result_is_on_its_way_and_installed_in_the_second_turn)
+TEST_F(FocusTrackerObservationTest, it_is_made_after_the_result_is_on_its_way_and_installed_in_the_second_turn)
 {
     tracker->start();
     loop.runNext();
@@ -21,7 +21,7 @@ TEST_F(FocusTrackerObservation, it_is_made_after_the_result_is_on_its_way_and_in
     EXPECT_THAT(observer(0).elements, testing::Each(AXElement(axApplication(kEditor))));
 }
 
-TEST_F(FocusTrackerObservation, there_is_one_for_a_process)
+TEST_F(FocusTrackerObservationTest, there_is_one_for_a_process)
 {
     start();
     poll();
@@ -29,7 +29,7 @@ TEST_F(FocusTrackerObservation, there_is_one_for_a_process)
     EXPECT_EQ(accessibility.observers.size(), 1U);
 }
 
-TEST_F(FocusTrackerObservation, it_is_made_for_an_application_that_has_no_window_or_does_not_answer)
+TEST_F(FocusTrackerObservationTest, it_is_made_for_an_application_that_has_no_window_or_does_not_answer)
 {
     focusNothing(kEditor);
     stopAnswering(kMail);
@@ -41,14 +41,14 @@ TEST_F(FocusTrackerObservation, it_is_made_for_an_application_that_has_no_window
     EXPECT_TRUE(observer(1).onRunLoop);
 }
 
-TEST_F(FocusTrackerObservation, there_is_none_for_an_application_without_an_element)
+TEST_F(FocusTrackerObservationTest, an_application_without_an_element_is_not_observed)
 {
     accessibility.applications.clear();
     start();
     EXPECT_EQ(accessibility.count("observe 7"), 0U);
 }
 
-TEST_F(FocusTrackerObservation, a_failed_one_is_tried_again_by_the_next_query)
+TEST_F(FocusTrackerObservationTest, a_failed_one_is_tried_again_by_the_next_query)
 {
     accessibility.refusesObservers = true;
     start();
@@ -59,7 +59,7 @@ TEST_F(FocusTrackerObservation, a_failed_one_is_tried_again_by_the_next_query)
     EXPECT_TRUE(observer(0).onRunLoop);
 }
 
-TEST_F(FocusTrackerObservation, one_made_under_an_older_generation_is_released_without_being_installed)
+TEST_F(FocusTrackerObservationTest, one_made_under_an_older_generation_is_released_without_being_installed)
 {
     startUntilResultIsUnderWay();
     screens.announceChange();
@@ -72,7 +72,7 @@ TEST_F(FocusTrackerObservation, one_made_under_an_older_generation_is_released_w
     EXPECT_TRUE(observer(1).onRunLoop) << "the follow-up made another";
 }
 
-TEST_F(FocusTrackerObservation, one_made_for_an_application_that_was_left_is_released_without_being_installed)
+TEST_F(FocusTrackerObservationTest, one_made_for_an_application_that_was_left_is_released_without_being_installed)
 {
     startUntilResultIsUnderWay();
     activate(kMail);
@@ -83,7 +83,7 @@ TEST_F(FocusTrackerObservation, one_made_for_an_application_that_was_left_is_rel
     EXPECT_TRUE(observer(1).onRunLoop);
 }
 
-TEST_F(FocusTrackerObservation, a_switch_detaches_the_old_one_before_the_new_application_is_asked)
+TEST_F(FocusTrackerObservationTest, a_switch_detaches_the_old_one_before_the_new_application_is_queried)
 {
     start();
     bool detachedInTime = false;
@@ -100,7 +100,7 @@ TEST_F(FocusTrackerObservation, a_switch_detaches_the_old_one_before_the_new_app
     EXPECT_FALSE(observer(0).releasedWhileOnRunLoop);
 }
 
-TEST_F(FocusTrackerObservation, another_space_keeps_it)
+TEST_F(FocusTrackerObservationTest, another_space_keeps_it)
 {
     start();
     workspace.announce(WorkspaceNotification::activeSpaceDidChange);

@@ -8,9 +8,9 @@ using testing::IsEmpty;
 
 const OwnWindow kSettings{{300, 200, 420, 560}, 532, 5, true, false};
 
-class FocusTrackerOwnWindow : public FocusTrackerTest {
+class FocusTrackerOwnWindowTest : public FocusTrackerFixture {
 protected:
-    FocusTrackerOwnWindow()
+    FocusTrackerOwnWindowTest()
     {
         start();
         journal.clear();
@@ -18,7 +18,7 @@ protected:
     }
 };
 
-TEST_F(FocusTrackerOwnWindow, its_own_key_window_is_found_without_accessibility)
+TEST_F(FocusTrackerOwnWindowTest, its_own_key_window_is_found_without_accessibility)
 {
     const auto calls = accessibility.calls.size();
     activate(kOwn);
@@ -30,21 +30,21 @@ TEST_F(FocusTrackerOwnWindow, its_own_key_window_is_found_without_accessibility)
     EXPECT_EQ(accessibility.calls.size(), calls + 1) << "the old observation's release";
 }
 
-TEST_F(FocusTrackerOwnWindow, the_main_window_stands_in_for_the_key_window)
+TEST_F(FocusTrackerOwnWindowTest, the_main_window_stands_in_for_the_key_window)
 {
     application.main = std::exchange(application.key, std::nullopt);
     activate(kOwn);
     EXPECT_EQ(describe(tracker->state()), "1/5 300,200 420x560");
 }
 
-TEST_F(FocusTrackerOwnWindow, without_a_window_it_is_cleared)
+TEST_F(FocusTrackerOwnWindowTest, without_a_window_it_is_cleared)
 {
     application.key.reset();
     activate(kOwn);
     EXPECT_THAT(journal, ElementsAre("blank", "cleared 1"));
 }
 
-TEST_F(FocusTrackerOwnWindow, an_overlay_and_an_invisible_window_do_not_count)
+TEST_F(FocusTrackerOwnWindowTest, an_overlay_and_an_invisible_window_do_not_count)
 {
     application.main = kSettings; // which no key window leaves room for
     application.key->overlay = true;
@@ -56,7 +56,7 @@ TEST_F(FocusTrackerOwnWindow, an_overlay_and_an_invisible_window_do_not_count)
     EXPECT_THAT(journal, IsEmpty());
 }
 
-TEST_F(FocusTrackerOwnWindow, a_title_bar_of_at_most_one_point_is_none)
+TEST_F(FocusTrackerOwnWindowTest, a_title_bar_of_at_most_one_point_counts_as_absent)
 {
     application.key->contentLayoutHeight = 559;
     activate(kOwn);
@@ -66,7 +66,7 @@ TEST_F(FocusTrackerOwnWindow, a_title_bar_of_at_most_one_point_is_none)
     EXPECT_EQ(tracker->state().titleBar, FocusState::TitleBar::height(1.5));
 }
 
-TEST_F(FocusTrackerOwnWindow, each_frame_follows_it)
+TEST_F(FocusTrackerOwnWindowTest, each_frame_follows_it)
 {
     activate(kOwn);
     journal.clear();
@@ -75,7 +75,7 @@ TEST_F(FocusTrackerOwnWindow, each_frame_follows_it)
     EXPECT_THAT(journal, ElementsAre("1/5 310,200 420x560"));
 }
 
-TEST_F(FocusTrackerOwnWindow, another_window_of_its_own_does_not_pulse)
+TEST_F(FocusTrackerOwnWindowTest, another_own_window_does_not_pulse)
 {
     activate(kOwn);
     journal.clear();
@@ -84,7 +84,7 @@ TEST_F(FocusTrackerOwnWindow, another_window_of_its_own_does_not_pulse)
     EXPECT_THAT(journal, ElementsAre("1/6 300,200 420x560"));
 }
 
-TEST_F(FocusTrackerOwnWindow, the_watch_on_another_applications_window_ends)
+TEST_F(FocusTrackerOwnWindowTest, the_watch_on_another_applications_window_ends)
 {
     EXPECT_EQ(tracker->currentWindowID(), kWindow);
     makeFrontmost(kOwn);

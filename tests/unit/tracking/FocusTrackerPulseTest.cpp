@@ -6,20 +6,21 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class FocusTrackerPulse : public FocusTrackerTest {
+class FocusTrackerPulseTest : public FocusTrackerFixture {
 protected:
-    FocusTrackerPulse() { otherWindow = addWindow(kEditor, kOtherWindow, {200, 200, 300, 300}); }
+    FocusTrackerPulseTest() { otherWindow = addWindow(kEditor, kOtherWindow, {200, 200, 300, 300}); }
 
     FakeAXElementRef otherWindow;
 };
 
-// Either notification may come alone.
-class FocusTrackerPulseNotice : public FocusTrackerPulse, public testing::WithParamInterface<const char*> {};
+// Either notification may be the only one.
+class FocusTrackerPulseNoticeTest : public FocusTrackerPulseTest, public testing::WithParamInterface<const char*> {};
 
-INSTANTIATE_TEST_SUITE_P(, FocusTrackerPulseNotice, testing::Values("AXFocusedWindowChanged", "AXMainWindowChanged"),
+INSTANTIATE_TEST_SUITE_P(, FocusTrackerPulseNoticeTest,
+                         testing::Values("AXFocusedWindowChanged", "AXMainWindowChanged"),
                          [](const auto& notice) { return std::string(notice.param); });
 
-TEST_P(FocusTrackerPulseNotice, focusing_another_window_of_the_application_pulses_after_the_new_state)
+TEST_P(FocusTrackerPulseNoticeTest, focusing_another_window_of_the_application_pulses_after_the_new_state)
 {
     start();
     journal.clear();
@@ -29,7 +30,7 @@ TEST_P(FocusTrackerPulseNotice, focusing_another_window_of_the_application_pulse
     EXPECT_THAT(journal, ElementsAre("7/43 200,300 300x300", "pulse"));
 }
 
-TEST_P(FocusTrackerPulseNotice, refocusing_the_same_window_does_not_pulse)
+TEST_P(FocusTrackerPulseNoticeTest, refocusing_the_same_window_does_not_pulse)
 {
     start();
     journal.clear();
@@ -38,7 +39,7 @@ TEST_P(FocusTrackerPulseNotice, refocusing_the_same_window_does_not_pulse)
     EXPECT_THAT(journal, IsEmpty());
 }
 
-TEST_F(FocusTrackerPulse, going_to_another_window_and_back_before_any_result_does_not_pulse)
+TEST_F(FocusTrackerPulseTest, going_to_another_window_and_back_before_any_result_does_not_pulse)
 {
     start();
     journal.clear();
@@ -50,7 +51,7 @@ TEST_F(FocusTrackerPulse, going_to_another_window_and_back_before_any_result_doe
     EXPECT_THAT(journal, IsEmpty());
 }
 
-TEST_F(FocusTrackerPulse, several_notifications_of_one_change_pulse_once)
+TEST_F(FocusTrackerPulseTest, several_notifications_of_one_change_pulse_once)
 {
     start();
     journal.clear();
@@ -62,7 +63,7 @@ TEST_F(FocusTrackerPulse, several_notifications_of_one_change_pulse_once)
     EXPECT_THAT(journal, ElementsAre("7/43 200,300 300x300", "pulse"));
 }
 
-TEST_F(FocusTrackerPulse, a_change_that_only_the_poll_sees_does_not_pulse)
+TEST_F(FocusTrackerPulseTest, a_change_that_only_the_poll_sees_does_not_pulse)
 {
     start();
     journal.clear();
@@ -71,7 +72,7 @@ TEST_F(FocusTrackerPulse, a_change_that_only_the_poll_sees_does_not_pulse)
     EXPECT_THAT(journal, ElementsAre("7/43 200,300 300x300"));
 }
 
-TEST_F(FocusTrackerPulse, a_space_switch_pulses_the_same_window_again)
+TEST_F(FocusTrackerPulseTest, a_space_switch_pulses_the_same_window_again)
 {
     start();
     journal.clear();
@@ -80,7 +81,7 @@ TEST_F(FocusTrackerPulse, a_space_switch_pulses_the_same_window_again)
     EXPECT_THAT(journal, ElementsAre("blank", "7/42 100,400 400x300", "pulse"));
 }
 
-TEST_F(FocusTrackerPulse, the_pulse_of_a_switch_waits_for_a_focused_window)
+TEST_F(FocusTrackerPulseTest, the_pulse_of_a_switch_waits_for_a_focused_window)
 {
     focusNothing(kEditor);
     start();
@@ -93,7 +94,7 @@ TEST_F(FocusTrackerPulse, the_pulse_of_a_switch_waits_for_a_focused_window)
     EXPECT_THAT(journal, IsEmpty());
 }
 
-TEST_F(FocusTrackerPulse, a_switch_forgets_the_focus_change_before_it)
+TEST_F(FocusTrackerPulseTest, a_switch_forgets_the_focus_change_before_it)
 {
     start();
     journal.clear();
@@ -106,7 +107,7 @@ TEST_F(FocusTrackerPulse, a_switch_forgets_the_focus_change_before_it)
     EXPECT_THAT(journal, IsEmpty());
 }
 
-TEST_F(FocusTrackerPulse, windows_without_a_number_are_told_apart_by_their_hash)
+TEST_F(FocusTrackerPulseTest, windows_without_a_number_are_distinguished_by_their_hash)
 {
     editorWindow->number = otherWindow->number = {AXError::failure, WindowNumber::none};
     start();

@@ -6,9 +6,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class FocusTrackerRefresh : public FocusTrackerTest {};
+class FocusTrackerRefreshTest : public FocusTrackerFixture {};
 
-TEST_F(FocusTrackerRefresh, without_trust_it_shows_nothing_and_asks_nobody_until_access_is_granted)
+TEST_F(FocusTrackerRefreshTest, without_trust_it_shows_nothing_and_queries_nothing_until_access_is_granted)
 {
     accessibility.trusted = false;
     start();
@@ -20,7 +20,7 @@ TEST_F(FocusTrackerRefresh, without_trust_it_shows_nothing_and_asks_nobody_until
     EXPECT_THAT(journal, ElementsAre("cleared 7", "7/42 100,400 400x300", "pulse"));
 }
 
-TEST_F(FocusTrackerRefresh, losing_trust_blanks_the_state_and_detaches_the_observation)
+TEST_F(FocusTrackerRefreshTest, losing_trust_blanks_the_state_and_detaches_the_observation)
 {
     start();
     journal.clear();
@@ -32,7 +32,7 @@ TEST_F(FocusTrackerRefresh, losing_trust_blanks_the_state_and_detaches_the_obser
     EXPECT_TRUE(observer(0).releasedInsideQueue);
 }
 
-TEST_F(FocusTrackerRefresh, without_a_frontmost_application_the_state_is_blank)
+TEST_F(FocusTrackerRefreshTest, without_a_frontmost_application_the_state_is_blank)
 {
     start();
     journal.clear();
@@ -42,7 +42,7 @@ TEST_F(FocusTrackerRefresh, without_a_frontmost_application_the_state_is_blank)
     EXPECT_EQ(tracker->currentWindowID(), WindowNumber::none);
 }
 
-TEST_F(FocusTrackerRefresh, a_hidden_frontmost_application_is_treated_like_none)
+TEST_F(FocusTrackerRefreshTest, a_hidden_frontmost_application_is_treated_as_absent)
 {
     start();
     journal.clear();
@@ -55,7 +55,7 @@ TEST_F(FocusTrackerRefresh, a_hidden_frontmost_application_is_treated_like_none)
     EXPECT_TRUE(observer(1).onRunLoop);
 }
 
-TEST_F(FocusTrackerRefresh, an_application_that_is_hidden_while_a_query_runs_gets_no_result)
+TEST_F(FocusTrackerRefreshTest, an_application_that_is_hidden_while_a_query_runs_gets_no_result)
 {
     startUntilResultIsUnderWay();
     workspace.frontmost->hidden = true;
@@ -70,7 +70,7 @@ TEST_F(FocusTrackerRefresh, an_application_that_is_hidden_while_a_query_runs_get
     EXPECT_THAT(observer(0).runLoop, IsEmpty());
 }
 
-TEST_F(FocusTrackerRefresh, a_target_that_changes_without_a_notification_is_cleared_first)
+TEST_F(FocusTrackerRefreshTest, a_target_that_changes_without_a_notification_is_cleared_first)
 {
     start();
     journal.clear();
@@ -84,7 +84,7 @@ TEST_F(FocusTrackerRefresh, a_target_that_changes_without_a_notification_is_clea
     EXPECT_EQ(observer(1).pid, kMail);
 }
 
-TEST_F(FocusTrackerRefresh, a_result_for_a_target_that_was_left_and_taken_up_again_is_dropped)
+TEST_F(FocusTrackerRefreshTest, a_result_for_a_target_that_was_left_and_taken_up_again_is_dropped)
 {
     startUntilResultIsUnderWay();
     makeFrontmost(kMail);
@@ -96,7 +96,7 @@ TEST_F(FocusTrackerRefresh, a_result_for_a_target_that_was_left_and_taken_up_aga
     EXPECT_THAT(journal, IsEmpty());
 }
 
-TEST_F(FocusTrackerRefresh, a_switch_publishes_blank_then_cleared_then_the_new_window_which_pulses)
+TEST_F(FocusTrackerRefreshTest, a_switch_publishes_blank_then_cleared_then_the_new_window_which_pulses)
 {
     start();
     journal.clear();
@@ -107,7 +107,7 @@ TEST_F(FocusTrackerRefresh, a_switch_publishes_blank_then_cleared_then_the_new_w
     EXPECT_THAT(journal, ElementsAre("blank", "cleared 8", "8/50 500,400 300x200", "pulse"));
 }
 
-TEST_F(FocusTrackerRefresh, a_result_that_arrives_after_an_application_switch_is_dropped)
+TEST_F(FocusTrackerRefreshTest, a_result_that_arrives_after_an_application_switch_is_dropped)
 {
     startUntilResultIsUnderWay();
     activate(kMail);
@@ -118,7 +118,7 @@ TEST_F(FocusTrackerRefresh, a_result_that_arrives_after_an_application_switch_is
     EXPECT_THAT(journal, ElementsAre("8/50 500,400 300x200", "pulse"));
 }
 
-TEST_F(FocusTrackerRefresh, a_result_from_before_a_space_switch_is_dropped)
+TEST_F(FocusTrackerRefreshTest, a_result_from_before_a_space_switch_is_dropped)
 {
     startUntilResultIsUnderWay();
     workspace.announce(WorkspaceNotification::activeSpaceDidChange);
@@ -129,7 +129,7 @@ TEST_F(FocusTrackerRefresh, a_result_from_before_a_space_switch_is_dropped)
     EXPECT_THAT(journal, ElementsAre("7/42 100,400 400x300", "pulse"));
 }
 
-TEST_F(FocusTrackerRefresh, a_result_from_before_a_change_of_screens_is_dropped)
+TEST_F(FocusTrackerRefreshTest, a_result_from_before_a_change_of_screens_is_dropped)
 {
     startUntilResultIsUnderWay();
     screens.announceChange();
@@ -139,7 +139,7 @@ TEST_F(FocusTrackerRefresh, a_result_from_before_a_change_of_screens_is_dropped)
     EXPECT_THAT(journal, ElementsAre("7/42 100,400 400x300", "pulse"));
 }
 
-TEST_F(FocusTrackerRefresh, a_change_of_screens_restarts_the_link_and_refreshes)
+TEST_F(FocusTrackerRefreshTest, a_change_of_screens_restarts_the_link_and_refreshes)
 {
     start();
     leaveFastTracking();
@@ -158,7 +158,7 @@ TEST_F(FocusTrackerRefresh, a_change_of_screens_restarts_the_link_and_refreshes)
     EXPECT_THAT(journal, ElementsAre("7/42 100,500 400x300"));
 }
 
-TEST_F(FocusTrackerRefresh, refreshes_while_a_query_runs_make_one_follow_up_after_its_second_turn)
+TEST_F(FocusTrackerRefreshTest, refreshes_while_a_query_runs_make_one_follow_up_after_its_second_turn)
 {
     startUntilResultIsUnderWay();
     askForRefresh();
@@ -175,14 +175,14 @@ TEST_F(FocusTrackerRefresh, refreshes_while_a_query_runs_make_one_follow_up_afte
     EXPECT_EQ(queryCount(), 2U);
 }
 
-TEST_F(FocusTrackerRefresh, a_query_without_another_refresh_has_no_follow_up)
+TEST_F(FocusTrackerRefreshTest, a_query_without_another_refresh_has_no_follow_up)
 {
     start();
     EXPECT_FALSE(tracker->isQueryInFlight());
     EXPECT_EQ(queryCount(), 1U);
 }
 
-TEST_F(FocusTrackerRefresh, an_application_that_answers_slowly_holds_nothing_up)
+TEST_F(FocusTrackerRefreshTest, an_application_that_answers_slowly_holds_nothing_up)
 {
     accessibility.onRead = [this](std::string_view name) {
         if (name == "AXFocusedWindow")

@@ -6,9 +6,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class FocusTrackerStop : public FocusTrackerTest {};
+class FocusTrackerStopTest : public FocusTrackerFixture {};
 
-TEST_F(FocusTrackerStop, stopping_lets_go_of_everything)
+TEST_F(FocusTrackerStopTest, stopping_releases_everything)
 {
     start();
     tracker->stop();
@@ -28,7 +28,7 @@ TEST_F(FocusTrackerStop, stopping_lets_go_of_everything)
     EXPECT_TRUE(observer(0).releasedInsideQueue);
 }
 
-TEST_F(FocusTrackerStop, stopping_publishes_nothing_and_keeps_the_last_state)
+TEST_F(FocusTrackerStopTest, stopping_publishes_nothing_and_keeps_the_last_state)
 {
     start();
     const FocusState last = tracker->state();
@@ -39,29 +39,29 @@ TEST_F(FocusTrackerStop, stopping_publishes_nothing_and_keeps_the_last_state)
     EXPECT_EQ(tracker->state(), last);
 }
 
-TEST_F(FocusTrackerStop, stopping_resets_the_worker_on_the_queue)
+TEST_F(FocusTrackerStopTest, stopping_resets_the_worker_on_the_queue)
 {
     start();
     const auto element = axApplication(kEditor);
     const auto uses = element.use_count();
     tracker->stop();
-    EXPECT_EQ(element.use_count(), uses) << "the main thread leaves the worker alone";
+    EXPECT_EQ(element.use_count(), uses) << "the main thread does not touch the worker";
     loop.runNext();
     EXPECT_FALSE(observer(0).live);
-    EXPECT_EQ(element.use_count(), uses) << "the observation goes first";
+    EXPECT_EQ(element.use_count(), uses) << "the observation is released first";
     loop.runNext();
     EXPECT_EQ(element.use_count(), uses - 1);
     start();
     EXPECT_EQ(accessibility.count("app 7"), 2U);
 }
 
-TEST_F(FocusTrackerStop, stopping_a_stopped_tracker_does_nothing)
+TEST_F(FocusTrackerStopTest, stopping_a_stopped_tracker_does_nothing)
 {
     tracker->stop();
     EXPECT_EQ(loop.pendingEventCount(), 0U) << "not even the worker is reset";
 }
 
-TEST_F(FocusTrackerStop, a_result_that_arrives_after_the_stop_is_dropped)
+TEST_F(FocusTrackerStopTest, a_result_that_arrives_after_the_stop_is_dropped)
 {
     startUntilResultIsUnderWay();
     tracker->stop();
@@ -72,7 +72,7 @@ TEST_F(FocusTrackerStop, a_result_that_arrives_after_the_stop_is_dropped)
     EXPECT_TRUE(observer(0).releasedInsideQueue);
 }
 
-TEST_F(FocusTrackerStop, a_result_from_before_a_stop_and_a_new_start_is_dropped)
+TEST_F(FocusTrackerStopTest, a_result_from_before_a_stop_and_a_new_start_is_dropped)
 {
     startUntilResultIsUnderWay();
     tracker->stop();
@@ -85,7 +85,7 @@ TEST_F(FocusTrackerStop, a_result_from_before_a_stop_and_a_new_start_is_dropped)
     EXPECT_EQ(queryCount(), 2U);
 }
 
-TEST_F(FocusTrackerStop, a_follow_up_that_was_asked_for_is_forgotten_by_the_stop)
+TEST_F(FocusTrackerStopTest, a_pending_follow_up_is_dropped_by_the_stop)
 {
     startUntilResultIsUnderWay();
     askForRefresh();
@@ -94,13 +94,13 @@ TEST_F(FocusTrackerStop, a_follow_up_that_was_asked_for_is_forgotten_by_the_stop
     EXPECT_EQ(queryCount(), 1U);
 }
 
-TEST_F(FocusTrackerStop, a_follow_up_from_before_a_stop_is_not_made_after_a_new_start)
+TEST_F(FocusTrackerStopTest, a_follow_up_from_before_a_stop_is_not_made_after_a_new_start)
 {
     startUntilResultIsUnderWay();
     askForRefresh();
     tracker->stop();
     workspace.frontmost.reset();
-    tracker->start(); // asks nobody, for there is nobody
+    tracker->start(); // starts no query without an application
     makeFrontmost(kEditor);
     deliverResult();
     EXPECT_TRUE(tracker->isQueryInFlight());
@@ -108,7 +108,7 @@ TEST_F(FocusTrackerStop, a_follow_up_from_before_a_stop_is_not_made_after_a_new_
     EXPECT_FALSE(tracker->isQueryInFlight());
 }
 
-TEST_F(FocusTrackerStop, a_pulse_that_was_due_is_forgotten_by_the_stop)
+TEST_F(FocusTrackerStopTest, a_pulse_that_was_due_is_forgotten_by_the_stop)
 {
     start();
     journal.clear();
@@ -122,7 +122,7 @@ TEST_F(FocusTrackerStop, a_pulse_that_was_due_is_forgotten_by_the_stop)
     EXPECT_THAT(journal, ElementsAre("7/43 200,300 300x300"));
 }
 
-TEST_F(FocusTrackerStop, events_after_the_stop_do_nothing)
+TEST_F(FocusTrackerStopTest, events_after_the_stop_do_nothing)
 {
     start();
     tracker->stop();
@@ -139,7 +139,7 @@ TEST_F(FocusTrackerStop, events_after_the_stop_do_nothing)
     EXPECT_FALSE(tracker->isFastTracking());
 }
 
-TEST_F(FocusTrackerStop, destroying_a_running_tracker_stops_it)
+TEST_F(FocusTrackerStopTest, destroying_a_running_tracker_stops_it)
 {
     start();
     tracker.reset();
@@ -151,7 +151,7 @@ TEST_F(FocusTrackerStop, destroying_a_running_tracker_stops_it)
     EXPECT_FALSE(observer(0).releasedWhileOnRunLoop);
 }
 
-TEST_F(FocusTrackerStop, a_tracker_may_go_while_its_query_is_under_way)
+TEST_F(FocusTrackerStopTest, a_tracker_may_be_destroyed_while_its_query_runs)
 {
     startUntilResultIsUnderWay();
     tracker.reset();
@@ -162,7 +162,7 @@ TEST_F(FocusTrackerStop, a_tracker_may_go_while_its_query_is_under_way)
     EXPECT_THAT(observer(0).runLoop, IsEmpty());
 }
 
-TEST_F(FocusTrackerStop, a_tracker_may_go_before_its_query_has_begun)
+TEST_F(FocusTrackerStopTest, a_tracker_may_be_destroyed_before_its_query_starts)
 {
     tracker->start();
     tracker.reset();
@@ -172,7 +172,7 @@ TEST_F(FocusTrackerStop, a_tracker_may_go_before_its_query_has_begun)
     EXPECT_TRUE(observer(0).releasedInsideQueue);
 }
 
-TEST_F(FocusTrackerStop, the_listener_may_stop_the_tracker)
+TEST_F(FocusTrackerStopTest, the_listener_may_stop_the_tracker)
 {
     tracker->onChange = [this](const FocusState& state) {
         journal.push_back(describe(state));
@@ -185,7 +185,7 @@ TEST_F(FocusTrackerStop, the_listener_may_stop_the_tracker)
     EXPECT_EQ(loop.armedTimerCount(), 0U);
 }
 
-TEST_F(FocusTrackerStop, a_listener_that_stops_it_before_the_query_leaves_nobody_asked)
+TEST_F(FocusTrackerStopTest, a_listener_that_stops_it_before_the_query_prevents_the_query)
 {
     tracker->onChange = [this](const FocusState&) { tracker->stop(); };
     start();

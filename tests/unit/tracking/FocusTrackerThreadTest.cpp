@@ -1,4 +1,4 @@
-// The tracker with a real queue thread. These tests say most under the thread and address sanitizers.
+// The tracker with a real queue thread. Meant for the thread and address sanitizers.
 #include "tracking/FocusTracker.h"
 
 #include "support/FakeAccessibility.h"
@@ -24,9 +24,9 @@ namespace {
 
 constexpr ProcessID kApplications[] = {ProcessID{7}, ProcessID{8}};
 
-class FocusTrackerThread : public testing::Test {
+class FocusTrackerThreadTest : public testing::Test {
 protected:
-    FocusTrackerThread()
+    FocusTrackerThreadTest()
     {
         accessibility.insideQueue = [] { return std::this_thread::get_id() != s_mainThread; };
         for (const ProcessID pid : kApplications) {
@@ -44,7 +44,7 @@ protected:
 
     void makeFrontmost(ProcessID pid) { workspace.frontmost = FrontmostApplication{pid, false}; }
 
-    // After the tracker has gone: its queue, too, has come to its end.
+    // After the tracker is destroyed its queue has finished too.
     void expectProperReleases() const
     {
         for (const auto& observer : accessibility.observers) {
@@ -74,7 +74,7 @@ protected:
                                                                  windowInfo, input, application, windowServer}};
 };
 
-TEST_F(FocusTrackerThread, it_finds_the_window_and_releases_the_observation_on_the_queue)
+TEST_F(FocusTrackerThreadTest, it_finds_the_window_and_releases_the_observation_on_the_queue)
 {
     tracker->start();
     loop.runUntil([&] { return tracker->state().frame && !tracker->isQueryInFlight(); });
@@ -85,7 +85,7 @@ TEST_F(FocusTrackerThread, it_finds_the_window_and_releases_the_observation_on_t
     expectProperReleases();
 }
 
-TEST_F(FocusTrackerThread, a_tracker_may_be_destroyed_while_its_query_blocks)
+TEST_F(FocusTrackerThreadTest, a_tracker_may_be_destroyed_while_its_query_blocks)
 {
     std::latch asked(1);
     std::latch answer(1);
@@ -100,7 +100,7 @@ TEST_F(FocusTrackerThread, a_tracker_may_be_destroyed_while_its_query_blocks)
     const JoiningThread application7([&] { answer.count_down(); });
     tracker.reset(); // waits for the answer
 
-    // What the query posted still comes, and finds nobody.
+    // The task that the query posted still runs; the tracker is gone.
     bool last = false;
     loop.post([&] { last = true; });
     loop.runUntil([&] { return last; });
@@ -109,7 +109,7 @@ TEST_F(FocusTrackerThread, a_tracker_may_be_destroyed_while_its_query_blocks)
     expectProperReleases();
 }
 
-TEST_F(FocusTrackerThread, hasty_switches_leave_one_observation_at_a_time)
+TEST_F(FocusTrackerThreadTest, hasty_switches_leave_one_observation_at_a_time)
 {
     tracker->start();
     for (int round = 0; round < 300; ++round) {
@@ -126,7 +126,7 @@ TEST_F(FocusTrackerThread, hasty_switches_leave_one_observation_at_a_time)
     expectProperReleases();
 }
 
-TEST_F(FocusTrackerThread, a_notification_may_end_the_observation_that_delivers_it)
+TEST_F(FocusTrackerThreadTest, a_notification_may_end_the_observation_that_delivers_it)
 {
     tracker->start();
     for (int round = 0; round < 100; ++round) {

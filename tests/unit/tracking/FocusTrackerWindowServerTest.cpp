@@ -8,7 +8,7 @@ using testing::IsEmpty;
 
 using Event = WindowServerEvent;
 
-class FocusTrackerWindowServer : public FocusTrackerTest {
+class FocusTrackerWindowServerTest : public FocusTrackerFixture {
 protected:
     void startAndRest()
     {
@@ -17,7 +17,7 @@ protected:
     }
 };
 
-TEST_F(FocusTrackerWindowServer, a_move_is_published_at_once_and_starts_fast_tracking)
+TEST_F(FocusTrackerWindowServerTest, a_move_is_published_at_once_and_starts_fast_tracking)
 {
     startAndRest();
     const auto queries = queryCount();
@@ -26,10 +26,10 @@ TEST_F(FocusTrackerWindowServer, a_move_is_published_at_once_and_starts_fast_tra
     EXPECT_THAT(journal, ElementsAre("7/42 110,380 400x300"));
     EXPECT_EQ(tracker->state().titleBar, FocusState::TitleBar::height(28));
     EXPECT_TRUE(tracker->isFastTracking());
-    EXPECT_EQ(queryCount(), queries) << "nobody needs to be asked";
+    EXPECT_EQ(queryCount(), queries) << "no query is needed";
 }
 
-TEST_F(FocusTrackerWindowServer, a_move_to_another_screen_moves_the_link_along)
+TEST_F(FocusTrackerWindowServerTest, a_move_to_another_screen_moves_the_link_along)
 {
     start();
     links.screenLinks.clear();
@@ -40,7 +40,7 @@ TEST_F(FocusTrackerWindowServer, a_move_to_another_screen_moves_the_link_along)
     EXPECT_EQ(links.screenLinks.size(), 1U);
 }
 
-TEST_F(FocusTrackerWindowServer, fast_tracking_begins_on_the_screen_that_the_window_moved_to)
+TEST_F(FocusTrackerWindowServerTest, fast_tracking_begins_on_the_screen_that_the_window_moved_to)
 {
     startAndRest();
     links.screenLinks.clear();
@@ -49,7 +49,7 @@ TEST_F(FocusTrackerWindowServer, fast_tracking_begins_on_the_screen_that_the_win
     EXPECT_THAT(links.screenLinks, ElementsAre(kSecondary));
 }
 
-TEST_F(FocusTrackerWindowServer, a_resize_has_the_title_bar_measured_again_by_the_next_query)
+TEST_F(FocusTrackerWindowServerTest, a_resize_has_the_title_bar_measured_again_by_the_next_query)
 {
     startAndRest();
     const auto measurements = accessibility.count("AXCloseButton");
@@ -61,7 +61,7 @@ TEST_F(FocusTrackerWindowServer, a_resize_has_the_title_bar_measured_again_by_th
     EXPECT_EQ(accessibility.count("AXCloseButton"), measurements + 1);
 }
 
-TEST_F(FocusTrackerWindowServer, the_lists_bounds_stand_in_for_the_window_servers)
+TEST_F(FocusTrackerWindowServerTest, the_lists_bounds_stand_in_for_the_window_servers)
 {
     startAndRest();
     info(kWindow).bounds = Rect{0, 0, 200, 100};
@@ -70,7 +70,7 @@ TEST_F(FocusTrackerWindowServer, the_lists_bounds_stand_in_for_the_window_server
     EXPECT_THAT(journal, ElementsAre("7/42 0,700 200x100"));
 }
 
-TEST_F(FocusTrackerWindowServer, a_window_that_is_gone_when_it_is_said_to_move_is_cleared)
+TEST_F(FocusTrackerWindowServerTest, a_window_that_is_closed_when_its_movement_is_reported_is_cleared)
 {
     startAndRest();
     const auto queries = queryCount();
@@ -83,7 +83,7 @@ TEST_F(FocusTrackerWindowServer, a_window_that_is_gone_when_it_is_said_to_move_i
     EXPECT_FALSE(tracker->isFastTracking());
 }
 
-TEST_F(FocusTrackerWindowServer, another_change_clears_the_window_and_asks_again)
+TEST_F(FocusTrackerWindowServerTest, another_change_clears_the_window_and_queries_again)
 {
     startAndRest();
     for (const auto event : {Event::destroyed, Event::orderedOut}) {
@@ -96,7 +96,7 @@ TEST_F(FocusTrackerWindowServer, another_change_clears_the_window_and_asks_again
     }
 }
 
-TEST_F(FocusTrackerWindowServer, another_change_drops_the_query_under_way)
+TEST_F(FocusTrackerWindowServerTest, another_change_drops_the_query_under_way)
 {
     startAndRest();
     askForRefresh();
@@ -110,7 +110,7 @@ TEST_F(FocusTrackerWindowServer, another_change_drops_the_query_under_way)
     EXPECT_THAT(journal, ElementsAre("7/42 100,400 400x300"));
 }
 
-TEST_F(FocusTrackerWindowServer, a_move_keeps_the_query_under_way)
+TEST_F(FocusTrackerWindowServerTest, a_move_keeps_the_query_under_way)
 {
     startAndRest();
     askForRefresh();
@@ -122,7 +122,7 @@ TEST_F(FocusTrackerWindowServer, a_move_keeps_the_query_under_way)
     EXPECT_THAT(journal, ElementsAre("7/42 0,700 100x100"));
 }
 
-TEST_F(FocusTrackerWindowServer, a_delivery_for_the_window_before_does_nothing)
+TEST_F(FocusTrackerWindowServerTest, a_delivery_for_the_window_before_does_nothing)
 {
     startAndRest();
     library.notify(Event::moved, kWindow);
@@ -133,7 +133,7 @@ TEST_F(FocusTrackerWindowServer, a_delivery_for_the_window_before_does_nothing)
     EXPECT_FALSE(tracker->isFastTracking());
 }
 
-TEST_F(FocusTrackerWindowServer, nothing_is_heard_after_the_stop)
+TEST_F(FocusTrackerWindowServerTest, nothing_is_reported_after_the_stop)
 {
     startAndRest();
     library.notify(Event::moved, kWindow);
@@ -143,7 +143,7 @@ TEST_F(FocusTrackerWindowServer, nothing_is_heard_after_the_stop)
     EXPECT_THAT(journal, IsEmpty());
 }
 
-TEST_F(FocusTrackerWindowServer, the_bridge_is_not_made_before_there_is_a_window_to_follow)
+TEST_F(FocusTrackerWindowServerTest, the_bridge_is_not_made_before_there_is_a_window_to_follow)
 {
     accessibility.trusted = false;
     start();
@@ -157,7 +157,7 @@ TEST_F(FocusTrackerWindowServer, the_bridge_is_not_made_before_there_is_a_window
     EXPECT_THAT(library.calls, testing::Contains("load()").Times(1));
 }
 
-TEST_F(FocusTrackerWindowServer, a_refused_watch_changes_nothing_else)
+TEST_F(FocusTrackerWindowServerTest, a_refused_watch_changes_nothing_else)
 {
     library.failAlways("SLSRequestNotificationsForWindows");
     start();

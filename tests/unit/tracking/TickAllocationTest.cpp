@@ -6,7 +6,7 @@
 namespace haloric {
 namespace {
 
-class TickAllocation : public FocusTrackerTest {
+class TickAllocationTest : public FocusTrackerFixture {
 protected:
     std::size_t allocationsOfFrames()
     {
@@ -19,14 +19,14 @@ protected:
     SilentWindowServerCalls silent;
 };
 
-TEST_F(TickAllocation, an_allocation_would_be_counted)
+TEST_F(TickAllocationTest, an_allocation_would_be_counted)
 {
     const auto before = allocationCount();
     const auto forced = std::make_unique<std::string>(100, 'x');
     EXPECT_EQ(allocationCount() - before, 2U);
 }
 
-TEST_F(TickAllocation, a_frame_in_which_the_window_rests_allocates_nothing)
+TEST_F(TickAllocationTest, a_frame_in_which_the_window_rests_allocates_nothing)
 {
     tracker.reset();
     windowServer.emplace(silent, processes, loop, log);
@@ -46,7 +46,7 @@ TEST_F(TickAllocation, a_frame_in_which_the_window_rests_allocates_nothing)
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(TickAllocation, a_frame_without_a_window_allocates_nothing)
+TEST_F(TickAllocationTest, a_frame_without_a_window_allocates_nothing)
 {
     focusNothing(kEditor);
     start();
@@ -54,7 +54,7 @@ TEST_F(TickAllocation, a_frame_without_a_window_allocates_nothing)
     EXPECT_EQ(allocationsOfFrames(), 0U);
 }
 
-TEST_F(TickAllocation, a_frame_while_its_own_window_has_focus_allocates_nothing)
+TEST_F(TickAllocationTest, a_frame_while_its_own_window_has_focus_allocates_nothing)
 {
     application.key = OwnWindow{{300, 200, 420, 560}, 532, 5, true, false};
     makeFrontmost(kOwn);
@@ -63,7 +63,7 @@ TEST_F(TickAllocation, a_frame_while_its_own_window_has_focus_allocates_nothing)
     EXPECT_EQ(allocationsOfFrames(), 0U);
 }
 
-TEST_F(TickAllocation, a_refresh_that_finds_nobody_to_ask_allocates_nothing)
+TEST_F(TickAllocationTest, a_refresh_without_an_application_to_query_allocates_nothing)
 {
     accessibility.trusted = false;
     start();

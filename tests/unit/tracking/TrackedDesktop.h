@@ -1,5 +1,5 @@
 // A desktop of fakes in virtual time: applications with windows that Accessibility, the window list and the window
-// server all know. An editor with one window is frontmost, and a mail program waits with another.
+// server all report. An editor with one window is frontmost; a mail program with another window is in the background.
 #pragma once
 
 #include "hosts/sim/loop/SimRunLoop.h"

@@ -9,9 +9,8 @@ void HotkeyManager::enable()
     if (isRegistered())
         return;
     if (m_handler == EventHandlerRef::none) { // still installed if the registration failed before
-        m_handler = m_hotkeys.installEventHandler(Hotkeys::kPressed, [weak = m_anchor.ref()] {
-            if (HotkeyManager* self = weak.get())
-                self->pressed();
+        m_handler = m_hotkeys.installEventHandler(Hotkeys::kPressed, [press = m_anchor.bind(&HotkeyManager::pressed)] {
+            press();
             return Hotkeys::kNoError; // consumed
         });
     }

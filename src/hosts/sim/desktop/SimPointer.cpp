@@ -74,10 +74,10 @@ SimWindow* SimPointer::draggedWindow() const { return m_drag ? m_model.windows.f
 
 void SimPointer::scheduleStep()
 {
-    m_runLoop.postAfter(m_drag->interval, [weak = m_anchor.ref(), count = m_dragCount] {
-        if (auto* self = weak.get(); self && self->m_drag && self->m_dragCount == count)
-            self->takeStep();
-    });
+    m_runLoop.postAfter(m_drag->interval, m_anchor.bind([count = m_dragCount](SimPointer& self) {
+        if (self.m_drag && self.m_dragCount == count)
+            self.takeStep();
+    }));
 }
 
 void SimPointer::takeStep()

@@ -114,13 +114,11 @@ void SimToolkitWindow::scheduleDrawing()
     if (m_drawingScheduled)
         return;
     m_drawingScheduled = true;
-    m_owner.desktop().runLoop.post([weak = m_anchor.ref()] {
-        if (auto* self = weak.get()) {
-            self->m_drawingScheduled = false;
-            if (self->isVisible() && self->m_dirty)
-                self->draw();
-        }
-    });
+    m_owner.desktop().runLoop.post(m_anchor.bind([](SimToolkitWindow& self) {
+        self.m_drawingScheduled = false;
+        if (self.isVisible() && self.m_dirty)
+            self.draw();
+    }));
 }
 
 void SimToolkitWindow::draw()

@@ -93,10 +93,7 @@ void X11Hotkeys::ungrab(const X11KeyCombination& combination)
 void X11Hotkeys::keyboardChanged()
 {
     // One change of the layout sends several events; update the grabs once, after all of them.
-    m_runLoop.post([weak = m_weakAnchor.ref()] {
-        if (X11Hotkeys* self = weak.get())
-            self->updateGrabs();
-    });
+    m_runLoop.post(m_weakAnchor.bind(&X11Hotkeys::updateGrabs));
 }
 
 void X11Hotkeys::updateGrabs()

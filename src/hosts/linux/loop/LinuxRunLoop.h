@@ -1,4 +1,4 @@
-// The main loop of the X11 host: one epoll set with a timer descriptor for every deadline and an event descriptor
+// The main loop of a Linux host: one epoll set with a timer descriptor for every deadline and an event descriptor
 // for work posted from other threads. Another loop can drive it instead: it calls `prepareToWait` before each of its
 // waits, watches `pollableDescriptor` meanwhile, and calls `turn` when that can be read.
 #pragma once

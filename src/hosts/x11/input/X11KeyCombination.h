@@ -2,7 +2,7 @@
 // ignored. Pure.
 #pragma once
 
-#include "hosts/x11/input/X11KeyNames.h"
+#include "hosts/x11/input/X11Keyboard.h"
 
 #include <cstdint>
 #include <functional>

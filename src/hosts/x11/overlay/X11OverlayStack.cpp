@@ -14,6 +14,20 @@ bool isOrdinary(const X11Client& client, std::uint32_t currentDesktop)
 
 } // namespace
 
+X11StackPlan X11StackPlan::make(std::span<const X11StackEntry> children, std::span<const std::uint32_t> overlays)
+{
+    const auto isBelowOverlays = [](const X11StackEntry& entry) {
+        return entry.role == X11StackRole::ordinary || entry.role == X11StackRole::focused;
+    };
+    const auto highest = std::find_if(children.rbegin(), children.rend(), isBelowOverlays);
+    if (highest == children.rend())
+        return {};
+    const auto above = children.subspan(static_cast<std::size_t>(children.rend() - highest));
+    const bool isInPlace = above.size() >= overlays.size() &&
+                           std::ranges::equal(above.first(overlays.size()), overlays, {}, &X11StackEntry::window);
+    return {highest->window, isInPlace};
+}
+
 X11OverlayStack::X11OverlayStack(X11Connection& connection, const X11ClientTable& clients)
     : m_connection(connection),
       m_clients(clients)

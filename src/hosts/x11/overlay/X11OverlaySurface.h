@@ -1,10 +1,18 @@
-// The X window behind an overlay, and how the content of a view gets into it. Main thread.
+// The X window behind an overlay, and how the content of a view gets into it: blended by a compositor, or as an opaque
+// ring without one. Main thread.
 #pragma once
 
 #include "drawing/PixelRect.h"
 #include "drawing/PixelRegion.h"
+#include "drawing/raster/RasterResources.h"
+#include "foundation/Color.h"
 #include "foundation/Geometry.h"
+#include "hosts/x11/overlay/X11ClickThroughWindow.h"
+#include "hosts/x11/overlay/X11ImageUploader.h"
 #include "platform/ContentView.h"
+
+#include <optional>
+#include <vector>
 
 #include <xcb/xcb.h>
 
@@ -35,6 +43,49 @@ public:
 
     // The window was hidden, and the server has dropped its content.
     virtual void forget() = 0;
+};
+
+// An overlay as a 32-bit window, for screens with a compositor. The transparent part of a view is neither drawn nor
+// sent to the server.
+class X11BlendedSurface final : public X11OverlaySurface {
+public:
+    // All outlive it.
+    X11BlendedSurface(X11Connection& connection, xcb_visualid_t visual, X11ImageUploader& uploader,
+                      RasterResources& resources);
+
+    xcb_window_t window() const override { return m_window.id(); }
+    PixelRegion paint(const X11ViewContent& content, const PixelRegion& damage) override;
+    void forget() override { m_painted.clear(); }
+
+private:
+    bool draw(const X11ViewContent& content, const PixelRect& band);
+
+    X11Connection& m_connection;
+    X11ImageUploader& m_uploader;
+    RasterResources& m_resources;
+    X11ClickThroughWindow m_window;
+    PixelRegion m_painted; // every pixel outside it is transparent
+};
+
+// An overlay as an opaque window with the bounding shape of the strokes that its view draws: the border and the pulse.
+// For screens without a compositor, where no window is translucent.
+class X11RingSurface final : public X11OverlaySurface {
+public:
+    // The connection outlives it.
+    explicit X11RingSurface(X11Connection& connection);
+
+    xcb_window_t window() const override { return m_window.id(); }
+    PixelRegion paint(const X11ViewContent& content, const PixelRegion& damage) override;
+    void forget() override {} // the server repaints the window with its background
+
+private:
+    void setShape(const std::vector<PixelRect>& rects);
+    void setColor(const Color& color);
+
+    X11Connection& m_connection;
+    X11ClickThroughWindow m_window;
+    std::vector<PixelRect> m_shape;
+    std::optional<Color> m_color;
 };
 
 } // namespace haloric

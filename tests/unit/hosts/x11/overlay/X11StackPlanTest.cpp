@@ -1,4 +1,4 @@
-#include "hosts/x11/overlay/X11StackPlan.h"
+#include "hosts/x11/overlay/X11OverlayStack.h"
 
 namespace haloric {
 namespace {

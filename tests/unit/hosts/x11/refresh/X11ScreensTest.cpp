@@ -1,4 +1,3 @@
-#include "hosts/x11/refresh/X11Monitor.h"
 
 #include "hosts/x11/refresh/X11Screens.h"
 

@@ -1,8 +1,8 @@
 #include "app/AppControl.h"
 
-#include "support/FakeApplication.h"
-#include "support/FakeBundle.h"
-#include "support/FakeProcesses.h"
+#include "fakes/FakeApplication.h"
+#include "fakes/FakeBundle.h"
+#include "fakes/FakeProcesses.h"
 
 namespace haloric {
 namespace {

@@ -1,9 +1,9 @@
 #include "app/InstanceControl.h"
 
+#include "fakes/FakeUserDefaults.h"
 #include "hosts/sim/loop/SimRunLoop.h"
 #include "settings/SettingsCodec.h"
 #include "settings/SettingsStore.h"
-#include "support/FakeUserDefaults.h"
 
 #include <limits>
 

@@ -1,6 +1,6 @@
 #include "menubar/HotkeyManager.h"
 
-#include "support/FakeHotkeys.h"
+#include "fakes/FakeHotkeys.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "menubar/UpdaterManager.h"
 
-#include "support/FakeBundle.h"
-#include "support/FakeUpdaterFramework.h"
+#include "fakes/FakeBundle.h"
+#include "fakes/FakeUpdaterFramework.h"
 
 namespace haloric {
 namespace {

@@ -3,16 +3,16 @@
 
 #include "overlay/OverlayController.h"
 
+#include "fakes/FakeInputMonitors.h"
+#include "fakes/FakeLog.h"
+#include "fakes/FakeProcesses.h"
+#include "fakes/FakeScreens.h"
+#include "fakes/FakeToolkitWindows.h"
+#include "fakes/FakeUserDefaults.h"
+#include "fakes/FakeWindowInfoSource.h"
+#include "fakes/FakeWindowServerCalls.h"
+#include "fakes/FakeWorkspace.h"
 #include "hosts/sim/loop/SimRunLoop.h"
-#include "support/FakeInputMonitors.h"
-#include "support/FakeLog.h"
-#include "support/FakeProcesses.h"
-#include "support/FakeScreens.h"
-#include "support/FakeToolkitWindows.h"
-#include "support/FakeUserDefaults.h"
-#include "support/FakeWindowInfoSource.h"
-#include "support/FakeWindowServerCalls.h"
-#include "support/FakeWorkspace.h"
 
 #include <gtest/gtest.h>
 

@@ -3,12 +3,12 @@
 
 #include "overlay/OverlayWindow.h"
 
+#include "fakes/FakeLog.h"
+#include "fakes/FakeProcesses.h"
+#include "fakes/FakeScreens.h"
+#include "fakes/FakeToolkitWindows.h"
+#include "fakes/FakeWindowServerCalls.h"
 #include "hosts/sim/loop/SimRunLoop.h"
-#include "support/FakeLog.h"
-#include "support/FakeProcesses.h"
-#include "support/FakeScreens.h"
-#include "support/FakeToolkitWindows.h"
-#include "support/FakeWindowServerCalls.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 
 #include "overlay/ScreenshotHotkeyMonitor.h"
 
+#include "fakes/FakeInputMonitors.h"
 #include "hosts/sim/loop/SimRunLoop.h"
-#include "support/FakeInputMonitors.h"
 
 #include <gtest/gtest.h>
 

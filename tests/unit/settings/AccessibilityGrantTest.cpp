@@ -1,7 +1,7 @@
 #include "settings/AccessibilityGrant.h"
 
-#include "support/FakeAccessibility.h"
-#include "support/FakeWorkspace.h"
+#include "fakes/FakeAccessibility.h"
+#include "fakes/FakeWorkspace.h"
 
 #include <string>
 #include <vector>

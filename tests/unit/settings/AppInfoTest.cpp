@@ -1,7 +1,7 @@
 #include "settings/AppInfo.h"
 
-#include "support/FakeApplicationCatalog.h"
-#include "support/FakeBundle.h"
+#include "fakes/FakeApplicationCatalog.h"
+#include "fakes/FakeBundle.h"
 
 #include <algorithm>
 #include <string>

@@ -1,7 +1,7 @@
 #include "settings/LaunchAtLogin.h"
 
-#include "support/FakeBundle.h"
-#include "support/FakeLoginItemService.h"
+#include "fakes/FakeBundle.h"
+#include "fakes/FakeLoginItemService.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 // Writes that come from inside another write.
+#include "fakes/FakeUserDefaults.h"
 #include "settings/SettingsCodec.h"
 #include "settings/SettingsStore.h"
-#include "support/FakeUserDefaults.h"
 
 #include <utility>
 #include <vector>

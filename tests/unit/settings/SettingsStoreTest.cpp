@@ -1,7 +1,7 @@
 #include "settings/SettingsStore.h"
 
+#include "fakes/FakeUserDefaults.h"
 #include "settings/SettingsCodec.h"
-#include "support/FakeUserDefaults.h"
 
 #include <limits>
 #include <memory>

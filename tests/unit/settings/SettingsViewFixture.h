@@ -1,16 +1,16 @@
 // The settings window's content with fakes, and functions to find and use its controls.
 #pragma once
 
+#include "fakes/FakeAccessibility.h"
+#include "fakes/FakeAlerts.h"
+#include "fakes/FakeApplication.h"
+#include "fakes/FakeApplicationCatalog.h"
+#include "fakes/FakeBundle.h"
+#include "fakes/FakeLoginItemService.h"
+#include "fakes/FakePanels.h"
+#include "fakes/FakeUserDefaults.h"
+#include "fakes/FakeWorkspace.h"
 #include "settings/SettingsView.h"
-#include "support/FakeAccessibility.h"
-#include "support/FakeAlerts.h"
-#include "support/FakeApplication.h"
-#include "support/FakeApplicationCatalog.h"
-#include "support/FakeBundle.h"
-#include "support/FakeLoginItemService.h"
-#include "support/FakePanels.h"
-#include "support/FakeUserDefaults.h"
-#include "support/FakeWorkspace.h"
 
 #include <gtest/gtest.h>
 

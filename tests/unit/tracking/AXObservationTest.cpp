@@ -1,6 +1,6 @@
 #include "tracking/AXObservation.h"
 
-#include "support/FakeAccessibility.h"
+#include "fakes/FakeAccessibility.h"
 
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "support/FakeAccessibility.h"
+#include "fakes/FakeAccessibility.h"
 #include "tracking/AXFocusWorker.h"
 
 #include <memory>

@@ -1,9 +1,9 @@
 #include "tracking/FastTracking.h"
 
+#include "fakes/FakeDisplayLinks.h"
+#include "fakes/FakeInputMonitors.h"
+#include "fakes/FakeScreens.h"
 #include "hosts/sim/loop/SimRunLoop.h"
-#include "support/FakeDisplayLinks.h"
-#include "support/FakeInputMonitors.h"
-#include "support/FakeScreens.h"
 
 namespace haloric {
 namespace {

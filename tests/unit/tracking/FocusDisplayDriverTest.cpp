@@ -1,6 +1,6 @@
 #include "tracking/FocusDisplayDriver.h"
 
-#include "support/FakeDisplayLinks.h"
+#include "fakes/FakeDisplayLinks.h"
 
 #include <memory>
 #include <optional>

@@ -1,6 +1,6 @@
 // A display frame in which nothing changes must not allocate.
+#include "fakes/SilentWindowServerCalls.h"
 #include "support/AllocationCounter.h"
-#include "support/SilentWindowServerCalls.h"
 #include "unit/tracking/FocusTrackerFixture.h"
 
 namespace haloric {

@@ -2,18 +2,18 @@
 // server all report. An editor with one window is frontmost; a mail program with another window is in the background.
 #pragma once
 
+#include "fakes/FakeAccessibility.h"
+#include "fakes/FakeApplication.h"
+#include "fakes/FakeDisplayLinks.h"
+#include "fakes/FakeInputMonitors.h"
+#include "fakes/FakeLog.h"
+#include "fakes/FakeProcesses.h"
+#include "fakes/FakeScreens.h"
+#include "fakes/FakeWindowInfoSource.h"
+#include "fakes/FakeWindowServerCalls.h"
+#include "fakes/FakeWorkspace.h"
 #include "hosts/sim/loop/SimRunLoop.h"
 #include "hosts/sim/loop/SimSerialQueues.h"
-#include "support/FakeAccessibility.h"
-#include "support/FakeApplication.h"
-#include "support/FakeDisplayLinks.h"
-#include "support/FakeInputMonitors.h"
-#include "support/FakeLog.h"
-#include "support/FakeProcesses.h"
-#include "support/FakeScreens.h"
-#include "support/FakeWindowInfoSource.h"
-#include "support/FakeWindowServerCalls.h"
-#include "support/FakeWorkspace.h"
 
 #include <memory>
 #include <stdexcept>

@@ -1,9 +1,9 @@
 #include "windowserver/LoadedWindowServerCalls.h"
 
 #include "FakeWindowServerLibrary.h"
+#include "fakes/FakeLog.h"
+#include "fakes/FakeProcesses.h"
 #include "hosts/sim/loop/SimRunLoop.h"
-#include "support/FakeLog.h"
-#include "support/FakeProcesses.h"
 #include "windowserver/WindowServer.h"
 
 #include <array>

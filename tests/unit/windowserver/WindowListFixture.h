@@ -1,9 +1,9 @@
 // A window list over windows, screens and applications that a test sets.
 #pragma once
 
-#include "support/FakeScreens.h"
-#include "support/FakeWindowInfoSource.h"
-#include "support/FakeWorkspace.h"
+#include "fakes/FakeScreens.h"
+#include "fakes/FakeWindowInfoSource.h"
+#include "fakes/FakeWorkspace.h"
 #include "windowserver/WindowList.h"
 
 #include <vector>

@@ -1,10 +1,10 @@
 // A bridge over a fake server that notes its calls. The test runs the main loop.
 #pragma once
 
+#include "fakes/FakeLog.h"
+#include "fakes/FakeProcesses.h"
+#include "fakes/FakeWindowServerCalls.h"
 #include "hosts/sim/loop/SimRunLoop.h"
-#include "support/FakeLog.h"
-#include "support/FakeProcesses.h"
-#include "support/FakeWindowServerCalls.h"
 #include "windowserver/WindowServer.h"
 
 #include <memory>

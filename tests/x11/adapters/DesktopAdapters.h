@@ -2,9 +2,9 @@
 // see.
 #pragma once
 
+#include "fakes/FakeLog.h"
 #include "hosts/linux/loop/LinuxRunLoop.h"
 #include "hosts/x11/X11Desktop.h"
-#include "support/FakeLog.h"
 #include "testing/x11/Deadline.h"
 #include "testing/x11/ScreenImage.h"
 #include "testing/x11/X11Session.h"

@@ -1,8 +1,8 @@
 // The bridge over a library that the dynamic loader opened.
 #include "WindowServerModuleLibrary.h"
+#include "fakes/FakeLog.h"
+#include "fakes/FakeProcesses.h"
 #include "hosts/sim/loop/SimRunLoop.h"
-#include "support/FakeLog.h"
-#include "support/FakeProcesses.h"
 
 #include <memory>
 #include <string>

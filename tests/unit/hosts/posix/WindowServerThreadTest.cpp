@@ -1,9 +1,9 @@
 // Notifications from a thread of the library while the main thread watches one window after the other. Races show
 // best under the thread sanitizer.
 #include "WindowServerModuleLibrary.h"
-#include "support/FakeLog.h"
-#include "support/FakeProcesses.h"
-#include "support/PostingRunLoop.h"
+#include "fakes/FakeLog.h"
+#include "fakes/FakeProcesses.h"
+#include "fakes/PostingRunLoop.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "hosts/x11/windows/X11WindowServerCalls.h"
 
-#include "support/FakeLog.h"
-#include "support/FakeProcesses.h"
+#include "fakes/FakeLog.h"
+#include "fakes/FakeProcesses.h"
 #include "windowserver/WindowServer.h"
 #include "x11/adapters/DesktopAdapters.h"
 

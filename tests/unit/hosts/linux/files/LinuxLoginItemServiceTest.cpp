@@ -1,6 +1,6 @@
 #include "hosts/linux/files/LinuxLoginItemService.h"
 
-#include "support/FakeProcesses.h"
+#include "fakes/FakeProcesses.h"
 #include "unit/hosts/linux/files/UserDefaultsFolder.h"
 
 #include <csignal>

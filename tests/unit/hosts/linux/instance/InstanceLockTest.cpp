@@ -1,6 +1,6 @@
 #include "hosts/linux/instance/InstanceLock.h"
 
-#include "support/FakeProcesses.h"
+#include "fakes/FakeProcesses.h"
 #include "testing/x11/TemporaryFolder.h"
 #include "unit/hosts/linux/instance/InstanceFolder.h"
 

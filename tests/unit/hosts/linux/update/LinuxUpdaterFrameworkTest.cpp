@@ -1,12 +1,12 @@
 #include "hosts/linux/update/LinuxUpdaterFramework.h"
 
+#include "fakes/FakeAlerts.h"
+#include "fakes/FakeBundle.h"
+#include "fakes/FakeUpdateProgress.h"
+#include "fakes/FakeUserDefaults.h"
+#include "fakes/FakeWorkspace.h"
 #include "hosts/linux/update/AppcastFetcher.h"
 #include "hosts/sim/loop/SimRunLoop.h"
-#include "support/FakeAlerts.h"
-#include "support/FakeBundle.h"
-#include "support/FakeUpdateProgress.h"
-#include "support/FakeUserDefaults.h"
-#include "support/FakeWorkspace.h"
 #include "support/LoopbackServer.h"
 #include "unit/hosts/linux/update/QtTestLoop.h"
 

@@ -1,9 +1,9 @@
 // A windowing toolkit in memory. It numbers its windows, keeps their order, and records every call.
 #pragma once
 
+#include "fakes/FakeToolkitWindow.h"
 #include "foundation/Task.h"
 #include "platform/ToolkitWindow.h"
-#include "support/FakeToolkitWindow.h"
 
 #include <algorithm>
 #include <memory>

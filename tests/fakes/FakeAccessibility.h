@@ -2,8 +2,8 @@
 // a block of a queue, as the blocking ones must be.
 #pragma once
 
+#include "fakes/FakeAXElement.h"
 #include "platform/Accessibility.h"
-#include "support/FakeAXElement.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,4 +1,4 @@
-#include "support/FakeWindowServerCalls.h"
+#include "fakes/FakeWindowServerCalls.h"
 
 #include <algorithm>
 #include <iterator>

@@ -56,16 +56,16 @@ bool X11WindowServerCalls::has(Entry) const { return true; }
 
 WindowServerCalls::ConnectionID X11WindowServerCalls::mainConnection() { return kConnection; }
 
-std::optional<Rect> X11WindowServerCalls::getBounds(ConnectionID, WindowNumber number)
+std::optional<Rect> X11WindowServerCalls::getBounds(ConnectionID /*connection*/, WindowNumber window)
 {
-    const auto window = static_cast<xcb_window_t>(number);
+    const auto client = static_cast<xcb_window_t>(window);
     std::optional<PixelRect> pixels;
-    if (m_focused.isKnown(window))
+    if (m_focused.isKnown(client))
         pixels = m_focused.visibleFrame();
-    else if (const X11Client* client = m_clients.table().find(window))
-        pixels = client->visibleFrame();
+    else if (const X11Client* known = m_clients.table().find(client))
+        pixels = known->visibleFrame();
     else
-        pixels = askForRectangle(window);
+        pixels = askForRectangle(client);
     return pixels ? std::optional(m_scale.current().toGlobal(*pixels)) : std::nullopt;
 }
 

@@ -85,7 +85,7 @@ void LinuxRunLoop::post(Task task)
         wasEmpty = m_posted.empty() && m_postedDelayed.empty();
         m_posted.push_back(std::move(task));
     }
-    if (wasEmpty && !isLoopThread())
+    if (wasEmpty && !isWaitingThread())
         wake();
 }
 
@@ -97,12 +97,12 @@ void LinuxRunLoop::postAfter(Seconds delay, Task task)
         wasEmpty = m_posted.empty() && m_postedDelayed.empty();
         m_postedDelayed.emplace_back(Clock::now() + rounded<Clock::duration>(delay), std::move(task));
     }
-    if (wasEmpty && !isLoopThread())
+    if (wasEmpty && !isWaitingThread())
         wake();
 }
 
-// This thread calls `prepareToWait` before it waits, which finds what was posted.
-bool LinuxRunLoop::isLoopThread() const { return std::this_thread::get_id() == m_thread; }
+// That thread calls `prepareToWait` again before it waits, which finds what was posted.
+bool LinuxRunLoop::isWaitingThread() const { return std::this_thread::get_id() == m_waitingThread.load(); }
 
 void LinuxRunLoop::wake()
 {
@@ -158,6 +158,7 @@ void LinuxRunLoop::stop()
 
 bool LinuxRunLoop::prepareToWait()
 {
+    m_waitingThread.store(std::this_thread::get_id());
     runHooks();
     takeInDelayedPosts();
     armDescriptor();

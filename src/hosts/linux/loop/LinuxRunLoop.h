@@ -7,6 +7,7 @@
 #include "hosts/linux/loop/TimerQueue.h"
 #include "platform/RunLoop.h"
 
+#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <deque>
@@ -61,7 +62,7 @@ private:
     struct Watch;
     struct Hook;
 
-    bool isLoopThread() const;
+    bool isWaitingThread() const;
     void wake();
     void runHooks();
     void takeInDelayedPosts();
@@ -69,7 +70,7 @@ private:
     void runPosted();
     void armDescriptor();
 
-    const std::thread::id m_thread = std::this_thread::get_id(); // the only one that waits
+    std::atomic<std::thread::id> m_waitingThread; // the one that prepares and waits; none before the first time
     int m_epoll = -1;
     int m_timerDescriptor = -1;
     int m_wakeDescriptor = -1;

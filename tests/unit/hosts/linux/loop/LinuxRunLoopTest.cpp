@@ -36,6 +36,15 @@ TEST_F(LinuxRunLoopTest, posted_tasks_run_in_their_order_and_not_inside_the_call
     EXPECT_EQ(ran, (std::vector{1, 2}));
 }
 
+TEST_F(LinuxRunLoopTest, a_post_from_the_thread_that_made_the_loop_wakes_the_thread_that_runs_it)
+{
+    for (int round = 0; round < 50; ++round) { // whether the other thread waits already is left to chance
+        std::thread waiting([this] { loop.run(); });
+        loop.post([this] { loop.post([this] { loop.stop(); }); });
+        waiting.join();
+    }
+}
+
 TEST_F(LinuxRunLoopTest, a_task_posted_by_a_task_runs_on_the_next_turn)
 {
     loop.post([&] { loop.post(note(1)); });

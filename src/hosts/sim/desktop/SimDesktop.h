@@ -16,7 +16,11 @@
 #include "hosts/sim/desktop/SimWindowVerbs.h"
 #include "hosts/sim/loop/SimRunLoop.h"
 
+#include <vector>
+
 namespace haloric {
+
+class SimOverlay;
 
 struct SimDesktop {
     SimDesktop() = default;
@@ -38,6 +42,11 @@ struct SimDesktop {
     SimScreenVerbs screens{model, notifier, windows};
     SimPointer pointer{runLoop, model, notifier, windows};
     SimKeyboard keyboard{notifier};
+
+    std::vector<SimOverlay*> overlays; // those that exist, in the order of making
+
+    // The overlay with this window number, or null.
+    SimOverlay* overlay(std::int64_t number) const;
 };
 
 } // namespace haloric

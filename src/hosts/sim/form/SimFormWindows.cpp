@@ -1,13 +1,13 @@
 #include "hosts/sim/form/SimFormWindows.h"
 
+#include "hosts/sim/form/SimOwnWindow.h"
+
 #include <algorithm>
 #include <optional>
 
 namespace haloric {
 
 namespace {
-
-constexpr double kTitleBarHeight = 28; // points
 
 // For each kind of control, the task that sets it to `value`; null if the control cannot take that value. The task
 // holds a copy of the control's handler, since the form may be replaced while it runs.
@@ -69,40 +69,24 @@ class SimFormWindows::Window final : public FormWindow {
 public:
     Window(SimFormWindows& owner, const FormWindowConfiguration& configuration, const FormModel& form)
         : m_owner(owner),
-          m_title(configuration.title),
-          m_frame{0, 0, configuration.contentSize.width, configuration.contentSize.height + kTitleBarHeight},
+          m_window(owner.m_desktop, configuration.title,
+                   {0, 0, configuration.contentSize.width,
+                    configuration.contentSize.height + SimOwnWindow::kTitleBarHeight}),
           m_form(form)
     {
         m_owner.m_windows.push_back(this);
     }
 
-    ~Window() override
-    {
-        if (SimWindow* window = serverWindow()) {
-            window->whenClosed = nullptr;
-            desktop().windows.close(*window);
-        }
-        std::erase(m_owner.m_windows, this);
-    }
+    ~Window() override { std::erase(m_owner.m_windows, this); }
 
     void setForm(const FormModel& form) override { m_form = form; }
 
-    void center() override
-    {
-        if (desktop().model.screens.empty())
-            return;
-        const Rect screen = desktop().model.screens.front().frame;
-        moveTo({screen.x + (screen.width - m_frame.width) / 2, screen.y + (screen.height - m_frame.height) / 2,
-                m_frame.width, m_frame.height});
-    }
+    void center() override { m_window.center(); }
 
     void makeKeyAndOrderFront() override
     {
-        note("comes to the front");
         const bool appears = !isVisible();
-        if (appears)
-            open();
-        desktop().windows.focus(*serverWindow());
+        m_window.makeKeyAndOrderFront();
         if (!appears)
             return;
         const FormModel form = m_form; // a copy: the tasks may replace it
@@ -111,7 +95,7 @@ public:
                 section.onAppear();
     }
 
-    bool isVisible() const override { return serverWindow() != nullptr; }
+    bool isVisible() const override { return m_window.isVisible(); }
 
     const FormControl* control(std::string_view id) const
     {
@@ -123,41 +107,9 @@ public:
     }
 
 private:
-    SimDesktop& desktop() const { return m_owner.m_desktop; }
-    SimWindow* serverWindow() const { return desktop().model.windows.find(m_number); }
-
-    void note(const std::string& what) const
-    {
-        desktop().journal.note(SimJournal::Kind::window, "\"" + m_title + "\" " + what);
-    }
-
-    void moveTo(const Rect& frame)
-    {
-        m_frame = frame;
-        if (SimWindow* window = serverWindow())
-            desktop().windows.setFrame(*window, frame);
-    }
-
-    void open()
-    {
-        SimWindow window;
-        window.name = m_title;
-        window.frame = m_frame;
-        window.titleBarHeight = kTitleBarHeight;
-        // Closed by the user, it is shown again in the same place.
-        window.whenClosed = [this](const SimWindow& closed) {
-            m_frame = closed.frame;
-            m_number = WindowNumber::none;
-            note("is closed");
-        };
-        m_number = desktop().windows.open(*desktop().model.app(SimModel::kOwnProcess), std::move(window)).number;
-    }
-
     SimFormWindows& m_owner;
-    std::string m_title;
-    Rect m_frame; // global space
+    SimOwnWindow m_window;
     FormModel m_form;
-    WindowNumber m_number = WindowNumber::none; // while it is on the desktop
 };
 
 std::unique_ptr<FormWindow> SimFormWindows::make(const FormWindowConfiguration& configuration, const FormModel& form)

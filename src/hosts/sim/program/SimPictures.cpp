@@ -88,7 +88,7 @@ Picture SimPictures::compose(SimPlayer& player)
             continue;
         if (!(*i)->overlay)
             paintWindow(picture, desktop, model, **i);
-        else if (const auto* window = player.session().toolkitWindow(static_cast<std::int64_t>((*i)->number)))
+        else if (const auto* window = player.desktop().overlay(static_cast<std::int64_t>((*i)->number)))
             paintOverlay(picture, desktop, *window);
     }
     return picture;
@@ -117,7 +117,7 @@ void SimPictures::paintWindow(Picture& picture, const Rect& desktop, const SimMo
 }
 
 // Overlays are drawn into a layer, since a view may erase what it has painted, and then composed over the desktop.
-void SimPictures::paintOverlay(Picture& picture, const Rect& desktop, const SimToolkitWindow& window)
+void SimPictures::paintOverlay(Picture& picture, const Rect& desktop, const SimOverlay& window)
 {
     const Rect bounds = window.bounds();
     Picture layer(pixels(bounds.width), pixels(bounds.height));

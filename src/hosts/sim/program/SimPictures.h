@@ -22,7 +22,7 @@ public:
 
 private:
     void paintWindow(Picture& picture, const Rect& desktop, const SimModel& model, const SimWindow& window);
-    void paintOverlay(Picture& picture, const Rect& desktop, const SimToolkitWindow& window);
+    void paintOverlay(Picture& picture, const Rect& desktop, const SimOverlay& window);
 
     std::string m_folder;
     RasterResources m_resources;

@@ -17,11 +17,11 @@ std::string atInstant(const SimPlayer& player)
 
 } // namespace
 
-SimReplay::SimReplay(const SimScenario& scenario)
+SimReplay::SimReplay(const SimScenario& scenario, const SimAdapterFactory& makeAdapters)
     : m_scenario(scenario),
-      m_player(std::make_unique<SimPlayer>(SimSetup::fromJson(scenario.setup, "setup"),
-                                           scenario.skipsUnknownNames ? SimPlayer::UnknownNames::skip
-                                                                      : SimPlayer::UnknownNames::fail))
+      m_player(std::make_unique<SimPlayer>(
+          SimSetup::fromJson(scenario.setup, "setup"),
+          scenario.skipsUnknownNames ? SimPlayer::UnknownNames::skip : SimPlayer::UnknownNames::fail, makeAdapters))
 {
 }
 

@@ -13,7 +13,7 @@ namespace haloric {
 
 class SimReplay {
 public:
-    explicit SimReplay(const SimScenario& scenario);
+    explicit SimReplay(const SimScenario& scenario, const SimAdapterFactory& makeAdapters = nullptr);
 
     // Called after each step, with its index.
     std::function<void(SimPlayer&, std::size_t)> onStep;

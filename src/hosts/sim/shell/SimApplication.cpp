@@ -33,6 +33,12 @@ void SimApplication::terminate()
     m_desktop.journal.note(SimJournal::Kind::application, "terminated");
 }
 
+void SimApplication::reopen()
+{
+    if (m_delegate)
+        m_delegate->applicationShouldHandleReopen(false);
+}
+
 std::optional<OwnWindow> SimApplication::keyWindow() const
 {
     const SimModel& model = m_desktop.model;

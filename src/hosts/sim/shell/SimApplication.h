@@ -19,6 +19,9 @@ public:
     std::optional<OwnWindow> keyWindow() const override;
     std::optional<OwnWindow> mainWindow() const override { return keyWindow(); }
 
+    // The user opens the application again while it runs.
+    void reopen();
+
     bool hasTerminated() const { return m_terminated; }
     ActivationPolicy activationPolicy() const { return m_policy; }
 

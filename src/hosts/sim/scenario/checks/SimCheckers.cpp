@@ -161,7 +161,7 @@ void SimCheckers::checkQuietAtRest()
 void SimCheckers::checkContentsAtRest()
 {
     const SimModel& model = m_session.desktop().model;
-    for (const SimToolkitWindow* window : m_session.toolkitWindows.all()) {
+    for (const SimOverlay* window : m_session.desktop().overlays) {
         if (!window->isVisible())
             continue;
         requireAtRest(window->serverWindow().space == model.activeSpace, "an overlay was left behind on another Space");
@@ -175,7 +175,7 @@ void SimCheckers::checkHighlightAtRest()
     const OverlayController& overlays = *m_session.overlays();
     const SimOracle oracle(model, m_session.settingsStore().settings());
     const auto expected = oracle.highlightFrame();
-    const SimToolkitWindow* window = m_session.toolkitWindow(overlays.highlightWindow().windowNumber());
+    const SimOverlay* window = m_session.desktop().overlay(overlays.highlightWindow().windowNumber());
     if (!expected) {
         requireAtRest(!window->isVisible(), "the highlight is shown although nothing deserves one");
         return;
@@ -187,7 +187,7 @@ void SimCheckers::checkHighlightAtRest()
     const double margin = oracle.margin();
     const Rect inner{margin, margin, expected->width - 2 * margin, expected->height - 2 * margin};
     requireAtRest(simNear(overlays.highlightView().windowRect, inner), "the highlight surrounds the wrong rectangle");
-    for (const SimToolkitWindow* other : m_session.toolkitWindows.all()) {
+    for (const SimOverlay* other : m_session.desktop().overlays) {
         if (other != window && other->isVisible())
             requireAtRest(depth(model, window->windowNumber()) < depth(model, other->windowNumber()),
                           "a dimming window lies above the highlight");

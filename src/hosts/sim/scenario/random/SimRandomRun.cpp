@@ -42,7 +42,8 @@ std::optional<SimRandomRun::Failure> SimRandomRun::playEpisode(std::uint64_t epi
     scenario.title = "Random episode " + std::to_string(episode) + " of seed " + std::to_string(m_options.seed);
     scenario.skipsUnknownNames = true;
     scenario.setup = random.setup();
-    SimPlayer player(SimSetup::fromJson(scenario.setup, scenario.title), SimPlayer::UnknownNames::fail);
+    SimPlayer player(SimSetup::fromJson(scenario.setup, scenario.title), SimPlayer::UnknownNames::fail,
+                     m_options.makeAdapters);
     player.desktop().journal.setKeepsEntries(false);
     static const SimStepKind* const rest = findSimStepKind("rest");
     try {

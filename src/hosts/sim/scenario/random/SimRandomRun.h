@@ -3,6 +3,7 @@
 
 #include "hosts/sim/scenario/SimScenario.h"
 #include "hosts/sim/scenario/random/SimRandomSteps.h"
+#include "hosts/sim/scenario/session/SimProgramAdapters.h"
 
 #include <cstdint>
 #include <functional>
@@ -20,6 +21,7 @@ public:
         std::uint64_t steps = 10'000;
         std::optional<std::uint64_t> episode{}; // this one only
         SimRandomSteps::Sabotage sabotage = SimRandomSteps::Sabotage::none;
+        SimAdapterFactory makeAdapters{}; // of every episode
     };
 
     struct Failure {

@@ -1,10 +1,26 @@
 #include "hosts/sim/scenario/session/SimSession.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace haloric {
 
-SimSession::SimSession(const SimSetup& setup)
+// The simulated desktop's own.
+class SimSession::OwnAdapters final : public SimProgramAdapters {
+public:
+    explicit OwnAdapters(SimSession& session) : m_session(session) {}
+
+    ApplicationDependencies dependencies() override { return m_session.ownDependencies(); }
+
+    bool changeControl(std::string_view id, const SimFormWindows::Value& value) override
+    {
+        return m_session.formWindows.change(id, value);
+    }
+
+private:
+    SimSession& m_session;
+};
+
+SimSession::SimSession(const SimSetup& setup, const SimAdapterFactory& makeAdapters)
 {
     m_desktop.systemVersion = setup.systemVersion;
     m_desktop.faults = setup.faults;
@@ -20,8 +36,22 @@ SimSession::SimSession(const SimSetup& setup)
     for (const std::int64_t answer : setup.alertAnswers)
         alerts.willAnswer(static_cast<std::size_t>(answer));
 
-    m_entry = std::make_unique<HaloricProgram>(ApplicationDependencies{
-        .runLoop = m_desktop.runLoop,
+    m_adapters = makeAdapters ? makeAdapters(*this) : std::make_unique<OwnAdapters>(*this);
+    m_entry = std::make_unique<HaloricProgram>(m_adapters->dependencies());
+}
+
+SimSession::~SimSession()
+{
+    m_entry.reset();
+    m_desktop.runLoop.discardPending(); // events refer to adapters, which are destroyed before the loop
+    m_adapters.reset();
+    m_desktop.runLoop.discardPending();
+}
+
+ApplicationDependencies SimSession::ownDependencies()
+{
+    return {
+        .runLoop = desktop().runLoop,
         .serialQueues = serialQueues,
         .displayLinks = displayLinks,
         .workspace = workspace,
@@ -45,20 +75,7 @@ SimSession::SimSession(const SimSetup& setup)
         .processes = processes,
         .log = log,
         .videoLinks = displayLinks.makesLinksFromScreens() ? nullptr : &displayLinks,
-    });
-}
-
-SimSession::~SimSession()
-{
-    m_entry.reset();
-    m_desktop.runLoop.discardPending(); // events refer to adapters, which are destroyed before the loop
-}
-
-const SimToolkitWindow* SimSession::toolkitWindow(std::int64_t number) const
-{
-    const auto& all = toolkitWindows.all();
-    const auto found = std::ranges::find(all, number, &SimToolkitWindow::windowNumber);
-    return found == all.end() ? nullptr : *found;
+    };
 }
 
 } // namespace haloric

@@ -1,4 +1,5 @@
 // One run of the program on a simulated desktop: the desktop, every adapter, and the program itself from its entry on.
+// Other adapters may stand between the program and these (SimProgramAdapters).
 #pragma once
 
 #include "app/AppDelegate.h"
@@ -9,6 +10,7 @@
 #include "hosts/sim/overlay/SimToolkitWindows.h"
 #include "hosts/sim/refresh/SimDisplayLinks.h"
 #include "hosts/sim/refresh/SimScreens.h"
+#include "hosts/sim/scenario/session/SimProgramAdapters.h"
 #include "hosts/sim/scenario/session/SimSetup.h"
 #include "hosts/sim/shell/SimAlerts.h"
 #include "hosts/sim/shell/SimApplication.h"
@@ -27,6 +29,7 @@
 #include "hosts/sim/windows/SimWorkspace.h"
 
 #include <memory>
+#include <string_view>
 
 namespace haloric {
 
@@ -35,7 +38,7 @@ class SimSession {
     SimDesktop m_desktop;
 
 public:
-    explicit SimSession(const SimSetup& setup);
+    explicit SimSession(const SimSetup& setup, const SimAdapterFactory& makeAdapters = nullptr);
     ~SimSession();
 
     // Starts the program: it shows the onboarding alert if it must, and tracks from the next turn of the loop on.
@@ -46,14 +49,20 @@ public:
     SettingsStore& settingsStore() { return m_entry->settingsStore(); }
 
     // The user opens the application again while it runs.
-    void reopen() { m_entry->delegate().applicationShouldHandleReopen(false); }
+    void reopen() { application.reopen(); }
+
+    // The user uses a control of a form on screen, as SimFormWindows::change.
+    bool changeControl(std::string_view id, const SimFormWindows::Value& value)
+    {
+        return m_adapters->changeControl(id, value);
+    }
 
     // Null before the start.
     const OverlayController* overlays() const { return m_entry->delegate().overlays(); }
     const FocusTracker* tracker() const { return m_entry->delegate().tracker(); }
 
-    // The toolkit's window of an overlay; null when there is none of that number.
-    const SimToolkitWindow* toolkitWindow(std::int64_t number) const;
+    // The adapters below.
+    ApplicationDependencies ownDependencies();
 
     SimSerialQueues serialQueues{m_desktop.runLoop};
     SimScreens screens{m_desktop};
@@ -79,6 +88,9 @@ public:
     SimLog log{m_desktop};
 
 private:
+    class OwnAdapters;
+
+    std::unique_ptr<SimProgramAdapters> m_adapters;
     std::unique_ptr<HaloricProgram> m_entry;
 };
 

@@ -21,14 +21,14 @@ void require(bool condition, const std::string& otherwise)
         throw SimFailure(otherwise);
 }
 
-bool isSeen(SimPlayer& player, const SimToolkitWindow& window)
+bool isSeen(SimPlayer& player, const SimOverlay& window)
 {
     return window.isVisible() && player.desktop().model.isOnScreen(window.serverWindow());
 }
 
-const SimToolkitWindow& highlightWindow(SimPlayer& player)
+const SimOverlay& highlightWindow(SimPlayer& player)
 {
-    return *player.session().toolkitWindow(player.session().overlays()->highlightWindow().windowNumber());
+    return *player.desktop().overlay(player.session().overlays()->highlightWindow().windowNumber());
 }
 
 bool isWithin(const Rect& a, const Rect& b, double tolerance)
@@ -38,7 +38,7 @@ bool isWithin(const Rect& a, const Rect& b, double tolerance)
 }
 
 // The rectangles that a drawing pass filled with this blend mode, in screen space of the window.
-std::vector<Rect> filledShapes(const SimToolkitWindow& window, BlendMode mode)
+std::vector<Rect> filledShapes(const SimOverlay& window, BlendMode mode)
 {
     std::vector<Rect> shapes;
     for (const auto& drawing : window.shownDrawings()) {
@@ -55,14 +55,13 @@ std::vector<Rect> filledShapes(const SimToolkitWindow& window, BlendMode mode)
 
 bool noneSeen(SimPlayer& player, std::span<const std::unique_ptr<OverlayWindow>> windows)
 {
-    return std::ranges::none_of(windows, [&](const auto& window) {
-        return isSeen(player, *player.session().toolkitWindow(window->windowNumber()));
-    });
+    return std::ranges::none_of(
+        windows, [&](const auto& window) { return isSeen(player, *player.desktop().overlay(window->windowNumber())); });
 }
 
 void expectHighlight(SimPlayer& player, const SimJson& arguments)
 {
-    const SimToolkitWindow& window = highlightWindow(player);
+    const SimOverlay& window = highlightWindow(player);
     require(isSeen(player, window), "the highlight is not on screen");
     const double margin = SimOracle(player.desktop().model, player.session().settingsStore().settings()).margin();
     const Rect surrounded = window.serverWindow().frame.insetBy(margin);
@@ -94,7 +93,7 @@ void expectDim(SimPlayer& player, const SimJson& arguments)
     const Rect hole = model.flipped(player.window(arguments, "hole").frame);
     require(windows.size() == model.screens.size(), "there is not one dimming window a screen");
     for (std::size_t i = 0; i < windows.size(); ++i) {
-        const SimToolkitWindow& window = *player.session().toolkitWindow(windows[i]->windowNumber());
+        const SimOverlay& window = *player.desktop().overlay(windows[i]->windowNumber());
         const std::string screen = "screen " + std::to_string(i + 1);
         require(isSeen(player, window), screen + " is not dimmed");
         require(window.serverWindow().frame == model.screens[i].frame, screen + " is not covered by its dimming");
@@ -118,7 +117,7 @@ void expectAppDim(SimPlayer& player, const SimJson& arguments)
     const SimModel& model = player.desktop().model;
     const auto windows = player.session().overlays()->appDimWindows();
     for (std::size_t i = 0; i < windows.size(); ++i) {
-        const SimToolkitWindow& window = *player.session().toolkitWindow(windows[i]->windowNumber());
+        const SimOverlay& window = *player.desktop().overlay(windows[i]->windowNumber());
         require(isSeen(player, window), "applications are not dimmed");
         const Point origin = model.flipped(model.screens[i].frame).origin();
         std::vector<Rect> expected;

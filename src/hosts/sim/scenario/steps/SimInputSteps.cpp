@@ -59,7 +59,7 @@ void changeControl(SimPlayer& player, const SimJson& arguments)
     else if (arguments.contains("option"))
         value = arguments["option"].get<std::string>();
     const auto id = arguments["id"].get<std::string>();
-    if (!player.session().formWindows.change(id, value))
+    if (!player.session().changeControl(id, value))
         throw SimUnknownName("the settings window shows no control \"" + id + "\" that takes this");
 }
 

@@ -26,8 +26,8 @@ std::string journalText(const SimStep& step)
 
 } // namespace
 
-SimPlayer::SimPlayer(const SimSetup& setup, UnknownNames unknownNames)
-    : m_session(setup),
+SimPlayer::SimPlayer(const SimSetup& setup, UnknownNames unknownNames, const SimAdapterFactory& makeAdapters)
+    : m_session(setup, makeAdapters),
       m_checkers(started(m_session)),
       m_unknownNames(unknownNames)
 {

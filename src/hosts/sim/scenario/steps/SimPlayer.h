@@ -28,7 +28,7 @@ public:
     static constexpr Seconds kRest{3.0};
 
     // Starts the program.
-    SimPlayer(const SimSetup& setup, UnknownNames unknownNames);
+    SimPlayer(const SimSetup& setup, UnknownNames unknownNames, const SimAdapterFactory& makeAdapters = nullptr);
 
     // Throws SimFailure when a check fails, SimScenarioError when the step cannot be played.
     void play(const SimStep& step);

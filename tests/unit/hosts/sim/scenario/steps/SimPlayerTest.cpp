@@ -110,5 +110,39 @@ TEST(SimPlayer, a_setup_reaches_the_desktop)
     EXPECT_TRUE(session.desktop().faults.missingEntries.contains("SLSGetWindowBounds"));
 }
 
+// The desktop's own adapters behind another factory, which counts what reaches them.
+struct CountingAdapters final : SimProgramAdapters {
+    SimSession& session;
+    int& changes;
+
+    CountingAdapters(SimSession& session_, int& changes_) : session(session_), changes(changes_) {}
+    ApplicationDependencies dependencies() override { return session.ownDependencies(); }
+    bool changeControl(std::string_view id, const SimFormWindows::Value& value) override
+    {
+        ++changes;
+        return session.formWindows.change(id, value);
+    }
+};
+
+TEST(SimPlayer, the_program_runs_on_the_adapters_that_a_factory_makes)
+{
+    int made = 0;
+    int changes = 0;
+    const auto makeAdapters = [&](SimSession& session) {
+        ++made;
+        return std::make_unique<CountingAdapters>(session, changes);
+    };
+    const SimScenario scenario = SimScenario::parse(R"({"title": "test", "steps": [
+        {"do": "reopen"},
+        {"do": "control", "id": "borderEnabled", "on": false},
+        {"do": "control", "id": "borderEnabled", "on": true}]})",
+                                                    "test");
+    SimReplay replay(scenario, makeAdapters);
+
+    EXPECT_EQ(replay.play(), std::nullopt);
+    EXPECT_EQ(made, 1);
+    EXPECT_EQ(changes, 2);
+}
+
 } // namespace
 } // namespace haloric

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 
 namespace haloric {
 
@@ -52,6 +53,13 @@ constexpr double intersectionArea(const Rect& a, const Rect& b)
 }
 
 constexpr bool intersects(const Rect& a, const Rect& b) { return intersectionArea(a, b) > 0; }
+
+// Whether every coordinate and edge is a number, neither infinite nor NaN.
+inline bool isFinite(const Rect& rect)
+{
+    return std::isfinite(rect.minX()) && std::isfinite(rect.minY()) && std::isfinite(rect.width) &&
+           std::isfinite(rect.height) && std::isfinite(rect.maxX()) && std::isfinite(rect.maxY());
+}
 
 // Converts between screen space (origin at the bottom left of the primary screen, y upward) and the window
 // server's global space (origin at its top left, y downward). The same formula converts both ways.

@@ -57,12 +57,14 @@ OverlayWindow::OverlayWindow(const OverlayWindowDependencies& platform)
 
 void OverlayWindow::setFrame(const Rect& frame)
 {
-    if (m_window->frame() != frame)
+    if (isFinite(frame) && m_window->frame() != frame)
         m_window->setFrame(frame, false);
 }
 
 void OverlayWindow::positionHighlight(const Rect& target, Positioning positioning)
 {
+    if (!isFinite(target))
+        return;
     if (positioning == Positioning::fastPathAllowed) {
         const Rect current = frame();
         const bool sameSize = target.size() == current.size();

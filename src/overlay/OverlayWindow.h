@@ -28,11 +28,12 @@ public:
 
     explicit OverlayWindow(const OverlayWindowDependencies& platform);
 
-    // Puts the window at `target` (screen space); makes no call when it is there already.
+    // Puts the window at `target` (screen space); makes no call when it is there already, or when a coordinate is not
+    // finite.
     void positionHighlight(const Rect& target, Positioning positioning);
 
     // The operations of ToolkitWindow. `setFrame` does not redisplay, and does nothing when the toolkit already has
-    // that frame.
+    // that frame, or when a coordinate is not finite.
     void setFrame(const Rect& frame);
     void setContentView(ContentView& view) { m_window->setContentView(view); }
     void setNeedsDisplay() { m_window->setNeedsDisplay(); }

@@ -80,8 +80,8 @@ void ScreenshotHotkeyMonitor::apply(bool active)
     m_active = active;
     if (active)
         m_timeoutTimer = m_runLoop.scheduleOnce(kTimeout, m_anchor.bind(&ScreenshotHotkeyMonitor::set, false));
-    if (onChange)
-        onChange(active);
+    if (const auto handler = onChange) // a copy, because the handler may replace itself
+        handler(active);
 }
 
 } // namespace haloric

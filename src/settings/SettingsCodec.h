@@ -16,7 +16,8 @@ struct SettingsCodec {
 
     // Tolerant by key, strict by value: a key that is missing or null keeps its default, unknown keys are ignored,
     // but one value of the wrong type (also inside a colour, where every member is required) makes the whole record
-    // absent. So does everything that is not a JSON object.
+    // absent. So does everything that is not a JSON object, and, under an unknown key as well, what the parser has no
+    // value for: a number beyond the range of a double, or half of a surrogate pair.
     static std::optional<Settings> decode(std::string_view bytes);
 };
 

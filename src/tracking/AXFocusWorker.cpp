@@ -3,6 +3,7 @@
 #include "platform/AccessibilityNames.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace haloric {
 
@@ -15,6 +16,9 @@ bool hasValue(const AXAttribute& attribute)
 {
     return attribute.error == AXError::success && !std::holds_alternative<std::monostate>(attribute.value);
 }
+
+bool isFinite(const Point& point) { return std::isfinite(point.x) && std::isfinite(point.y); }
+bool isFinite(const Size& size) { return std::isfinite(size.width) && std::isfinite(size.height); }
 
 // The element that the attribute gives; null for an error, no value, or a value of another type.
 AXElement elementOf(const AXAttribute& attribute)
@@ -154,7 +158,7 @@ std::optional<T> AXFocusWorker::axValue(const AXElement& element, std::string_vi
 {
     const AXAttribute attribute = m_accessibility.copyAttribute(element, name);
     const auto* value = std::get_if<T>(&attribute.value);
-    return attribute.error == AXError::success && value ? std::optional(*value) : std::nullopt;
+    return attribute.error == AXError::success && value && isFinite(*value) ? std::optional(*value) : std::nullopt;
 }
 
 } // namespace haloric

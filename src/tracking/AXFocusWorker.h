@@ -62,7 +62,7 @@ private:
     Snapshot identify(const AXElement& window);
     FocusState::TitleBar titleBar(const AXElement& window, WindowIdentity identity, std::uint64_t revision);
 
-    // The attribute's value when the read succeeds and gives a T.
+    // The attribute's value when the read succeeds and gives a T of finite numbers.
     template <class T>
     std::optional<T> axValue(const AXElement& element, std::string_view name);
 

@@ -21,7 +21,8 @@ std::optional<Rect> FocusFrames::frame(const Rect& globalRect) const
     const auto screens = m_screens.all();
     if (screens.empty())
         return std::nullopt;
-    return flippedVertically(globalRect, screens.front().frame.maxY());
+    const Rect flipped = flippedVertically(globalRect, screens.front().frame.maxY());
+    return isFinite(flipped) ? std::optional(flipped) : std::nullopt;
 }
 
 std::optional<Rect> FocusFrames::frame(const WindowInfo& entry) const

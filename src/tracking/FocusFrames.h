@@ -1,5 +1,5 @@
 // A window's frame in screen space, from the window server's private interface if it answers, else from the public
-// window list. Absent without a screen. Main thread.
+// window list. Absent without a screen, and for numbers that are not finite. Main thread.
 #pragma once
 
 #include "foundation/Geometry.h"

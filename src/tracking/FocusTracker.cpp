@@ -7,6 +7,7 @@
 #include "platform/Workspace.h"
 #include "windowserver/SharedWindowServer.h"
 
+#include <cmath>
 #include <utility>
 
 namespace haloric {
@@ -22,6 +23,13 @@ constexpr EventMask kMousePresses =
     maskOf(EventType::leftMouseDown) | maskOf(EventType::rightMouseDown) | maskOf(EventType::otherMouseDown);
 constexpr EventMask kMouseReleases =
     maskOf(EventType::leftMouseUp) | maskOf(EventType::rightMouseUp) | maskOf(EventType::otherMouseUp);
+
+FocusState::TitleBar ownTitleBar(double height)
+{
+    if (!std::isfinite(height))
+        return FocusState::TitleBar::unknown();
+    return height > kSmallestOwnTitleBar ? FocusState::TitleBar::height(height) : FocusState::TitleBar::none();
+}
 
 } // namespace
 
@@ -159,8 +167,8 @@ void FocusTracker::publish(const FocusState& state)
     if (state.frame != m_state.frame)
         m_fastTracking.noteMovement();
     m_state = state;
-    if (onChange)
-        onChange(m_state);
+    if (const auto handler = onChange) // a copy, because the handler may replace itself
+        handler(m_state);
 }
 
 void FocusTracker::forgetWindow(ProcessID pid)
@@ -203,8 +211,7 @@ void FocusTracker::apply(std::uint64_t generation, ProcessID pid, const AXFocusW
 void FocusTracker::applyFocused(const AXFocusWorker::Snapshot& snapshot, ProcessID pid)
 {
     const auto frame = frameOf(snapshot, pid);
-    // The form of the comparison rejects NaN as well.
-    if (!frame || !(frame->width > kSmallestSide) || !(frame->height > kSmallestSide)) {
+    if (!frame || frame->width <= kSmallestSide || frame->height <= kSmallestSide) {
         forgetWindow(pid);
         return;
     }
@@ -230,13 +237,12 @@ void FocusTracker::refreshOwnWindow(ProcessID pid)
     auto window = m_platform.application.keyWindow();
     if (!window)
         window = m_platform.application.mainWindow();
-    if (!window || window->overlay || !window->visible) {
+    if (!window || window->overlay || !window->visible || !isFinite(window->frame)) {
         publish(FocusState::cleared(pid));
         return;
     }
     const double height = window->frame.height - window->contentLayoutHeight;
-    const auto titleBar =
-        height > kSmallestOwnTitleBar ? FocusState::TitleBar::height(height) : FocusState::TitleBar::none();
+    const auto titleBar = ownTitleBar(height);
     const auto identity = static_cast<WindowIdentity>(window->number);
     publish({window->frame, pid, identity, titleBar});
     pulseAfterFocus(identity);
@@ -244,8 +250,10 @@ void FocusTracker::refreshOwnWindow(ProcessID pid)
 
 void FocusTracker::pulseAfterFocus(WindowIdentity identity)
 {
-    if (m_pulse.focused(identity) && onPulse)
-        onPulse();
+    if (!m_pulse.focused(identity))
+        return;
+    if (const auto handler = onPulse)
+        handler();
 }
 
 // Events.

@@ -33,7 +33,7 @@ std::optional<WindowList::Entry> entryFrom(const WindowInfo& window, ProcessID o
     if (!number)
         return std::nullopt;
     const auto* bounds = std::get_if<Rect>(&window.bounds);
-    if (!bounds || !(bounds->width > 1.0 && bounds->height > 1.0))
+    if (!bounds || !isFinite(*bounds) || bounds->width <= 1.0 || bounds->height <= 1.0)
         return std::nullopt;
     return WindowList::Entry{*bounds, WindowNumber{*number}, ProcessID{*owner}, std::nullopt};
 }

@@ -47,7 +47,9 @@ Blend blendOf(const Color& color, double coverage, PaintMode mode)
     const std::uint32_t source = mode == PaintMode::erase ? 0 : premultiplied(color, coverage);
     if (mode == PaintMode::over)
         return {source, 255 - alphaOf(source)};
-    return {source, mode == PaintMode::write ? 0 : toByte(1 - unit(coverage))};
+    // Limited, because at half coverage the new and the kept part are both rounded up, to more than a byte.
+    const std::uint32_t rest = std::min(toByte(1 - unit(coverage)), 255 - alphaOf(source));
+    return {source, mode == PaintMode::write ? 0 : rest};
 }
 
 void fillPixels(std::uint32_t* row, std::size_t count, std::uint32_t pixel)

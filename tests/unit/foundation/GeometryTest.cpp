@@ -1,5 +1,8 @@
 #include "foundation/Geometry.h"
 
+#include <cmath>
+#include <limits>
+
 namespace haloric {
 namespace {
 
@@ -25,6 +28,20 @@ TEST(GeometryTest, the_shared_area_is_measured) { EXPECT_EQ(intersectionArea({0,
 TEST(GeometryTest, a_negative_inset_grows_the_rectangle_on_every_side)
 {
     EXPECT_EQ((Rect{10, 10, 20, 20}.insetBy(-4)), (Rect{6, 6, 28, 28}));
+}
+
+TEST(GeometryTest, a_rectangle_is_finite_only_if_every_coordinate_and_edge_is)
+{
+    constexpr double kLarge = std::numeric_limits<double>::max();
+    EXPECT_TRUE(isFinite({-1, 2, 3, 4}));
+    for (const double bad : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        EXPECT_FALSE(isFinite({bad, 0, 1, 1}));
+        EXPECT_FALSE(isFinite({0, bad, 1, 1}));
+        EXPECT_FALSE(isFinite({0, 0, bad, 1}));
+        EXPECT_FALSE(isFinite({0, 0, 1, bad}));
+    }
+    EXPECT_FALSE(isFinite({kLarge, 0, kLarge, 1})) << "the right edge";
+    EXPECT_FALSE(isFinite({0, kLarge, 1, kLarge})) << "the upper edge";
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 // What an overlay window is, and how the toolkit moves it.
 #include "unit/overlay/OverlayWindowFixture.h"
 
+#include <cmath>
+
 namespace haloric {
 namespace {
 
@@ -52,6 +54,21 @@ TEST_F(OverlayWindowTest, a_frame_set_by_the_controller_is_not_redisplayed)
     forget();
     window->setFrame({1, 2, 3, 4});
     EXPECT_TRUE(record->calls.empty());
+}
+
+TEST_F(OverlayWindowTest, a_frame_that_is_not_finite_is_refused)
+{
+    show();
+    for (const double bad : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        const Rect target{100, bad, 300, 200};
+        window->setFrame(target);
+        moveTo(target);
+        window->positionHighlight(target, Positioning::synchronizeWithAppKit);
+        EXPECT_TRUE(record->calls.empty()) << bad;
+        EXPECT_TRUE(library.calls.empty()) << bad;
+        EXPECT_EQ(window->frame(), kStart) << bad;
+        EXPECT_TRUE(window->transactionMovesAvailable()) << bad;
+    }
 }
 
 TEST_F(OverlayWindowTest, a_hidden_window_is_moved_by_the_toolkit)

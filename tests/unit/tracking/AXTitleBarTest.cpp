@@ -1,6 +1,7 @@
 #include "fakes/FakeAccessibility.h"
 #include "tracking/AXFocusWorker.h"
 
+#include <cmath>
 #include <memory>
 
 namespace haloric {
@@ -50,6 +51,25 @@ TEST_F(AXTitleBarTest, the_height_is_twice_the_distance_to_the_close_buttons_cen
     EXPECT_EQ(measure(), TitleBar::height(28));
     placeCentre(25);
     EXPECT_EQ(measure(), TitleBar::height(50));
+}
+
+TEST_F(AXTitleBarTest, numbers_that_are_not_finite_leave_the_height_unknown)
+{
+    for (const double bad : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        for (const Point& position : {Point{bad, 206}, Point{108, bad}}) {
+            button->set("AXPosition", position);
+            EXPECT_EQ(measure(), TitleBar::unknown()) << bad;
+        }
+        placeCentre(14);
+        for (const Size& size : {Size{bad, 16}, Size{14, bad}}) {
+            button->set("AXSize", size);
+            EXPECT_EQ(measure(), TitleBar::unknown()) << bad;
+        }
+        button->set("AXSize", Size{14, 16});
+        window->set("AXPosition", Point{100, bad});
+        EXPECT_EQ(measure(), TitleBar::unknown()) << bad;
+        window->set("AXPosition", Point{100, 200});
+    }
 }
 
 TEST_F(AXTitleBarTest, the_height_lies_between_20_and_60_points)

@@ -1,5 +1,7 @@
 #include "unit/tracking/FocusTrackerFixture.h"
 
+#include <cmath>
+
 namespace haloric {
 namespace {
 
@@ -123,6 +125,41 @@ TEST_F(FocusTrackerFrameTest, without_a_screen_there_is_no_frame)
     hideNumber();
     poll();
     EXPECT_THAT(journal, IsEmpty());
+}
+
+TEST_F(FocusTrackerFrameTest, numbers_of_the_window_server_and_its_list_that_are_not_finite_make_no_frame)
+{
+    for (const double bad : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        place(kWindow, {bad, 100, 400, 300});
+        tracker->stop();
+        start();
+        EXPECT_EQ(tracker->state(), FocusState::cleared(kEditor)) << bad;
+        place(kWindow, {100, bad, 400, 300});
+        poll();
+        EXPECT_EQ(tracker->state().frame, std::nullopt) << bad;
+        place(kWindow, {100, 100, 400, bad});
+        poll();
+        EXPECT_EQ(tracker->state().frame, std::nullopt) << bad;
+    }
+}
+
+TEST_F(FocusTrackerFrameTest, numbers_of_accessibility_that_are_not_finite_make_no_frame)
+{
+    hideNumber();
+    editorWindow->set("AXPosition", Point{HUGE_VAL, 100});
+    start();
+    EXPECT_THAT(journal, ElementsAre("cleared 7"));
+    editorWindow->set("AXPosition", Point{100, 100});
+    editorWindow->set("AXSize", Size{400, std::nan("")});
+    poll();
+    EXPECT_THAT(journal, ElementsAre("cleared 7"));
+}
+
+TEST_F(FocusTrackerFrameTest, a_screen_that_is_not_finite_makes_no_frame)
+{
+    screens.set({{{0, 0, 1000, HUGE_VAL}, DisplayID{1}, 60, 1}});
+    start();
+    EXPECT_THAT(journal, ElementsAre("cleared 7"));
 }
 
 } // namespace

@@ -78,5 +78,24 @@ TEST_F(FocusTrackerLifecycleTest, it_works_without_listeners)
     EXPECT_EQ(describe(tracker->state()), "7/42 100,400 400x300");
 }
 
+TEST_F(FocusTrackerLifecycleTest, a_listener_that_replaces_itself_lives_until_it_returns)
+{
+    auto mark = std::make_shared<int>(0);
+    int alive = 0;
+    tracker->onChange = [this, mark, &alive](const FocusState&) {
+        const std::weak_ptr<int> self = mark;
+        tracker->onChange = nullptr;
+        alive += self.expired() ? 0 : 1;
+    };
+    tracker->onPulse = [this, mark, &alive] {
+        const std::weak_ptr<int> self = mark;
+        tracker->onPulse = nullptr;
+        alive += self.expired() ? 0 : 1;
+    };
+    mark.reset();
+    start();
+    EXPECT_EQ(alive, 2);
+}
+
 } // namespace
 } // namespace haloric

@@ -1,5 +1,7 @@
 #include "unit/tracking/FocusTrackerFixture.h"
 
+#include <cmath>
+
 namespace haloric {
 namespace {
 
@@ -91,6 +93,22 @@ TEST_F(FocusTrackerOwnWindowTest, the_watch_on_another_applications_window_ends)
     askForRefresh();
     EXPECT_EQ(tracker->currentWindowID(), WindowNumber::none);
     EXPECT_THAT(journal, ElementsAre("cleared 1", "1/5 300,200 420x560"));
+}
+
+TEST_F(FocusTrackerOwnWindowTest, a_frame_that_is_not_finite_counts_as_no_window)
+{
+    application.key->frame.x = std::nan("");
+    activate(kOwn);
+    EXPECT_THAT(journal, ElementsAre("blank", "cleared 1"));
+}
+
+TEST_F(FocusTrackerOwnWindowTest, a_content_height_that_is_not_finite_leaves_the_title_bar_unknown)
+{
+    for (const double bad : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        application.key->contentLayoutHeight = bad;
+        activate(kOwn);
+        EXPECT_EQ(tracker->state().titleBar, FocusState::TitleBar::unknown());
+    }
 }
 
 } // namespace

@@ -72,5 +72,15 @@ TEST_F(WindowListFilterTest, both_sides_must_exceed_one_point)
     EXPECT_TRUE(lists(window(1, kEditor, {0, 0, 2, 2})));
 }
 
+TEST_F(WindowListFilterTest, bounds_that_are_not_finite_are_skipped)
+{
+    for (const double bad : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        EXPECT_FALSE(lists(window(1, kEditor, {bad, 0, 2, 2}))) << bad;
+        EXPECT_FALSE(lists(window(1, kEditor, {0, bad, 2, 2}))) << bad;
+        EXPECT_FALSE(lists(window(1, kEditor, {0, 0, bad, 2}))) << bad;
+        EXPECT_FALSE(lists(window(1, kEditor, {0, 0, 2, bad}))) << bad;
+    }
+}
+
 } // namespace
 } // namespace haloric

@@ -50,6 +50,16 @@ TEST_F(RasterCanvasDrawing, copying_replaces_what_was_there)
     EXPECT_EQ(picture.at(6, 4), kRedPixel);
 }
 
+TEST_F(RasterCanvasDrawing, copying_over_part_of_an_opaque_pixel_keeps_it_opaque)
+{
+    const Color white{1, 1, 1, 1};
+    for (int part = 0; part <= 256; ++part) {
+        canvas.fillRect(kAll, white, CompositingOperation::sourceOver);
+        canvas.fillRect({5, 0, part / 256.0, 10}, white, CompositingOperation::copy);
+        EXPECT_EQ(picture.at(5, 4), 0xffffffff) << part << "/256 of a pixel";
+    }
+}
+
 TEST_F(RasterCanvasDrawing, the_clear_mode_erases_and_normal_paints_again)
 {
     canvas.fill(Path::rect(kAll), kRed, FillRule::nonZero);

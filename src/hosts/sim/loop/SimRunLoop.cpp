@@ -26,9 +26,32 @@ Seconds SimRunLoop::systemUptime() const { return now(); }
 
 Seconds SimRunLoop::wallClock() const { return m_wallClockOrigin + systemUptime(); }
 
-void SimRunLoop::post(Task task) { postAt(now(), std::move(task)); }
+void SimRunLoop::post(Task task) { postAfter(Seconds(0), std::move(task)); }
 
-void SimRunLoop::postAfter(Seconds delay, Task task) { postAt(now() + toNanoseconds(delay), std::move(task)); }
+void SimRunLoop::postAfter(Seconds delay, Task task)
+{
+    if (std::this_thread::get_id() == m_mainThread) {
+        postAt(now() + toNanoseconds(delay), std::move(task));
+        return;
+    }
+    const std::lock_guard guard(m_lock);
+    m_posts.emplace_back(toNanoseconds(delay), std::move(task));
+    m_hasPosts = true;
+}
+
+void SimRunLoop::takeInPosts()
+{
+    if (!m_hasPosts)
+        return;
+    std::vector<std::pair<Nanoseconds, Task>> posts;
+    {
+        const std::lock_guard guard(m_lock);
+        posts.swap(m_posts);
+        m_hasPosts = false;
+    }
+    for (auto& [delay, task] : posts)
+        postAt(now() + delay, std::move(task));
+}
 
 Subscription SimRunLoop::scheduleOnce(Seconds delay, Task task)
 {
@@ -94,6 +117,7 @@ void SimRunLoop::runFirst()
 
 bool SimRunLoop::runNext()
 {
+    takeInPosts();
     if (m_events.empty())
         return false;
     runFirst();
@@ -102,6 +126,7 @@ bool SimRunLoop::runNext()
 
 void SimRunLoop::discardPending()
 {
+    takeInPosts();
     const auto discarded = std::exchange(m_events, {}); // tasks may cancel timers while they are destroyed
 }
 
@@ -113,9 +138,9 @@ std::optional<SimRunLoop::Nanoseconds> SimRunLoop::nextDue() const
 void SimRunLoop::runFor(Seconds duration)
 {
     const Nanoseconds end = m_now + toNanoseconds(duration);
-    while (!m_events.empty() && m_events.begin()->first.first <= end)
+    for (takeInPosts(); !m_events.empty() && m_events.begin()->first.first <= end; takeInPosts())
         runFirst();
-    m_now = end;
+    m_now = std::max(m_now, end); // an event may have run the loop for longer
 }
 
 void SimRunLoop::spend(Seconds duration) { m_spent += toNanoseconds(duration); }

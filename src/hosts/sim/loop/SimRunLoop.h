@@ -1,17 +1,22 @@
 // The main loop of the simulated desktop, and its virtual time, which passes only in `runFor`, `runNext` and
-// `runPosted`. Single-threaded; blocks of background queues run on the same thread (SimSerialQueues).
+// `runPosted`. The thread that made it is its main thread; only `post` and `postAfter` may be called on others. Blocks
+// of background queues run on the main thread (SimSerialQueues).
 #pragma once
 
 #include "platform/RunLoop.h"
 
+#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <set>
+#include <thread>
 #include <utility>
+#include <vector>
 
 namespace haloric {
 
@@ -70,6 +75,7 @@ private:
     Subscription arm(Seconds delay, Seconds interval, Seconds tolerance, Task task);
     void disarm(Timer& timer);
     void fire(const std::shared_ptr<Timer>& timer);
+    void takeInPosts();
     void runFirst();
 
     Nanoseconds m_now{0};
@@ -78,6 +84,11 @@ private:
     std::uint64_t m_sequence = 0;
     std::map<Key, Task> m_events;
     std::multiset<Seconds> m_armedTolerances; // one a timer
+
+    const std::thread::id m_mainThread = std::this_thread::get_id();
+    std::atomic<bool> m_hasPosts = false;              // of other threads
+    std::mutex m_lock;                                 // guards the next one
+    std::vector<std::pair<Nanoseconds, Task>> m_posts; // delays, from the time at which the loop takes them in
 };
 
 } // namespace haloric

@@ -1,6 +1,7 @@
 #include "hosts/sim/refresh/SimDisplayLinks.h"
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 namespace haloric {
@@ -102,7 +103,7 @@ public:
 
     void add(std::uint64_t) override
     {
-        if (!m_resumed || std::exchange(m_pending, true))
+        if (!m_resumed || m_pending.exchange(true))
             return;
         m_runLoop.post([weak = m_anchor.ref()] {
             auto* self = weak.get();
@@ -119,8 +120,8 @@ public:
 private:
     SimRunLoop& m_runLoop;
     Task m_handler;
-    bool m_resumed = false;
-    bool m_pending = false;
+    std::atomic<bool> m_resumed = false;
+    std::atomic<bool> m_pending = false;
     WeakAnchor<AddSource> m_anchor{*this};
 };
 

@@ -1,6 +1,7 @@
 #include "hosts/sim/loop/SimRunLoop.h"
 
 #include <set>
+#include <thread>
 #include <vector>
 
 namespace haloric {
@@ -22,6 +23,20 @@ TEST_F(SimRunLoopTest, nothing_runs_inside_the_call_that_posts_it)
     EXPECT_TRUE(ran.empty());
     loop.runPosted();
     EXPECT_EQ(ran, std::vector{1});
+}
+
+TEST_F(SimRunLoopTest, work_that_another_thread_posts_runs_in_its_order)
+{
+    std::thread([this] {
+        loop.post(note(1));
+        loop.postAfter(Seconds(1), note(3));
+        loop.post(note(2));
+    }).join();
+    EXPECT_TRUE(loop.runNext());
+    EXPECT_TRUE(loop.runNext());
+    EXPECT_EQ(ran, (std::vector{1, 2}));
+    loop.runFor(Seconds(1));
+    EXPECT_EQ(ran, (std::vector{1, 2, 3}));
 }
 
 TEST_F(SimRunLoopTest, equal_deadlines_run_in_the_order_in_which_they_were_scheduled)

@@ -3,6 +3,7 @@
 #include "foundation/ScreenChoice.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace haloric {
 
@@ -24,6 +25,26 @@ void SimScreenVerbs::resize(DisplayID id, Size size)
         if (screen.id == id) {
             screen.frame.width = size.width;
             screen.frame.height = size.height;
+        }
+    }
+    changed();
+}
+
+void SimScreenVerbs::makePrimary(DisplayID id)
+{
+    const auto found = std::ranges::find(m_model.screens, id, &SimScreen::id);
+    if (found != m_model.screens.end())
+        std::rotate(m_model.screens.begin(), found, found + 1);
+    changed();
+}
+
+void SimScreenVerbs::setScale(DisplayID id, double pixelsPerPoint)
+{
+    for (SimScreen& screen : m_model.screens) {
+        if (screen.id == id) {
+            const double shrunk = std::exchange(screen.scale, pixelsPerPoint) / pixelsPerPoint;
+            screen.frame.width *= shrunk;
+            screen.frame.height *= shrunk;
         }
     }
     changed();

@@ -1,4 +1,4 @@
-// What happens to screens: plugged in, unplugged, resized. Frames are in global space.
+// What happens to screens: plugged in, unplugged, resized, rearranged. Frames are in global space.
 #pragma once
 
 #include "hosts/sim/desktop/SimWindowVerbs.h"
@@ -21,6 +21,12 @@ public:
     void unplug(DisplayID id);
 
     void resize(DisplayID id, Size size);
+
+    // Makes it the origin of global space. Nothing moves on any screen.
+    void makePrimary(DisplayID id);
+
+    // The same pixels, at another number of them a point.
+    void setScale(DisplayID id, double pixelsPerPoint);
 
 private:
     void changed();

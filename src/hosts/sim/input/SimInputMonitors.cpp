@@ -41,7 +41,8 @@ private:
             m_enabled = false; // reported to the handler, which may enable the tap again
         else if (!(m_mask & maskOf(event.type)))
             return;
-        m_handler(event);
+        const TapHandler handler = m_handler; // it may destroy this tap
+        handler(event);
     }
 
     SimDesktop& m_desktop;

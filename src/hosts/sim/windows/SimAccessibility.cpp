@@ -168,8 +168,10 @@ public:
     {
         m_subscription =
             m_owner.m_desktop.notifier.accessibility.subscribe([this](ProcessID pid, const std::string& name) {
-                if (pid == m_pid && m_names.contains(name))
-                    m_callback(name);
+                if (pid != m_pid || !m_names.contains(name))
+                    return;
+                const ObserverCallback callback = m_callback; // it may lead to the release of this observer
+                callback(name);
             });
     }
 

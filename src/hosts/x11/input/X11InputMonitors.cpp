@@ -41,8 +41,10 @@ public:
 private:
     void deliver(const TapEvent& event) const
     {
-        if (m_enabled && (m_mask & maskOf(event.type)) != 0)
-            m_handler(event);
+        if (!m_enabled || (m_mask & maskOf(event.type)) == 0)
+            return;
+        const InputMonitors::TapHandler handler = m_handler; // it may destroy this tap
+        handler(event);
     }
 
     X11RawInput& m_input;

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace haloric {
@@ -76,11 +77,24 @@ public:
     // The visible frame in global space, read by other means than the adapters'; absent when the window is gone.
     virtual std::optional<Rect> frameOf(const ContractWindow& window) = 0;
 
+    // The rectangle of a window of this process in global space, as the window server holds it; absent when there is
+    // none of that number. Global space is that of the screens as the verbs below have arranged them.
+    virtual std::optional<Rect> placeOf(WindowNumber window) = 0;
+
+    // Changes the screens while the program runs: another one becomes the primary one, away from the place of the
+    // present one; or the primary one gets that many pixels a point. False if this desktop cannot.
+    virtual bool makeOtherScreenPrimary() = 0;
+    virtual bool setScale(double pixelsPerPoint) = 0;
+
     // Runs the main loop until the predicate holds; false when it does not within the host's time limit.
     virtual bool waitUntil(const std::function<bool()>& holds) = 0;
 
     // Runs the main loop for about this long, for what must not happen.
     virtual void turnFor(Seconds duration) = 0;
+
+    // What is stored under a key of the user defaults, read by other means than the adapter's: what the next start of
+    // the program finds.
+    virtual std::optional<std::string> storedData(std::string_view key) = 0;
 
     // The lines written to the log.
     virtual std::string loggedText() = 0;

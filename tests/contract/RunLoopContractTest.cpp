@@ -81,19 +81,6 @@ TEST_P(RunLoopContract, a_repeating_timer_fires_until_it_is_cancelled)
     EXPECT_EQ(fired, when);
 }
 
-TEST_P(RunLoopContract, a_repeating_timer_may_cancel_itself)
-{
-    int fired = 0;
-    Subscription timer;
-    timer = host->runLoop().scheduleRepeating(Seconds(0.01), Seconds(0), [&] {
-        ++fired;
-        timer.reset();
-    });
-
-    host->turnFor(Seconds(0.05));
-    EXPECT_EQ(fired, 1);
-}
-
 TEST_P(RunLoopContract, uptime_does_not_run_backwards_and_the_calendar_is_of_this_century)
 {
     const Seconds before = host->runLoop().systemUptime();

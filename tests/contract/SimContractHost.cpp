@@ -90,6 +90,20 @@ public:
         return found ? std::optional(found->frame) : std::nullopt;
     }
 
+    std::optional<Rect> placeOf(WindowNumber window) override { return frameOf({ownProcess(), window}); }
+
+    bool makeOtherScreenPrimary() override
+    {
+        m_desktop.screens.makePrimary(m_desktop.model.screens[1].id);
+        return true;
+    }
+
+    bool setScale(double pixelsPerPoint) override
+    {
+        m_desktop.screens.setScale(m_desktop.model.screens[0].id, pixelsPerPoint);
+        return true;
+    }
+
     bool waitUntil(const std::function<bool()>& holds) override
     {
         constexpr Seconds kPatience{10};
@@ -102,6 +116,8 @@ public:
     }
 
     void turnFor(Seconds duration) override { m_desktop.runLoop.runFor(duration); }
+
+    std::optional<std::string> storedData(std::string_view key) override { return m_userDefaults.data(key); }
 
     std::string loggedText() override
     {

@@ -1,29 +1,13 @@
-// User defaults, the bundle, processes, the environment and the log.
+// The bundle, processes, the environment and the log.
 #include "contract/HostContract.h"
 #include "platform/Bundle.h"
 #include "platform/Log.h"
 #include "platform/Processes.h"
-#include "platform/UserDefaults.h"
 
 namespace haloric {
 namespace {
 
 class SystemContract : public HostContract {};
-
-TEST_P(SystemContract, user_defaults_return_what_was_stored)
-{
-    UserDefaults& defaults = host->userDefaults();
-    const std::string bytes("{\"a\": 1}\0\xff", 10);
-    EXPECT_EQ(defaults.data("contract.none"), std::nullopt);
-
-    defaults.setData("contract.key", bytes);
-    EXPECT_EQ(defaults.data("contract.key"), bytes);
-    defaults.setData("contract.key", "other");
-    EXPECT_EQ(defaults.data("contract.key"), "other");
-    defaults.setData("contract.empty", "");
-    EXPECT_EQ(defaults.data("contract.empty"), "");
-    EXPECT_EQ(defaults.data("contract.key"), "other");
-}
 
 TEST_P(SystemContract, the_bundle_has_an_absolute_path_without_a_trailing_slash)
 {

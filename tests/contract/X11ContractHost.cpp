@@ -1,6 +1,9 @@
 #include "contract/X11ContractHost.h"
 
+#include "testing/x11/FileContents.h"
+
 #include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <future>
 #include <sstream>
@@ -13,6 +16,7 @@ namespace haloric {
 namespace {
 
 constexpr const char* kLogName = "log";
+constexpr double kDotsPerInch = 96; // at scale 1
 
 int openLog(const TemporaryFolder& folder)
 {
@@ -113,11 +117,44 @@ std::optional<Rect> X11ContractHost::frameOf(const ContractWindow& window)
     return frame.width > 0 && frame.height > 0 ? std::optional(pointsOf(frame)) : std::nullopt;
 }
 
+std::optional<Rect> X11ContractHost::placeOf(WindowNumber window)
+{
+    const ScreenRect place = m_session.observer().rectOnRoot(static_cast<xcb_window_t>(window));
+    if (place.width == 0)
+        return std::nullopt;
+    return Rect{(place.x - m_origin.x) / m_scale, (place.y - m_origin.y) / m_scale, place.width / m_scale,
+                place.height / m_scale};
+}
+
+// The right half of the screen becomes a screen, and the primary one.
+bool X11ContractHost::makeOtherScreenPrimary()
+{
+    m_origin = {960, 80};
+    return m_session.server().xrandr({"--setmonitor", "left", "960/250x1080/280+0+0", "screen"}) &&
+           m_session.server().xrandr({"--setmonitor", "*right", "960/250x1000/280+960+80", "none"});
+}
+
+bool X11ContractHost::setScale(double pixelsPerPoint)
+{
+    m_scale = pixelsPerPoint;
+    const auto dotsPerInch = static_cast<int>(std::lround(kDotsPerInch * pixelsPerPoint));
+    m_session.observer().setText(m_session.observer().root(), "RESOURCE_MANAGER",
+                                 "Xft.dpi:\t" + std::to_string(dotsPerInch) + "\n");
+    m_session.observer().synchronize();
+    return true;
+}
+
 void X11ContractHost::turnFor(Seconds duration)
 {
     const Seconds end = m_desktop.loop.systemUptime() + duration;
     while (m_desktop.loop.systemUptime() < end)
         m_desktop.loop.turn(std::min(end - m_desktop.loop.systemUptime(), Seconds(0.01)));
+}
+
+std::optional<std::string> X11ContractHost::storedData(std::string_view key)
+{
+    const auto file = std::filesystem::path(LinuxUserDefaults::standardFolder(m_processes)) / key;
+    return std::filesystem::exists(file) ? std::optional(contentsOf(file)) : std::nullopt;
 }
 
 std::string X11ContractHost::loggedText()

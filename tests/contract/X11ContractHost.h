@@ -51,8 +51,12 @@ public:
     void pressButton() override { m_session.input().press(); }
     void releaseButton() override { m_session.input().release(); }
     std::optional<Rect> frameOf(const ContractWindow& window) override;
+    std::optional<Rect> placeOf(WindowNumber window) override;
+    bool makeOtherScreenPrimary() override;
+    bool setScale(double pixelsPerPoint) override;
     bool waitUntil(const std::function<bool()>& holds) override { return m_desktop.waitUntil(holds); }
     void turnFor(Seconds duration) override;
+    std::optional<std::string> storedData(std::string_view key) override;
     std::string loggedText() override;
     std::string knownProgram() override { return "/bin/sh"; }
     std::string unknownProgram() override { return "/nowhere/program"; }
@@ -66,6 +70,8 @@ private:
     ScopedVariable m_configurationFolder{"XDG_CONFIG_HOME", m_folder.path().string()};
     X11Session m_session;
     std::map<WindowNumber, std::unique_ptr<TestClient>> m_clients;
+    Point m_origin; // of global space, in pixels of the root
+    double m_scale = 1;
 
     // In the order in which the program makes them.
     int m_logFile;

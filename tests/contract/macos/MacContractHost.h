@@ -59,8 +59,15 @@ public:
     void pressButton() override;
     void releaseButton() override;
     std::optional<Rect> frameOf(const ContractWindow& window) override;
+    std::optional<Rect> placeOf(WindowNumber window) override;
+
+    // The user's screens stay as they are.
+    bool makeOtherScreenPrimary() override { return false; }
+    bool setScale(double) override { return false; }
+
     bool waitUntil(const std::function<bool()>& holds) override;
     void turnFor(Seconds duration) override;
+    std::optional<std::string> storedData(std::string_view key) override;
     std::string loggedText() override;
     std::string knownProgram() override { return "/bin/sh"; }
     std::string unknownProgram() override { return "/nowhere/program"; }

@@ -53,8 +53,11 @@ MacContractHost::~MacContractHost()
     ::dup2(m_standardError, STDERR_FILENO);
     ::close(m_standardError);
     ::unlink(m_logPath.c_str());
-    for (const char* key : {"contract.key", "contract.empty"})
-        [NSUserDefaults.standardUserDefaults removeObjectForKey:nsStringFrom(key)];
+    NSUserDefaults* const defaults = NSUserDefaults.standardUserDefaults;
+    for (NSString* key in defaults.dictionaryRepresentation) {
+        if ([key hasPrefix:@"contract."])
+            [defaults removeObjectForKey:key];
+    }
 }
 
 ContractWindow MacContractHost::openWindow(const Rect& frame)
@@ -112,6 +115,18 @@ std::optional<Rect> MacContractHost::frameOf(const ContractWindow& window)
     return found == m_windows.end() ? std::nullopt : std::optional(flipped(found->second->ask("where")));
 }
 
+std::optional<Rect> MacContractHost::placeOf(WindowNumber window)
+{
+    const CFOwned<CFArrayRef> list(
+        CGWindowListCopyWindowInfo(kCGWindowListOptionIncludingWindow, static_cast<CGWindowID>(window)));
+    NSArray<NSDictionary*>* const records = (__bridge NSArray*)list.get();
+    CGRect bounds = CGRectZero;
+    const auto* dictionary = (__bridge CFDictionaryRef)records.firstObject[(__bridge NSString*)kCGWindowBounds];
+    if (!dictionary || !CGRectMakeWithDictionaryRepresentation(dictionary, &bounds))
+        return std::nullopt;
+    return rectFrom(bounds);
+}
+
 bool MacContractHost::waitUntil(const std::function<bool()>& holds)
 {
     const Seconds end = m_runLoop.systemUptime() + kPatience;
@@ -140,6 +155,18 @@ void MacContractHost::turn(Seconds atMost)
         if (event)
             [NSApp sendEvent:event];
     }
+}
+
+std::optional<std::string> MacContractHost::storedData(std::string_view key)
+{
+    const auto application = kCFPreferencesCurrentApplication;
+    NSString* const name = nsStringFrom(key);
+    CFPreferencesAppSynchronize(application);
+    const CFOwned<CFPropertyListRef> value(CFPreferencesCopyAppValue((__bridge CFStringRef)name, application));
+    NSData* const data = (__bridge NSData*)value.get();
+    return [data isKindOfClass:NSData.class]
+               ? std::optional(std::string(static_cast<const char*>(data.bytes), data.length))
+               : std::nullopt;
 }
 
 std::string MacContractHost::loggedText()

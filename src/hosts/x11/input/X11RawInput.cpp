@@ -150,12 +150,15 @@ void X11RawInput::receiveKey(std::uint8_t keyCode, bool pressed)
     const X11Key& key = m_keyboard.key(keyCode);
     if (key.isCapsLock)
         m_capsLocked = !m_capsLocked;
-    if (key.isPrintScreen) {
-        // It opens the desktop's screenshot interface, as Command-Shift-5 does on macOS.
-        m_keyDowns.publish(
-            {EventType::keyDown, kKeyNumberOf5, heldModifiers() | ModifierFlags::kCommand | ModifierFlags::kShift});
+    const std::uint64_t held = heldModifiers();
+    const bool isSuperHeld = (held & ModifierFlags::kCommand) != 0;
+    if (key.isPrintScreen && !isSuperHeld) {
+        // It opens the desktop's screenshot interface, alone or with Shift, Alt or Control, as Command-Shift-5 does on
+        // macOS. There, Option keeps the interface closed.
+        constexpr std::uint64_t kChord = ModifierFlags::kCommand | ModifierFlags::kShift;
+        m_keyDowns.publish({EventType::keyDown, kKeyNumberOf5, (held & ~ModifierFlags::kOption) | kChord});
     } else if (key.number) {
-        m_keyDowns.publish({EventType::keyDown, *key.number, heldModifiers()});
+        m_keyDowns.publish({EventType::keyDown, *key.number, held & ~ModifierFlags::kCommand});
     }
 }
 

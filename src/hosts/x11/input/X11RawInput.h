@@ -32,7 +32,9 @@ public:
         return m_buttons.subscribe(std::move(handler));
     }
 
-    // A key went down: its virtual key number and the modifier flags. Keys without a number are not delivered.
+    // A key went down: its virtual key number and the modifier flags. Keys without a number are not delivered. Super is
+    // not reported as Command: with Shift and a digit, which opens the screenshot interface of macOS, it moves windows
+    // to workspaces under many window managers. Here the Print key opens that interface.
     Subscription onKeyDown(std::function<void(const TapEvent&)> handler)
     {
         return m_keyDowns.subscribe(std::move(handler));

@@ -30,11 +30,18 @@ using Key = std::pair<std::int64_t, std::uint64_t>;
 TEST_F(X11KeysTest, keys_are_reported_with_their_numbers_and_flags)
 {
     EXPECT_EQ(numberAndFlags({'4'}), Key(21, 0));
-    EXPECT_EQ(numberAndFlags({XK_Super_L, XK_Shift_L, '4'}), Key(21, 0x120000));
-    EXPECT_EQ(numberAndFlags({XK_Super_L, XK_Shift_R, '5'}), Key(23, 0x120000));
-    EXPECT_EQ(numberAndFlags({XK_Super_L, XK_Alt_L, XK_Shift_L, '4'}), Key(21, 0x1A0000));
-    EXPECT_EQ(numberAndFlags({XK_Control_L, XK_Alt_L, XK_Super_L, 'f'}), Key(3, 0x1C0000));
+    EXPECT_EQ(numberAndFlags({XK_Shift_L, '4'}), Key(21, 0x020000));
+    EXPECT_EQ(numberAndFlags({XK_Shift_R, '5'}), Key(23, 0x020000));
+    EXPECT_EQ(numberAndFlags({XK_Control_L, XK_Alt_L, 'f'}), Key(3, 0x0C0000));
     EXPECT_EQ(numberAndFlags({XK_Escape}), Key(53, 0));
+}
+
+TEST_F(X11KeysTest, the_super_key_is_not_command)
+{
+    // Many window managers move the window to a workspace by these.
+    EXPECT_EQ(numberAndFlags({XK_Super_L, XK_Shift_L, '4'}), Key(21, 0x020000));
+    EXPECT_EQ(numberAndFlags({XK_Super_R, XK_Shift_R, '5'}), Key(23, 0x020000));
+    EXPECT_EQ(numberAndFlags({XK_Super_L, '4'}), Key(21, 0));
 }
 
 TEST_F(X11KeysTest, modifiers_on_their_own_are_not_reported)
@@ -46,17 +53,20 @@ TEST_F(X11KeysTest, lock_keys_change_no_other_flags)
 {
     session.input().chord({XK_Num_Lock});
     session.input().chord({XK_Scroll_Lock});
-    EXPECT_EQ(numberAndFlags({XK_Super_L, XK_Shift_L, '4'}), Key(21, 0x120000));
+    EXPECT_EQ(numberAndFlags({XK_Shift_L, '4'}), Key(21, 0x020000));
     session.input().chord({XK_Caps_Lock});
-    EXPECT_EQ(numberAndFlags({XK_Super_L, XK_Shift_L, '4'}), Key(21, 0x130000));
+    EXPECT_EQ(numberAndFlags({XK_Shift_L, '4'}), Key(21, 0x030000));
     session.input().chord({XK_Caps_Lock});
-    EXPECT_EQ(numberAndFlags({XK_Super_L, XK_Shift_L, '4'}), Key(21, 0x120000));
+    EXPECT_EQ(numberAndFlags({XK_Shift_L, '4'}), Key(21, 0x020000));
 }
 
-TEST_F(X11KeysTest, the_print_key_counts_as_the_screenshot_key)
+TEST_F(X11KeysTest, the_print_key_is_the_screenshot_key_alone_or_with_any_modifier_but_super)
 {
     EXPECT_EQ(numberAndFlags({XK_Print}), Key(23, 0x120000));
-    EXPECT_EQ(numberAndFlags({XK_Alt_L, XK_Print}), Key(23, 0x1A0000)); // at once and of one window: no interface
+    EXPECT_EQ(numberAndFlags({XK_Shift_L, XK_Print}), Key(23, 0x120000));
+    EXPECT_EQ(numberAndFlags({XK_Alt_L, XK_Print}), Key(23, 0x120000));
+    EXPECT_EQ(numberAndFlags({XK_Control_L, XK_Print}), Key(23, 0x160000));
+    EXPECT_FALSE(lastEvent({XK_Super_L, XK_Print}).has_value());
 }
 
 TEST_F(X11KeysTest, a_new_keyboard_layout_is_followed)
@@ -78,15 +88,15 @@ TEST_F(X11KeysTest, a_new_keyboard_layout_is_followed)
 
 TEST_F(X11KeysTest, keys_held_from_before_count)
 {
-    session.input().pressKey(XK_Super_L);
+    session.input().pressKey(XK_Control_L);
     X11RawInput late(*adapters.connection, keyboard);
     std::optional<TapEvent> last;
     const auto subscription = late.onKeyDown([&](const TapEvent& event) { last = event; });
     session.input().chord({'4'});
     adapters.settle();
-    session.input().releaseKey(XK_Super_L);
+    session.input().releaseKey(XK_Control_L);
     ASSERT_TRUE(last);
-    EXPECT_EQ(last->flags, 0x100000U);
+    EXPECT_EQ(last->flags, 0x040000U);
 }
 
 TEST_F(X11KeysTest, a_tap_receives_the_events_of_its_mask_while_it_is_enabled)

@@ -11,9 +11,22 @@ namespace {
 // Window managers of the larger desktops take seconds on a busy machine.
 constexpr std::chrono::seconds kStartTimeout{40};
 
-std::vector<std::string> commandOf(WindowManager kind)
+bool needsBus(WindowManager kind)
 {
-    switch (kind) {
+    return kind == WindowManager::xfwm4 || kind == WindowManager::xfwm4Compositing || kind == WindowManager::mutter;
+}
+
+constexpr const char* kTilingConfiguration = "i3.conf";
+constexpr const char* kTilingOptions = "font pango:DejaVu Sans 10\n"
+                                       "focus_follows_mouse no\n"
+                                       "bindsym F5 layout tabbed\n"
+                                       "bindsym F6 layout splith\n";
+
+} // namespace
+
+std::vector<std::string> X11Session::windowManagerCommand() const
+{
+    switch (m_kind) {
     case WindowManager::openbox:
         return {"openbox", "--sm-disable"};
     case WindowManager::xfwm4:
@@ -24,18 +37,13 @@ std::vector<std::string> commandOf(WindowManager kind)
         return {"metacity", "--sm-disable", "--no-composite"};
     case WindowManager::mutter:
         return {"mutter", "--x11", "--sm-disable"};
+    case WindowManager::i3:
+        return {"i3", "-c", (m_server->folder() / kTilingConfiguration).string()};
     case WindowManager::none:
         break;
     }
     return {};
 }
-
-bool needsBus(WindowManager kind)
-{
-    return kind == WindowManager::xfwm4 || kind == WindowManager::xfwm4Compositing || kind == WindowManager::mutter;
-}
-
-} // namespace
 
 X11Session::X11Session(WindowManager windowManager, Compositor compositor, const X11ServerOptions& options)
     : m_kind(windowManager),
@@ -101,7 +109,9 @@ void X11Session::startWindowManager()
 {
     if (m_kind == WindowManager::none)
         return;
-    m_windowManager = start(commandOf(m_kind), "window-manager.log");
+    if (m_kind == WindowManager::i3)
+        std::ofstream(m_server->folder() / kTilingConfiguration) << kTilingOptions;
+    m_windowManager = start(windowManagerCommand(), "window-manager.log");
     const auto isReady = [this] {
         return m_observer->hasWindowManager() && (!composites() || m_observer->compositorDraws()) &&
                m_observer->windowManagerAnswers();

@@ -19,6 +19,7 @@ enum class WindowManager {
     xfwm4Compositing, // its own compositor on
     metacity,         // without its compositor
     mutter,           // always composites
+    i3,               // tiles; F5 puts the windows of a workspace into tabs, F6 side by side
 };
 
 enum class Compositor { none, picom };
@@ -58,6 +59,7 @@ public:
     void keepFailure(const std::string& name);
 
 private:
+    std::vector<std::string> windowManagerCommand() const;
     void startBus();
     std::unique_ptr<ChildProcess> start(const std::vector<std::string>& command, const char* logName);
     void waitForPart(ChildProcess& process, const char* logName, const std::function<bool()>& isReady);

@@ -5,7 +5,7 @@ namespace haloric {
 X11Desktop::X11Desktop(X11Connection& connection, LinuxRunLoop& runLoop, Log& log)
     : screens(connection, scale),
       windowManager(connection),
-      clients(connection),
+      clients(connection, windowManager),
       workspace(clients, runLoop),
       accessibility(runLoop, clients, windowManager, scale),
       windowInfoSource(clients.table(), scale),

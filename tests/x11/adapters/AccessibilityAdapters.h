@@ -57,6 +57,13 @@ protected:
         observer->addToMainRunLoop();
     }
 
+    // The window keeps its rectangle, and has another title bar from now on.
+    static void markAsDrawingItsTitleBar(TestClient& client)
+    {
+        client.connection().setValues(client.window(), "_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL, {0, 0, 0, 0});
+        client.connection().synchronize();
+    }
+
     bool hears(std::string_view name)
     {
         return adapters.waitUntil([&] { return std::ranges::find(heard, name) != heard.end(); });

@@ -143,6 +143,8 @@ inline std::string nameOf(WindowManager windowManager)
         return "xfwm4";
     case WindowManager::metacity:
         return "metacity";
+    case WindowManager::i3:
+        return "i3";
     default:
         return "other";
     }

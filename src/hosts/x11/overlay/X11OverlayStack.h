@@ -64,6 +64,9 @@ public:
     // Makes the pending pass, if any. True if it sent requests to the server.
     bool update();
 
+    // Windows of which the place is remembered: at most the children of the root.
+    std::size_t rememberedWindows() const { return m_siblingsBelow.size(); }
+
 private:
     void listen();
     void noticeConfigure(const xcb_configure_notify_event_t& event);

@@ -30,10 +30,12 @@ std::uint16_t component(double value)
 
 PixelRect X11ViewContent::toPixels(const Rect& rect) const
 {
-    const int left = cut(std::floor(rect.minX() * scale + offset.x + kNoise), pixels.width);
-    const int right = cut(std::ceil(rect.maxX() * scale + offset.x - kNoise), pixels.width);
-    const int top = cut(std::floor((size.height - rect.maxY()) * scale + offset.y + kNoise), pixels.height);
-    const int bottom = cut(std::ceil((size.height - rect.minY()) * scale + offset.y - kNoise), pixels.height);
+    const double x = place.offset.x - place.left;
+    const double y = place.offset.y - place.top;
+    const int left = cut(std::floor(rect.minX() * scale + x + kNoise), pixels.width);
+    const int right = cut(std::ceil(rect.maxX() * scale + x - kNoise), pixels.width);
+    const int top = cut(std::floor((size.height - rect.maxY()) * scale + y + kNoise), pixels.height);
+    const int bottom = cut(std::ceil((size.height - rect.minY()) * scale + y - kNoise), pixels.height);
     return {left, top, right - left, bottom - top};
 }
 
@@ -75,7 +77,8 @@ bool X11BlendedSurface::draw(const X11ViewContent& content, const PixelRect& ban
     const PixelBuffer buffer = m_uploader.reserve(band.width, band.height);
     if (!buffer.data)
         return false;
-    const RasterView view{content.scale, content.size, band.x, band.y, content.offset};
+    const RasterView view{content.scale, content.size, band.x + content.place.left, band.y + content.place.top,
+                          content.place.offset};
     RasterCanvas canvas(m_resources, buffer, view, RasterContents::cleared);
     content.view.draw(canvas, content.bounds());
     m_uploader.put(window(), band.x, band.y);
@@ -90,11 +93,19 @@ X11RingSurface::X11RingSurface(X11Connection& connection) : m_connection(connect
 
 PixelRegion X11RingSurface::paint(const X11ViewContent& content, const PixelRegion&)
 {
-    RingCanvas canvas(content.scale, content.size, content.offset);
+    RingCanvas canvas(content.scale, content.size, content.place.offset);
     content.view.draw(canvas, content.bounds());
     if (canvas.color())
         setColor(*canvas.color());
-    setShape(canvas.rects());
+    std::vector<PixelRect> ring;
+    for (PixelRect rect : canvas.rects()) {
+        rect.x -= content.place.left;
+        rect.y -= content.place.top;
+        rect = intersection(rect, content.pixels);
+        if (!rect.empty())
+            ring.push_back(rect);
+    }
+    setShape(ring);
     return {};
 }
 

@@ -20,11 +20,19 @@ namespace haloric {
 
 // A view to be drawn into a window of its size. Pixels count from the window's upper left corner, y downward.
 struct X11ViewContent {
+    // How the view lies in the window.
+    struct Place {
+        int left = 0; // columns and rows of the view's pixels that are cut off
+        int top = 0;
+        Point offset = {}; // pixels, from the corner of the view's first pixel to the view's, half a pixel at most
+        friend bool operator==(const Place&, const Place&) = default;
+    };
+
     ContentView& view;
-    Size size;         // points
-    double scale = 1;  // pixels per point
-    PixelRect pixels;  // the whole window
-    Point offset = {}; // pixels, from the window's upper left corner to the view's
+    Size size;        // points
+    double scale = 1; // pixels per point
+    PixelRect pixels; // the whole window
+    Place place = {};
 
     Rect bounds() const { return {0, 0, size.width, size.height}; }
 

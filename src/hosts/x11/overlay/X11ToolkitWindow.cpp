@@ -37,15 +37,27 @@ void X11ToolkitWindow::setFrame(const Rect& frame, bool display)
     m_frame = m_delegate.constrainFrameRect(frame);
     if (!isFinite(m_frame))
         return;
-    const PixelRect old = m_pixels;
-    const Point oldOffset = std::exchange(m_offset, m_windows.space().offsetFromScreenSpace(m_frame));
-    m_pixels = withinProtocol(m_windows.space().fromScreenSpace(m_frame));
+    const X11ViewContent::Place old = place();
+    const PixelRect oldPixels = m_pixels;
+    m_offset = m_windows.space().offsetFromScreenSpace(m_frame);
+    m_whole = withinProtocol(m_windows.space().fromScreenSpace(m_frame));
+    m_pixels = partToShow(m_whole);
     configure(); // even if unchanged: the window may have been moved past the toolkit
-    const bool isMove = old.width == m_pixels.width && old.height == m_pixels.height && oldOffset == m_offset;
+    const bool isMove = oldPixels.width == m_pixels.width && oldPixels.height == m_pixels.height && old == place();
     if (display || !isMove)
         setNeedsDisplay(); // a change of size is sent together with the new content
     else if (m_visible)
         m_windows.connection().flush();
+}
+
+PixelRect X11ToolkitWindow::partToShow(const PixelRect& whole) const
+{
+    constexpr int kOvershoot = 1024; // of windows as large as all monitors, with a wide glow
+    const PixelRect desktop = m_windows.space().desktop;
+    if (desktop.empty() || (whole.width <= desktop.width + kOvershoot && whole.height <= desktop.height + kOvershoot))
+        return whole;
+    const PixelRect part = intersection(whole, desktop);
+    return part.empty() ? PixelRect{desktop.x - 1, desktop.y - 1, 1, 1} : part;
 }
 
 void X11ToolkitWindow::setFrameOrigin(Point origin)
@@ -99,9 +111,14 @@ void X11ToolkitWindow::setNeedsDisplay(std::span<const Rect> parts)
         m_damage.add(view.toPixels(part));
 }
 
+X11ViewContent::Place X11ToolkitWindow::place() const
+{
+    return {m_pixels.x - m_whole.x, m_pixels.y - m_whole.y, m_offset};
+}
+
 X11ViewContent X11ToolkitWindow::content() const
 {
-    return {*m_view, m_frame.size(), m_windows.space().pixelsPerPoint, allPixels(), m_offset};
+    return {*m_view, m_frame.size(), m_windows.space().pixelsPerPoint, allPixels(), place()};
 }
 
 bool X11ToolkitWindow::paint()
@@ -133,6 +150,8 @@ void X11ToolkitWindow::renewSurface()
     m_windows.stack().replace(m_surface->window(), fresh->window());
     m_surface = std::move(fresh);
     if (old) { // it may have been moved past the toolkit
+        m_whole.x += old->x - m_pixels.x;
+        m_whole.y += old->y - m_pixels.y;
         m_pixels.x = old->x;
         m_pixels.y = old->y;
     }

@@ -44,7 +44,7 @@ void X11MapDamage::damage(xcb_window_t window)
 }
 
 X11ToolkitWindows::X11ToolkitWindows(X11Connection& connection, LinuxRunLoop& runLoop, X11Compositor& compositor,
-                                     const X11Scale& scale, const X11ClientTable& clients, Log& log)
+                                     X11Scale& scale, const X11ClientTable& clients, Log& log)
     : m_connection(connection),
       m_runLoop(runLoop),
       m_compositor(compositor),
@@ -61,6 +61,7 @@ X11ToolkitWindows::X11ToolkitWindows(X11Connection& connection, LinuxRunLoop& ru
             m_mapDamage.mapped(window);
     });
     m_compositorChanges = compositor.onChange([this] { compositorChanged(); });
+    m_spaceChanges = scale.onChange([this] { spaceChanged(); });
     m_exposures = connection.onEvent(XCB_EXPOSE, [this](const auto& event) { expose(event); });
 }
 
@@ -86,6 +87,12 @@ void X11ToolkitWindows::compositorChanged()
         setTranslucent(false);
     else if (m_visual)
         m_takeOver = m_runLoop.scheduleOnce(kCompositorTakesOver, [this] { setTranslucent(true); });
+}
+
+void X11ToolkitWindows::spaceChanged()
+{
+    for (X11ToolkitWindow* window : m_windows)
+        window->placeAgain();
 }
 
 void X11ToolkitWindows::setTranslucent(bool translucent)
@@ -120,7 +127,7 @@ void X11ToolkitWindows::expose(const xcb_generic_event_t& event)
 {
     const auto& exposed = eventAs<xcb_expose_event_t>(event);
     const auto found = std::ranges::find_if(
-        m_windows, [&exposed](const X11ToolkitWindow* window) { return window->windowNumber() == exposed.window; });
+        m_windows, [&exposed](const X11ToolkitWindow* window) { return window->window() == exposed.window; });
     if (found != m_windows.end())
         (*found)->expose({exposed.x, exposed.y, exposed.width, exposed.height}, event.full_sequence);
 }

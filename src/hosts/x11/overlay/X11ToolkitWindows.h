@@ -57,8 +57,8 @@ public:
     static constexpr Seconds kCompositorTakesOver{0.25};
 
     // All outlive it.
-    X11ToolkitWindows(X11Connection& connection, LinuxRunLoop& runLoop, X11Compositor& compositor,
-                      const X11Scale& scale, const X11ClientTable& clients, Log& log);
+    X11ToolkitWindows(X11Connection& connection, LinuxRunLoop& runLoop, X11Compositor& compositor, X11Scale& scale,
+                      const X11ClientTable& clients, Log& log);
 
     std::unique_ptr<ToolkitWindow> make(const ToolkitWindowConfiguration& configuration,
                                         const ToolkitWindowDelegate& delegate) override;
@@ -80,6 +80,7 @@ public:
 
 private:
     void compositorChanged();
+    void spaceChanged();
     void setTranslucent(bool translucent);
     void explainRing();
     void expose(const xcb_generic_event_t& event);
@@ -99,6 +100,7 @@ private:
     std::vector<X11ToolkitWindow*> m_windows;
     Subscription m_takeOver;
     Subscription m_compositorChanges;
+    Subscription m_spaceChanges;
     Subscription m_exposures;
 };
 

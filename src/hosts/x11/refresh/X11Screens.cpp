@@ -101,6 +101,19 @@ std::vector<X11Monitor> X11Monitor::inOrder(std::vector<X11Monitor> monitors)
     return distinct;
 }
 
+PixelRect X11Monitor::around(std::span<const X11Monitor> monitors)
+{
+    PixelRect all;
+    for (const X11Monitor& monitor : monitors) {
+        const PixelRect& frame = monitor.frame;
+        const int x = all.empty() ? frame.x : std::min(all.x, frame.x);
+        const int y = all.empty() ? frame.y : std::min(all.y, frame.y);
+        all = {x, y, std::max(all.empty() ? frame.maxX() : all.maxX(), frame.maxX()) - x,
+               std::max(all.empty() ? frame.maxY() : all.maxY(), frame.maxY()) - y};
+    }
+    return all;
+}
+
 double X11Monitor::framesPerSecondOf(const xcb_randr_mode_info_t& mode)
 {
     double lines = mode.vtotal;
@@ -165,11 +178,16 @@ void X11Screens::read()
                                  X11PropertyRequest::kUnlimitedWords);
     const auto monitors = X11Monitor::readAll(m_connection.raw(), m_connection.screen());
     const double factor = X11Scale::fromResources(resources.take().text());
-    const X11Space space{factor, monitors.empty() ? m_scale.current().primary : monitors.front().frame};
-    m_scale.set(space);
+    X11Space space = m_scale.current();
+    space.pixelsPerPoint = factor;
+    if (!monitors.empty()) {
+        space.primary = monitors.front().frame;
+        space.desktop = X11Monitor::around(monitors);
+    }
     m_screens.clear();
     for (const X11Monitor& monitor : monitors)
         m_screens.push_back(describe(monitor, space));
+    m_scale.set(space);
 }
 
 Screen X11Screens::describe(const X11Monitor& monitor, const X11Space& space)

@@ -11,6 +11,7 @@
 #include "platform/Screens.h"
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include <xcb/randr.h>
@@ -33,6 +34,9 @@ struct X11Monitor {
 
     // Primary first, without empty ones, and without mirrored duplicates: those that cover the same as an earlier one.
     static std::vector<X11Monitor> inOrder(std::vector<X11Monitor> monitors);
+
+    // The smallest rectangle that holds them all.
+    static PixelRect around(std::span<const X11Monitor> monitors);
 
     // The refresh rate of a video mode; 0 if unknown.
     static double framesPerSecondOf(const xcb_randr_mode_info_t& mode);

@@ -111,6 +111,10 @@ void X11Connection::dispatch(const xcb_generic_event_t& event)
     const auto type = static_cast<std::uint8_t>(event.response_type & ~kSentEventBit);
     if (type == 0)
         return; // an error of a request without a reply
+    // Another client sent it. Messages are meant to be sent. What happens to windows is reported by the server itself;
+    // window managers send such events to clients as well, and any client can send false ones.
+    if ((event.response_type & kSentEventBit) != 0 && type != XCB_CLIENT_MESSAGE)
+        return;
     if (type == XCB_GE_GENERIC) {
         const auto& generic = eventAs<xcb_ge_generic_event_t>(event);
         const auto found = m_genericEvents.find(generic.extension);

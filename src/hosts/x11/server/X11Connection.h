@@ -49,8 +49,8 @@ public:
     // Whether the server has an extension.
     bool has(xcb_extension_t* extension) const;
 
-    // Events of a core or extension type (`response_type` without the sent-event bit; add the extension's first
-    // event), in the order of subscription. `Event` is the struct of the type.
+    // Events from the server, and client messages, of a core or extension type (`response_type` without the sent-event
+    // bit; add the extension's first event), in the order of subscription. `Event` is the struct of the type.
     Subscription onEvent(std::uint8_t type, EventHandler handler);
     template <class Event, class Handler>
     Subscription onEvent(std::uint8_t type, Handler handler)

@@ -67,6 +67,14 @@ double X11Space::offset(double points) const
     return std::round((exact(points) - rounded(points)) * kSteps) / kSteps;
 }
 
+void X11Scale::set(const X11Space& space)
+{
+    if (space == m_space)
+        return;
+    m_space = space;
+    m_changes.publish();
+}
+
 double X11Scale::fromDotsPerInch(double dotsPerInch)
 {
     if (!std::isfinite(dotsPerInch))

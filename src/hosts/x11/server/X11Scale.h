@@ -5,6 +5,8 @@
 
 #include "drawing/PixelRect.h"
 #include "foundation/Geometry.h"
+#include "foundation/Publisher.h"
+#include "foundation/Task.h"
 
 #include <string_view>
 
@@ -20,7 +22,8 @@ PixelRect withinProtocol(const PixelRect& rect);
 // y upward.
 struct X11Space {
     double pixelsPerPoint = 1;
-    PixelRect primary; // pixels of the root window
+    PixelRect primary = {}; // pixels of the root window
+    PixelRect desktop = {}; // holds all monitors, in the same pixels; empty: unknown
 
     double primaryHeight() const { return primary.height / pixelsPerPoint; } // points
 
@@ -55,7 +58,10 @@ public:
     explicit X11Scale(const X11Space& space = {}) : m_space(space) {}
 
     const X11Space& current() const { return m_space; }
-    void set(const X11Space& space) { m_space = space; }
+    void set(const X11Space& space);
+
+    // The space in force is another one.
+    Subscription onChange(Task handler) { return m_changes.subscribe(std::move(handler)); }
 
     // Pixels a point at a text resolution: the resolution over 96, rounded down to a quarter, within 1 to 4. Down,
     // because 100 or 110 is set for slightly larger text, not for a larger desktop.
@@ -66,6 +72,7 @@ public:
 
 private:
     X11Space m_space;
+    Publisher<> m_changes;
 };
 
 } // namespace haloric

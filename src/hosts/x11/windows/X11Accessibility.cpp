@@ -74,7 +74,7 @@ AXAttribute X11Accessibility::windowAttribute(const X11Client& client, std::stri
     if (name == AXAttributes::kRole)
         return success(roleOf(client));
     if (name == AXAttributes::kMinimized)
-        return success(client.isMinimised());
+        return success(!client.isShown()); // an unmapped window counts as minimised: there is nothing to highlight
     if (name == AXAttributes::kPosition)
         return success(bounds.origin());
     if (name == AXAttributes::kSize)

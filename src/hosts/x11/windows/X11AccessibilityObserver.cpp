@@ -44,6 +44,16 @@ X11AccessibilityObserver::X11AccessibilityObserver(RunLoop& runLoop, X11Clients&
 {
     const X11Client* main = clients.table().mainWindow(pid);
     m_focused = main ? main->window : xcb_window_t{XCB_WINDOW_NONE};
+    listen();
+}
+
+void X11AccessibilityObserver::listen()
+{
+    m_notices = m_clients.onNotice([this](const X11ClientNotice& notice) {
+        if (notice.pid == m_pid)
+            note(notificationFor(notice.change));
+    });
+    m_passes = m_clients.onPass([this] { compareState(); });
 }
 
 AXError X11AccessibilityObserver::addNotification(const AXElement& element, std::string_view name)
@@ -59,28 +69,43 @@ AXError X11AccessibilityObserver::addNotification(const AXElement& element, std:
 
 void X11AccessibilityObserver::addToMainRunLoop()
 {
-    m_isOnRunLoop = true;
-    m_notices = m_clients.onNotice([this](const X11ClientNotice& notice) {
-        if (notice.pid == m_pid)
-            report(notificationFor(notice.change));
-    });
-    m_passes = m_clients.onPass([this] { compareState(); });
-    // The focus may have changed since the construction, and the next pass may be far off.
-    m_firstComparison = m_runLoop.scheduleOnce(Seconds(0), [this] { compareState(); });
+    if (m_state == State::removed)
+        listen();
+    m_state = State::installed;
+    m_firstReport = m_runLoop.scheduleOnce(Seconds(0), [this] { reportPending(); });
 }
 
 void X11AccessibilityObserver::removeFromMainRunLoop()
 {
-    m_isOnRunLoop = false;
+    m_state = State::removed;
     m_notices.reset();
     m_passes.reset();
-    m_firstComparison.reset();
+    m_firstReport.reset();
+    m_pending.clear();
+}
+
+void X11AccessibilityObserver::note(std::string_view name)
+{
+    if (m_state == State::installed && m_pending.empty())
+        report(name);
+    else if (std::ranges::find(m_pending, name) == m_pending.end())
+        m_pending.push_back(name); // in their order
+}
+
+void X11AccessibilityObserver::reportPending()
+{
+    const auto self = m_anchor.ref();
+    for (const std::string_view name : std::exchange(m_pending, {})) {
+        if (!self.get())
+            return;
+        report(name);
+    }
 }
 
 // The callback may release this observer: it is copied, and nothing is touched after the call.
 void X11AccessibilityObserver::report(std::string_view name) const
 {
-    if (!m_isOnRunLoop || std::ranges::find(m_names, name) == m_names.end())
+    if (m_state != State::installed || std::ranges::find(m_names, name) == m_names.end())
         return;
     const auto callback = m_callback;
     callback(name);
@@ -97,9 +122,9 @@ void X11AccessibilityObserver::compareState()
 
     const auto self = m_anchor.ref();
     if (hasOtherFocus)
-        report(AXNotifications::kFocusedWindowChanged);
+        note(AXNotifications::kFocusedWindowChanged);
     if (hasOtherVisibility && self.get())
-        report(isHidden ? AXNotifications::kApplicationHidden : AXNotifications::kApplicationShown);
+        note(isHidden ? AXNotifications::kApplicationHidden : AXNotifications::kApplicationShown);
 }
 
 } // namespace haloric

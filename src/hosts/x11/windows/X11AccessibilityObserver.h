@@ -2,8 +2,8 @@
 // clients has been brought up to date. Main thread.
 //
 // A change of focus is one notification, "AXFocusedWindowChanged": on X11 the focused window and the main window of the
-// active application are the same, and "AXMainWindowChanged" would only repeat the query. A change of focus between the
-// construction and the installation is reported on the next turn of the loop.
+// active application are the same, and "AXMainWindowChanged" would only repeat the query. What happens between the
+// construction and the installation is reported on the turn of the loop after the installation, each name once.
 #pragma once
 
 #include "foundation/Subscription.h"
@@ -29,7 +29,12 @@ public:
     void removeFromMainRunLoop() override;
 
 private:
+    enum class State { notInstalled, installed, removed };
+
+    void listen();
+    void note(std::string_view name);
     void report(std::string_view name) const;
+    void reportPending();
     void compareState();
 
     RunLoop& m_runLoop;
@@ -37,12 +42,13 @@ private:
     ProcessID m_pid;
     Accessibility::ObserverCallback m_callback;
     std::vector<std::string> m_names; // of the notifications that were added
-    bool m_isOnRunLoop = false;
-    xcb_window_t m_focused; // the window of the process that was active last
+    State m_state = State::notInstalled;
+    std::vector<std::string_view> m_pending; // noted before the installation, and not reported yet
+    xcb_window_t m_focused;                  // the window of the process that was active last
     bool m_isHidden;
     Subscription m_notices;
     Subscription m_passes;
-    Subscription m_firstComparison;
+    Subscription m_firstReport;
     WeakAnchor<X11AccessibilityObserver> m_anchor{*this};
 };
 

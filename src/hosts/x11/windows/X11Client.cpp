@@ -8,8 +8,6 @@ namespace haloric {
 
 namespace {
 
-constexpr std::uint32_t kLargestExtent = 4096; // larger values make the property invalid
-
 PixelRect grownBy(const PixelRect& rect, const X11Extents& extents, int sign)
 {
     return {rect.x - sign * extents.left, rect.y - sign * extents.top,
@@ -18,15 +16,17 @@ PixelRect grownBy(const PixelRect& rect, const X11Extents& extents, int sign)
 
 } // namespace
 
-std::optional<X11Extents> X11Extents::from(const X11Property& property)
+std::optional<X11Extents> X11Extents::from(const X11Property& property, int screenWidth, int screenHeight)
 {
     constexpr std::size_t kSides = 4;
     const auto values = property.cardinals();
-    if (values.size() < kSides || std::any_of(values.begin(), values.begin() + kSides,
-                                              [](std::uint32_t value) { return value > kLargestExtent; }))
+    if (values.size() < kSides)
         return std::nullopt;
-    const auto side = [&](std::size_t index) { return static_cast<int>(values[index]); };
-    return X11Extents{side(0), side(1), side(2), side(3)};
+    const auto side = [&](std::size_t index) { return std::int64_t{values[index]}; };
+    if (side(0) + side(1) >= screenWidth || side(2) + side(3) >= screenHeight)
+        return std::nullopt;
+    const auto pixels = [&](std::size_t index) { return static_cast<int>(values[index]); };
+    return X11Extents{pixels(0), pixels(1), pixels(2), pixels(3)};
 }
 
 PixelRect X11FrameGeometry::outerRect(int x, int y, int width, int height, int borderWidth)
@@ -54,6 +54,12 @@ PixelRect X11FrameGeometry::visibleFrame() const
     return visible;
 }
 
+X11Extents X11FrameGeometry::aroundClient() const
+{
+    return {std::max(0, client.x), std::max(0, frame.width - client.maxX()), std::max(0, client.y),
+            std::max(0, frame.height - client.maxY())};
+}
+
 PixelRect X11FrameGeometry::rolledUpFrame() const
 {
     PixelRect visible = visibleFrame();
@@ -68,7 +74,9 @@ X11Decoration X11Client::decoration() const
         return X11Decoration::client;
     if (!geometry.decoration)
         return X11Decoration::unknown;
-    return geometry.decoration->top > 0 ? X11Decoration::windowManager : X11Decoration::none;
+    // A side as high as the one at the bottom is a border.
+    const X11Extents& sides = *geometry.decoration;
+    return sides.top > sides.bottom ? X11Decoration::windowManager : X11Decoration::none;
 }
 
 void X11ClientNotice::appendChanges(std::vector<X11ClientNotice>& notices, const X11Client& before,

@@ -24,8 +24,8 @@ struct X11Extents {
     int top = 0;
     int bottom = 0;
 
-    // Absent unless the property holds four plausible numbers.
-    static std::optional<X11Extents> from(const X11Property& property);
+    // Absent unless the property holds four numbers, and opposite ones leave something of a screen of that size.
+    static std::optional<X11Extents> from(const X11Property& property, int screenWidth, int screenHeight);
 
     friend bool operator==(const X11Extents&, const X11Extents&) = default;
 };
@@ -40,7 +40,7 @@ struct X11Extents {
 struct X11FrameGeometry {
     PixelRect frame;                      // of the frame window, borders included
     PixelRect client;                     // of the client's content; x and y relative to the frame's corner
-    std::optional<X11Extents> decoration; // _NET_FRAME_EXTENTS
+    std::optional<X11Extents> decoration; // _NET_FRAME_EXTENTS, or what the frame window has around the client
     std::optional<X11Extents> shadow;     // _GTK_FRAME_EXTENTS
 
     // A window's rectangle with its borders, from its core geometry.
@@ -51,6 +51,9 @@ struct X11FrameGeometry {
     void frameConfigured(const PixelRect& outer);
 
     PixelRect visibleFrame() const;
+
+    // What the frame window has around the client, in place of a property.
+    X11Extents aroundClient() const;
 
     // The visible part of a window that is rolled up: only its decoration.
     PixelRect rolledUpFrame() const;
@@ -68,6 +71,7 @@ struct X11Client {
 
     xcb_window_t window = XCB_WINDOW_NONE;
     xcb_window_t frame = XCB_WINDOW_NONE; // the child of the root that holds the window; itself without a frame
+    bool isFramedAlone = false;           // the frame is the window's parent, and has no other children
     X11FrameGeometry geometry;
     std::uint32_t measuredAt = 0; // sequence number of the measurement: earlier events of the frame are stale
     ProcessID pid = ProcessID::none;
@@ -92,7 +96,9 @@ struct X11Client {
     bool isMinimised() const { return (hidden || iconic) && !shaded; }
 
     bool isOnDesktop(std::uint32_t current) const { return desktop == kEveryDesktop || desktop == current; }
-    bool isSeenOn(std::uint32_t current) const { return isOnDesktop(current) && !isMinimised() && (mapped || shaded); }
+    // On its desktop. A program may unmap its window without the window manager's knowledge.
+    bool isShown() const { return !isMinimised() && (mapped || shaded); }
+    bool isSeenOn(std::uint32_t current) const { return isOnDesktop(current) && isShown(); }
 
     X11Decoration decoration() const;
 };

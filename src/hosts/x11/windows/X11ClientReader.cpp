@@ -175,12 +175,13 @@ std::vector<std::optional<X11ClientRecord>> X11ClientReader::read(std::span<cons
     for (std::size_t index = 0; index < windows.size(); ++index) {
         auto& record = records[index];
         record = takeFacts(windows[index], facts[index]);
-        if (record && framesOfWindows[index] == XCB_WINDOW_NONE)
+        if (record && framesOfWindows[index].window == XCB_WINDOW_NONE)
             record.reset();
         if (!record)
             continue;
         record->client.pid = processes.of(windows[index], facts[index].pid.take().cardinal());
-        record->client.frame = framesOfWindows[index];
+        record->client.frame = framesOfWindows[index].window;
+        record->client.isFramedAlone = framesOfWindows[index].holdsOneChild;
         toMeasure.push_back(&record->client);
     }
     measure(toMeasure);
@@ -191,9 +192,9 @@ std::vector<std::optional<X11ClientRecord>> X11ClientReader::read(std::span<cons
     return records;
 }
 
-std::vector<xcb_window_t> X11ClientReader::frames(std::span<const xcb_window_t> windows) const
+std::vector<X11ClientReader::Frame> X11ClientReader::frames(std::span<const xcb_window_t> windows) const
 {
-    std::vector<xcb_window_t> found(windows.size(), XCB_WINDOW_NONE);
+    std::vector<Frame> found(windows.size());
     std::vector<xcb_window_t> current(windows.begin(), windows.end()); // none: this walk has ended
     std::vector<xcb_query_tree_cookie_t> cookies(windows.size());
     bool walking = true;
@@ -209,7 +210,7 @@ std::vector<xcb_window_t> X11ClientReader::frames(std::span<const xcb_window_t> 
             const XcbReply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(m_connection, cookies[index], nullptr));
             const xcb_window_t parent = tree ? tree->parent : xcb_window_t{XCB_WINDOW_NONE};
             if (parent == m_root)
-                found[index] = current[index];
+                found[index] = {current[index], depth == 1 && tree->children_len == 1};
             current[index] = parent == m_root ? xcb_window_t{XCB_WINDOW_NONE} : parent;
             walking = walking || current[index] != XCB_WINDOW_NONE;
         }
@@ -226,7 +227,8 @@ X11ClientReader::Measurement X11ClientReader::askForMeasurement(const X11Client&
             X11PropertyRequest(m_connection, client.window, m_atoms.gtkFrameExtents)};
 }
 
-void X11ClientReader::takeMeasurement(X11Client& client, Measurement& measurement) const
+void X11ClientReader::takeMeasurement(X11Client& client, Measurement& measurement,
+                                      const xcb_get_geometry_reply_t& root) const
 {
     const XcbReply<xcb_get_geometry_reply_t> inner(xcb_get_geometry_reply(m_connection, measurement.client, nullptr));
     const XcbReply<xcb_get_geometry_reply_t> outer(xcb_get_geometry_reply(m_connection, measurement.frame, nullptr));
@@ -238,22 +240,28 @@ void X11ClientReader::takeMeasurement(X11Client& client, Measurement& measuremen
     geometry.frame = X11FrameGeometry::outerRect(outer->x, outer->y, outer->width, outer->height, outer->border_width);
     geometry.client = {offset->dst_x + outer->border_width, offset->dst_y + outer->border_width, inner->width,
                        inner->height};
-    geometry.decoration = X11Extents::from(measurement.decoration.take());
+    geometry.decoration = m_measuresFrames && client.isFramedAlone
+                              ? geometry.aroundClient()
+                              : X11Extents::from(measurement.decoration.take(), root.width, root.height);
     // Some window managers take the frame away for full screen and forget to say that its extents have gone with it.
     if (geometry.decoration && client.frame == client.window)
         geometry.decoration = X11Extents{};
-    geometry.shadow = X11Extents::from(measurement.shadow.take());
+    geometry.shadow = X11Extents::from(measurement.shadow.take(), root.width, root.height);
     client.measuredAt = measurement.frame.sequence;
 }
 
 void X11ClientReader::measure(std::span<X11Client* const> clients) const
 {
+    if (clients.empty())
+        return;
+    const auto rootCookie = xcb_get_geometry(m_connection, m_root);
     std::vector<Measurement> measurements;
     measurements.reserve(clients.size());
     for (const X11Client* client : clients)
         measurements.push_back(askForMeasurement(*client));
-    for (std::size_t index = 0; index < clients.size(); ++index)
-        takeMeasurement(*clients[index], measurements[index]);
+    const XcbReply<xcb_get_geometry_reply_t> root(xcb_get_geometry_reply(m_connection, rootCookie, nullptr));
+    for (std::size_t index = 0; root && index < clients.size(); ++index)
+        takeMeasurement(*clients[index], measurements[index], *root);
 }
 
 } // namespace haloric

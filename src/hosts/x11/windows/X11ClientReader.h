@@ -58,6 +58,10 @@ public:
     {
     }
 
+    // Where a frame window holds one client only, take what it has around the client for the decoration, instead of the
+    // property: for window managers that do not announce the property.
+    void measureDecoration(bool fromFrames) { m_measuresFrames = fromFrames; }
+
     // One record for each window, in their order; absent where the window has vanished.
     std::vector<std::optional<X11ClientRecord>> read(std::span<const xcb_window_t> windows) const;
 
@@ -65,8 +69,12 @@ public:
     // changed.
     void measure(std::span<X11Client* const> clients) const;
 
-    // The child of the root that holds each window; XCB_WINDOW_NONE where the window has vanished.
-    std::vector<xcb_window_t> frames(std::span<const xcb_window_t> windows) const;
+    // The child of the root that holds a window.
+    struct Frame {
+        xcb_window_t window = XCB_WINDOW_NONE; // XCB_WINDOW_NONE: the held window has vanished
+        bool holdsOneChild = false;            // and that is the window itself
+    };
+    std::vector<Frame> frames(std::span<const xcb_window_t> windows) const;
 
 private:
     struct Facts;
@@ -76,11 +84,12 @@ private:
     std::optional<X11ClientRecord> takeFacts(xcb_window_t window, Facts& facts) const;
     X11WindowType typeFrom(const class X11Property& types, bool isTransient) const;
     Measurement askForMeasurement(const X11Client& client) const;
-    void takeMeasurement(X11Client& client, Measurement& measurement) const;
+    void takeMeasurement(X11Client& client, Measurement& measurement, const xcb_get_geometry_reply_t& root) const;
 
     xcb_connection_t* m_connection;
     xcb_window_t m_root;
     const X11Atoms& m_atoms;
+    bool m_measuresFrames = false;
 };
 
 } // namespace haloric

@@ -15,12 +15,14 @@ constexpr std::uint32_t kMostWindows = 4096; // a longer list is cut
 
 } // namespace
 
-X11Clients::X11Clients(X11Connection& connection)
+X11Clients::X11Clients(X11Connection& connection, X11WindowManager& windowManager)
     : m_connection(connection),
       m_atoms(connection.atoms()),
+      m_windowManager(windowManager),
       m_reader(connection.raw(), connection.root(), m_atoms)
 {
     listen();
+    m_subscriptions.push_back(windowManager.onChange([this] { windowManagerChanged(); }));
     update();
 }
 
@@ -39,6 +41,13 @@ void X11Clients::listen()
         XCB_UNMAP_NOTIFY, [this](const auto& event) { changed(event.window); }));
     m_subscriptions.push_back(m_connection.onEvent<xcb_destroy_notify_event_t>(
         XCB_DESTROY_NOTIFY, [this](const auto& event) { destroyed(event.window); }));
+}
+
+// It may tell the decoration in another way.
+void X11Clients::windowManagerChanged()
+{
+    const auto windows = m_table.windows();
+    m_toMeasure.insert(windows.begin(), windows.end());
 }
 
 bool X11Clients::describesClient(xcb_atom_t property) const
@@ -64,9 +73,6 @@ void X11Clients::propertyChanged(const xcb_property_notify_event_t& event)
 
 void X11Clients::configured(const xcb_generic_event_t& event)
 {
-    // Window managers send these to clients, with the place on the root. The frame's own events have that, too.
-    if ((event.response_type & kSentEventBit) != 0)
-        return;
     const auto& configure = eventAs<xcb_configure_notify_event_t>(event);
     const PixelRect outer = X11FrameGeometry::outerRect(configure.x, configure.y, configure.width, configure.height,
                                                         configure.border_width);
@@ -100,6 +106,7 @@ bool X11Clients::update()
     if (!m_rootChanged && !m_framesMoved && m_toRead.empty() && m_toMeasure.empty())
         return false;
     m_framesMoved = false;
+    m_reader.measureDecoration(m_windowManager.isRunning() && !m_windowManager.reportsDecoration());
     if (std::exchange(m_rootChanged, false))
         readRoot();
     else

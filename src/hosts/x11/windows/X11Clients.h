@@ -8,6 +8,7 @@
 #include "hosts/x11/server/X11Connection.h"
 #include "hosts/x11/windows/X11ClientReader.h"
 #include "hosts/x11/windows/X11ClientTable.h"
+#include "hosts/x11/windows/X11WindowManager.h"
 
 #include <set>
 #include <vector>
@@ -16,8 +17,8 @@ namespace haloric {
 
 class X11Clients {
 public:
-    // Reads the desktop as it is. The connection outlives it.
-    explicit X11Clients(X11Connection& connection);
+    // Reads the desktop as it is. Both outlive it.
+    X11Clients(X11Connection& connection, X11WindowManager& windowManager);
     X11Clients(const X11Clients&) = delete;
     X11Clients& operator=(const X11Clients&) = delete;
 
@@ -37,6 +38,7 @@ public:
 
 private:
     void listen();
+    void windowManagerChanged();
     void propertyChanged(const xcb_property_notify_event_t& event);
     void configured(const xcb_generic_event_t& event);
     void changed(xcb_window_t clientOrFrame);
@@ -49,6 +51,7 @@ private:
 
     X11Connection& m_connection;
     const X11Atoms& m_atoms;
+    const X11WindowManager& m_windowManager;
     X11ClientReader m_reader;
     X11ClientTable m_table;
 

@@ -8,8 +8,7 @@ namespace {
 
 std::optional<PixelRect> frameSeenOf(const X11Client& client)
 {
-    const bool isSeen = !client.isMinimised() && (client.mapped || client.shaded);
-    return isSeen ? std::optional(client.visibleFrame()) : std::nullopt;
+    return client.isShown() ? std::optional(client.visibleFrame()) : std::nullopt;
 }
 
 } // namespace

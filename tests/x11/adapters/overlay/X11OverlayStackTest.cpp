@@ -130,6 +130,46 @@ TEST_P(X11OverlayStackTest, a_popup_that_goes_beneath_them_is_passed_every_time)
     }
 }
 
+TEST_P(X11OverlayStackTest, events_that_clients_make_up_are_not_remembered)
+{
+    showBoth();
+    adapters.settle();
+    const std::size_t before = adapters.toolkitWindows.stack().rememberedWindows();
+    xcb_configure_notify_event_t event{};
+    event.response_type = XCB_CONFIGURE_NOTIFY;
+    event.event = session.observer().root();
+    for (xcb_window_t window = 1; window <= 1000; ++window) {
+        event.window = window;
+        xcb_send_event(session.observer().raw(), 0, event.event, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                       reinterpret_cast<const char*>(&event));
+    }
+    session.observer().synchronize();
+    adapters.settle();
+    EXPECT_LE(adapters.toolkitWindows.stack().rememberedWindows(), before + 2);
+}
+
+TEST_P(X11OverlayStackTest, a_window_that_is_gone_is_forgotten)
+{
+    showBoth();
+    const auto client = session.makeClient();
+    ASSERT_TRUE(client->showFocused());
+    adapters.settle();
+    const std::size_t before = adapters.toolkitWindows.stack().rememberedWindows();
+    for (int round = 0; round < 50; ++round) {
+        const auto popup = session.makeClient({.title = "popup",
+                                               .content = {900, 300, 100, 100},
+                                               .management = TestClient::Management::overrideRedirect});
+        ASSERT_TRUE(popup->show());
+        const std::uint32_t lowest = XCB_STACK_MODE_BELOW;
+        xcb_configure_window(popup->connection().raw(), popup->window(), XCB_CONFIG_WINDOW_STACK_MODE, &lowest);
+        popup->connection().synchronize();
+        adapters.settle();
+        ASSERT_TRUE(popup->destroy());
+    }
+    adapters.settle();
+    EXPECT_LE(adapters.toolkitWindows.stack().rememberedWindows(), before + 2);
+}
+
 TEST_P(X11OverlayStackTest, restacking_comes_to_rest_by_itself)
 {
     const auto first = session.makeClient({.title = "first"});

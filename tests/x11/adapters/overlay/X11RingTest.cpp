@@ -3,6 +3,21 @@
 namespace haloric {
 namespace {
 
+TEST(X11CutRing, the_part_of_a_far_too_large_ring_on_the_screen_is_shown)
+{
+    X11Session session(WindowManager::none);
+    ScreenAdapters adapters(session);
+    PatchView view;
+    view.ringColor = kRed;
+    // The left edge is at pixel 100; the others are outside the screen.
+    const auto window = adapters.make(view, {100, -9000, 30000, 20000});
+    window->orderFront();
+    EXPECT_TRUE(adapters.waitForPixel(102, 540, kRedPixel));
+    EXPECT_EQ(adapters.pixelAt(97, 540), X11Session::kDesktopColor);
+    EXPECT_EQ(adapters.pixelAt(107, 540), X11Session::kDesktopColor);
+    EXPECT_EQ(session.observer().overlaysOf(getpid()).front().geometry, (ScreenRect{100, 0, 1820, 1080}));
+}
+
 constexpr Pixel kDesktop = X11Session::kDesktopColor;
 
 struct X11RingTest : testing::Test {

@@ -153,6 +153,40 @@ TEST_F(X11ToolkitWindowTest, a_frame_is_set_again_after_a_move_past_the_toolkit)
     }));
 }
 
+TEST_F(X11ToolkitWindowTest, a_frame_far_larger_than_the_screens_is_cut_to_them)
+{
+    const auto number = window->windowNumber();
+    view.patches = {{{5100, 5600, 50, 20}, kRed}, {{0, 0, 100, 100}, kGreen}};
+    window->setFrame({-5000, -5000, 30000, 20000}, false);
+    window->orderFront();
+    EXPECT_TRUE(adapters.waitForPixel(110, 470, kRedPixel));
+    const auto overlays = session.observer().overlaysOf(getpid());
+    ASSERT_EQ(overlays.size(), 1U);
+    EXPECT_EQ(overlays.front().geometry, (ScreenRect{0, 0, 1920, 1080}));
+    EXPECT_EQ(window->windowNumber(), 0) << "it is not moved past the toolkit";
+
+    window->setFrameOrigin({-4900, -5100}); // moves what is drawn
+    EXPECT_TRUE(adapters.waitForPixel(210, 570, kRedPixel));
+    EXPECT_TRUE(adapters.waitForPixel(110, 470, kDesktop));
+
+    window->setFrame({100000, 100000, 30000, 20000}, false);
+    EXPECT_TRUE(adapters.waitForPixel(210, 570, kDesktop));
+
+    window->setFrame({100, 600, 200, 100}, false);
+    view.patches = {{{0, 0, 50, 20}, kRed}, {{150, 80, 50, 20}, kGreen}};
+    window->setNeedsDisplay();
+    show();
+    EXPECT_EQ(window->windowNumber(), number);
+    EXPECT_EQ(adapters.rectOf(*window), (ScreenRect{100, 380, 200, 100}));
+}
+
+TEST_F(X11ToolkitWindowTest, a_frame_a_little_larger_than_the_screen_is_whole)
+{
+    window->setFrame({-200, -200, 2320, 1480}, false);
+    window->orderFront();
+    EXPECT_TRUE(adapters.waitUntil([&] { return adapters.rectOf(*window) == ScreenRect{-200, -200, 2320, 1480}; }));
+}
+
 TEST_F(X11ToolkitWindowTest, nonsensical_frames_do_no_harm)
 {
     constexpr double kNan = std::numeric_limits<double>::quiet_NaN();

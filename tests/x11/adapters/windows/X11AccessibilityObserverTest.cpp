@@ -63,6 +63,56 @@ TEST_P(X11AccessibilityObserverTest, a_focus_change_before_the_installation_is_r
     EXPECT_EQ(std::ranges::count(heard, "AXFocusedWindowChanged"), 1);
 }
 
+TEST_P(X11AccessibilityObserverTest, what_changed_before_the_installation_is_reported_after_it)
+{
+    const auto client = session.makeClient();
+    const auto other = session.makeClient({.content = {800, 600, 300, 200}});
+    focus(*client);
+    makeObserver(kSelf);
+    ASSERT_TRUE(other->show());
+    ASSERT_TRUE(client->moveTo(350, 320));
+    markAsDrawingItsTitleBar(*client);
+    ASSERT_TRUE(adapters.waitUntil([&] {
+        const X11Client* known = adapters.clients.table().find(client->window());
+        return known->decoration() == X11Decoration::client && adapters.clients.table().find(other->window()) &&
+               adapters.listedBounds(client->window()) == pointsOf(client->visibleFrame());
+    }));
+    EXPECT_TRUE(heard.empty());
+    observer->addToMainRunLoop();
+    EXPECT_TRUE(heard.empty()) << "not within the installation";
+    adapters.settle();
+    for (const char* name : {"AXWindowCreated", "AXWindowMoved", "AXWindowResized"})
+        EXPECT_EQ(std::ranges::count(heard, name), 1) << name;
+}
+
+TEST_P(X11AccessibilityObserverTest, a_title_bar_that_changes_is_reported_as_a_resize)
+{
+    const auto client = session.makeClient();
+    focus(*client);
+    observe(kSelf);
+    adapters.settle();
+    heard.clear();
+    const auto frame = adapters.listedBounds(client->window());
+    markAsDrawingItsTitleBar(*client);
+    EXPECT_TRUE(hears("AXWindowResized"));
+    if (GetParam() != WindowManager::metacity) { // that one takes its own title bar away
+        EXPECT_EQ(adapters.listedBounds(client->window()), frame);
+    }
+}
+
+TEST_P(X11AccessibilityObserverTest, hiding_and_showing_an_application_are_reported)
+{
+    const auto client = session.makeClient({.application = TestClient::Application::ownOne});
+    focus(*client);
+    observe(adapters.frontmost());
+    ASSERT_TRUE(client->minimise());
+    EXPECT_TRUE(hears("AXApplicationHidden"));
+    EXPECT_EQ(std::ranges::count(heard, "AXApplicationShown"), 0);
+    ASSERT_TRUE(client->focus());
+    EXPECT_TRUE(hears("AXApplicationShown"));
+    EXPECT_EQ(std::ranges::count(heard, "AXApplicationHidden"), 1);
+}
+
 TEST_P(X11AccessibilityObserverTest, an_observer_that_was_taken_off_at_once_receives_no_earlier_focus_change)
 {
     const auto one = session.makeClient();

@@ -83,5 +83,32 @@ TEST_P(ScaleScene, at_a_fractional_scale_the_border_stays_on_the_edges_while_the
     EXPECT_TRUE(waitForRows(*client, 3, 4)) << log();
 }
 
+TEST_P(ScaleScene, the_border_follows_a_change_of_the_scale)
+{
+    const auto client = openFocused();
+    startAround(*client);
+    setTextResolution(192);
+    EXPECT_TRUE(waitForRows(*client, 6, 6)) << log();
+    setTextResolution(120);
+    EXPECT_TRUE(waitForRows(*client, 3, 4)) << log();
+    setTextResolution(96);
+    EXPECT_TRUE(waitForRows(*client, 3, 3)) << log();
+}
+
+TEST_P(ScaleScene, the_border_stays_on_its_window_when_another_monitor_becomes_the_primary_one)
+{
+    const auto client = openFocused();
+    ASSERT_TRUE(session.server().xrandr({"--setmonitor", "*left", "720/200x1080/280+0+0", "screen"}));
+    startAround(*client);
+    ASSERT_TRUE(session.server().xrandr({"--setmonitor", "*right", "1200/300x900/250+720+100", "none"}));
+    ASSERT_TRUE(session.server().xrandr({"--delmonitor", "left"}));
+    ASSERT_TRUE(client->moveTo(733, 202));
+    EXPECT_TRUE(waitForRows(*client, 3, 3)) << log();
+    ASSERT_TRUE(session.dragByTitleBar(*client, 100, 50));
+    EXPECT_TRUE(waitForRows(*client, 3, 3)) << log();
+    session.input().release();
+    EXPECT_TRUE(waitForRows(*client, 3, 3)) << log();
+}
+
 } // namespace
 } // namespace haloric

@@ -38,9 +38,18 @@ TEST_F(X11ViewContentTest, noise_of_sums_takes_in_no_further_pixel)
 TEST_F(X11ViewContentTest, the_offset_shifts_the_view_in_its_window)
 {
     X11ViewContent content = at(1, {0, 0, 100, 50});
-    content.offset = {-0.5, 0.25};
+    content.place.offset = {-0.5, 0.25};
     EXPECT_EQ(content.toPixels({10, 10, 5, 5}), (PixelRect{9, 35, 6, 6}));
     EXPECT_EQ(content.toPixels({10.5, 10.25, 5, 5}), (PixelRect{10, 35, 5, 5}));
+}
+
+TEST_F(X11ViewContentTest, rows_and_columns_that_the_window_lacks_do_not_count)
+{
+    X11ViewContent content = at(1, {0, 0, 60, 40});
+    content.place = {30, 10, {}};
+    EXPECT_EQ(content.toPixels({0, 0, 100, 50}), (PixelRect{0, 0, 60, 40}));
+    EXPECT_EQ(content.toPixels({40, 20, 10, 5}), (PixelRect{10, 15, 10, 5}));
+    EXPECT_EQ(content.toPixels({0, 0, 30, 50}).width, 0);
 }
 
 TEST_F(X11ViewContentTest, what_lies_outside_is_cut_off)

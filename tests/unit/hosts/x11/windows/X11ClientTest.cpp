@@ -136,6 +136,33 @@ TEST(X11FrameGeometry, the_visible_frame_grows_and_shrinks_with_the_frame)
     EXPECT_GE(geometry.visibleFrame().height, 0);
 }
 
+TEST(X11FrameGeometry, without_a_property_the_decoration_is_what_the_frame_has_around_the_client)
+{
+    EXPECT_EQ(snug().aroundClient(), (X11Extents{5, 5, 29, 5}));
+    const X11FrameGeometry larger{{0, 0, 40, 30}, {-2, -3, 50, 60}, std::nullopt, std::nullopt};
+    EXPECT_EQ(larger.aroundClient(), X11Extents{}) << "the client is as large as its frame or larger";
+}
+
+TEST(X11Client, a_decoration_that_is_the_same_above_and_below_is_a_border_without_a_title_bar)
+{
+    X11Client now = client();
+    EXPECT_EQ(now.decoration(), X11Decoration::windowManager);
+    now.geometry.decoration = X11Extents{2, 2, 2, 2};
+    EXPECT_EQ(now.decoration(), X11Decoration::none);
+    now.geometry.decoration = X11Extents{2, 2, 0, 2};
+    EXPECT_EQ(now.decoration(), X11Decoration::none);
+}
+
+TEST(X11Client, an_unmapped_window_is_not_shown_unless_it_is_rolled_up)
+{
+    X11Client now = client();
+    EXPECT_TRUE(now.isShown());
+    now.mapped = false;
+    EXPECT_FALSE(now.isShown());
+    now.shaded = true;
+    EXPECT_TRUE(now.isShown());
+}
+
 TEST(X11FrameGeometry, a_border_belongs_to_the_frame)
 {
     EXPECT_EQ(X11FrameGeometry::outerRect(10, 20, 100, 50, 3), (PixelRect{10, 20, 106, 56}));
@@ -149,20 +176,30 @@ TEST(X11FrameGeometry, a_rolled_up_window_shows_its_decoration_alone)
     EXPECT_EQ(bare.rolledUpFrame(), bare.visibleFrame());
 }
 
+// On a screen of 1920 x 1080 pixels.
+std::optional<X11Extents> readFrom(const X11Property& property) { return X11Extents::from(property, 1920, 1080); }
+
 TEST(X11Extents, four_plausible_numbers_are_accepted)
 {
-    EXPECT_EQ(X11Extents::from(extents({1, 2, 3, 4})), (X11Extents{1, 2, 3, 4}));
-    EXPECT_EQ(X11Extents::from(extents({1, 2, 3, 4, 5})), (X11Extents{1, 2, 3, 4}));
-    EXPECT_EQ(X11Extents::from(extents({0, 0, 0, 0})), X11Extents{});
+    EXPECT_EQ(readFrom(extents({1, 2, 3, 4})), (X11Extents{1, 2, 3, 4}));
+    EXPECT_EQ(readFrom(extents({1, 2, 3, 4, 5})), (X11Extents{1, 2, 3, 4}));
+    EXPECT_EQ(readFrom(extents({0, 0, 0, 0})), X11Extents{});
+}
+
+TEST(X11Extents, sides_that_are_together_as_large_as_the_screen_are_not_believed)
+{
+    EXPECT_EQ(readFrom(extents({1000, 919, 1000, 79})), (X11Extents{1000, 919, 1000, 79}));
+    EXPECT_EQ(readFrom(extents({1000, 920, 0, 0})), std::nullopt);
+    EXPECT_EQ(readFrom(extents({0, 0, 1000, 80})), std::nullopt);
 }
 
 TEST(X11Extents, anything_else_counts_as_absent)
 {
-    EXPECT_EQ(X11Extents::from({}), std::nullopt);
-    EXPECT_EQ(X11Extents::from(extents({})), std::nullopt);
-    EXPECT_EQ(X11Extents::from(extents({1, 2, 3})), std::nullopt);
-    EXPECT_EQ(X11Extents::from(extents({1, 2, 0xFFFFFFFF, 4})), std::nullopt);
-    EXPECT_EQ(X11Extents::from({XCB_ATOM_STRING, 8, "0123456789abcdef"}), std::nullopt);
+    EXPECT_EQ(readFrom({}), std::nullopt);
+    EXPECT_EQ(readFrom(extents({})), std::nullopt);
+    EXPECT_EQ(readFrom(extents({1, 2, 3})), std::nullopt);
+    EXPECT_EQ(readFrom(extents({1, 2, 0xFFFFFFFF, 4})), std::nullopt);
+    EXPECT_EQ(readFrom({XCB_ATOM_STRING, 8, "0123456789abcdef"}), std::nullopt);
 }
 
 } // namespace

@@ -2,19 +2,9 @@
 
 #include "hosts/x11/overlay/X11ToolkitWindows.h"
 
-#include <cmath>
 #include <utility>
 
 namespace haloric {
-
-namespace {
-
-bool isFinite(const Rect& rect)
-{
-    return std::isfinite(rect.x) && std::isfinite(rect.y) && std::isfinite(rect.width) && std::isfinite(rect.height);
-}
-
-} // namespace
 
 X11ToolkitWindow::X11ToolkitWindow(X11ToolkitWindows& windows, const ToolkitWindowConfiguration& configuration,
                                    const ToolkitWindowDelegate& delegate)

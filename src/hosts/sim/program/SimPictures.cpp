@@ -43,6 +43,16 @@ Rect onDesktop(const Rect& frame, const Rect& desktop)
     return {frame.x - desktop.x, desktop.maxY() - frame.maxY(), frame.width, frame.height};
 }
 
+int pixels(double points) { return static_cast<int>(std::lround(points * kScale)); }
+
+Picture pictureOf(const Size& size)
+{
+    constexpr double kLongest = 16384; // points
+    if (!(size.width >= 0 && size.width <= kLongest && size.height >= 0 && size.height <= kLongest))
+        throw SimScenarioError("pictures show at most " + std::to_string(pixels(kLongest)) + " points each way");
+    return {pixels(size.width), pixels(size.height)};
+}
+
 RasterView viewOf(const Size& size) { return {kScale, size, 0, 0}; }
 
 std::uint32_t over(std::uint32_t above, std::uint32_t below)
@@ -55,8 +65,6 @@ std::uint32_t over(std::uint32_t above, std::uint32_t below)
     }
     return result;
 }
-
-int pixels(double points) { return static_cast<int>(std::lround(points * kScale)); }
 
 } // namespace
 
@@ -75,7 +83,7 @@ Picture SimPictures::compose(SimPlayer& player)
 {
     const SimModel& model = player.desktop().model;
     const Rect desktop = desktopOf(model);
-    Picture picture(pixels(desktop.width), pixels(desktop.height));
+    Picture picture = pictureOf(desktop.size());
     {
         RasterCanvas canvas(m_resources, picture.buffer(), viewOf(desktop.size()), RasterContents::cleared);
         canvas.fillRect({0, 0, desktop.width, desktop.height}, kBeyondScreens, CompositingOperation::copy);
@@ -120,7 +128,7 @@ void SimPictures::paintWindow(Picture& picture, const Rect& desktop, const SimMo
 void SimPictures::paintOverlay(Picture& picture, const Rect& desktop, const SimOverlay& window)
 {
     const Rect bounds = window.bounds();
-    Picture layer(pixels(bounds.width), pixels(bounds.height));
+    Picture layer = pictureOf(bounds.size());
     RasterCanvas canvas(m_resources, layer.buffer(), viewOf(bounds.size()), RasterContents::transparent);
     window.drawInto(canvas);
     const Rect& frame = window.serverWindow().frame;

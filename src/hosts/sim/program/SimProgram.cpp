@@ -10,7 +10,6 @@
 #include <chrono>
 #include <fstream>
 #include <iostream>
-#include <sstream>
 
 namespace haloric {
 
@@ -18,12 +17,16 @@ namespace {
 
 std::string contentsOf(const std::string& path)
 {
+    constexpr std::size_t kLongest = std::size_t{16} << 20; // bytes; a device may have no end
     std::ifstream file(path, std::ios::binary);
     if (!file)
         throw SimScenarioError(path + ": cannot be read");
-    std::ostringstream contents;
-    contents << file.rdbuf();
-    return contents.str();
+    std::string contents(kLongest + 1, '\0');
+    file.read(contents.data(), static_cast<std::streamsize>(contents.size()));
+    contents.resize(static_cast<std::size_t>(file.gcount()));
+    if (contents.size() > kLongest)
+        throw SimScenarioError(path + ": longer than 16 MiB");
+    return contents;
 }
 
 } // namespace

@@ -23,8 +23,13 @@ const std::vector<SimParameter>& members()
 const std::vector<SimParameter>& stepMembers()
 {
     static const std::vector<SimParameter> list{
-        {"at", SimType::number, SimPresence::optional, "when, in seconds since the start"},
-        {"after", SimType::number, SimPresence::optional, "how long after the step before, in seconds; 0"},
+        {"at", SimType::number, SimPresence::optional, "when, in seconds since the start", {}, kSimSeconds},
+        {"after",
+         SimType::number,
+         SimPresence::optional,
+         "how long after the step before, in seconds; 0",
+         {},
+         kSimSeconds},
         {"comment", SimType::text, SimPresence::optional, "for readers"},
     };
     return list;
@@ -52,9 +57,23 @@ SimStep stepFrom(const SimJson& json, const std::string& place)
     if (own.contains("at"))
         step.at = own["at"].get<double>();
     step.after = own.value("after", 0.0);
-    if (step.after < 0)
-        throw SimScenarioError(step.place + ": \"after\" is negative");
     return step;
+}
+
+// A limit to the depth keeps functions that call themselves for each level from using up the stack.
+SimJson jsonFrom(std::string_view text, const std::string& source)
+{
+    constexpr int kDeepest = 64;
+    const auto checkDepth = [&](int depth, SimJson::parse_event_t, const SimJson&) {
+        if (depth > kDeepest)
+            throw SimScenarioError(source + ": nested deeper than " + std::to_string(kDeepest) + " levels");
+        return true;
+    };
+    try {
+        return SimJson::parse(text, checkDepth);
+    } catch (const SimJson::exception& error) { // also a number beyond the range of a double
+        throw SimScenarioError(source + ": not JSON: " + error.what());
+    }
 }
 
 SimJson propertiesOf(const std::vector<SimParameter>& parameters)
@@ -86,12 +105,7 @@ SimJson schemaOfStep(const SimStepKind& kind)
 
 SimScenario SimScenario::parse(std::string_view text, const std::string& source)
 {
-    SimJson json;
-    try {
-        json = SimJson::parse(text);
-    } catch (const SimJson::parse_error& error) {
-        throw SimScenarioError(source + ": not JSON: " + error.what());
-    }
+    const SimJson json = jsonFrom(text, source);
     checkArguments(json, members(), {"steps"}, source);
     if (!json.contains("steps") || !json["steps"].is_array())
         throw SimScenarioError(source + ": \"steps\" is missing or not a list");

@@ -3,6 +3,7 @@
 #include "hosts/sim/scenario/session/SimFailure.h"
 
 #include <algorithm>
+#include <cstdio>
 
 namespace haloric {
 
@@ -72,6 +73,27 @@ std::string_view describe(SimType type)
     return "";
 }
 
+SimRange rangeOf(const SimParameter& parameter)
+{
+    const bool isInteger = parameter.type == SimType::integer || parameter.type == SimType::integers;
+    return parameter.range.value_or(isInteger ? kSimIntegers : kSimPoints);
+}
+
+// Numbers, and lists of them; other values have no range.
+bool isWithin(const SimJson& value, const SimRange& range)
+{
+    if (value.is_array())
+        return std::ranges::all_of(value, [&](const SimJson& item) { return isWithin(item, range); });
+    return !value.is_number() || (value.get<double>() >= range.least && value.get<double>() <= range.most);
+}
+
+std::string describe(const SimRange& range)
+{
+    char text[80];
+    std::snprintf(text, sizeof text, "from %.10g to %.10g", range.least, range.most);
+    return text;
+}
+
 SimJson listSchema(const SimJson& item) { return {{"type", "array"}, {"items", item}}; }
 
 SimJson numbersSchema(std::size_t length)
@@ -118,6 +140,8 @@ void checkValue(const SimJson& value, const SimParameter& parameter, const std::
     if (!parameter.choices.empty() &&
         std::ranges::find(parameter.choices, value.get<std::string>()) == parameter.choices.end())
         throw SimScenarioError(where + "unknown value " + value.dump());
+    if (const SimRange range = rangeOf(parameter); !isWithin(value, range))
+        throw SimScenarioError(where + "expected numbers " + describe(range) + ", found " + value.dump());
     if (parameter.type == SimType::screens) {
         for (std::size_t i = 0; i < value.size(); ++i)
             checkArguments(value[i], simScreenParameters(), {}, where + "screen " + std::to_string(i + 1));
@@ -129,10 +153,10 @@ void checkValue(const SimJson& value, const SimParameter& parameter, const std::
 const std::vector<SimParameter>& simScreenParameters()
 {
     static const std::vector<SimParameter> list{
-        {"screen", SimType::integer, SimPresence::required, "the screen's display number"},
+        {"screen", SimType::integer, SimPresence::required, "the screen's display number", {}, kSimUnsigned},
         {"frame", SimType::rect, SimPresence::required, "its frame in global space"},
-        {"rate", SimType::number, SimPresence::optional, "its refresh rate; 60"},
-        {"scale", SimType::number, SimPresence::optional, "pixels a point; 2"},
+        {"rate", SimType::number, SimPresence::optional, "its refresh rate; 60", {}, kSimRates},
+        {"scale", SimType::number, SimPresence::optional, "pixels a point; 2", {}, SimRange{0.5, 8}},
     };
     return list;
 }
@@ -162,6 +186,11 @@ SimJson schemaOf(const SimParameter& parameter)
     schema["description"] = parameter.help;
     if (!parameter.choices.empty())
         schema["enum"] = parameter.choices;
+    if (parameter.type == SimType::number || parameter.type == SimType::integer) {
+        const SimRange range = rangeOf(parameter);
+        schema["minimum"] = range.least;
+        schema["maximum"] = range.most;
+    }
     return schema;
 }
 

@@ -9,9 +9,9 @@ const std::vector<SimParameter>& SimSetup::parameters()
 {
     constexpr auto optional = SimPresence::optional;
     static const std::vector<SimParameter> list{
-        {"version", SimType::integer, optional, "the system's major version, 13 or 14"},
+        {"version", SimType::integer, optional, "the system's major version, 13 or 14", {}, SimRange{10, 100}},
         {"trusted", SimType::flag, optional, "whether Accessibility access is granted; true"},
-        {"spaces", SimType::integer, optional, "how many ordinary Spaces there are; 3"},
+        {"spaces", SimType::integer, optional, "how many ordinary Spaces there are; 3", {}, SimRange{1, 100}},
         {"screens", SimType::screens, optional, "the screens, the primary one (at 0, 0) first; one of 1440 x 900"},
         {"environment", SimType::object, optional, "environment variables, texts"},
         {"settings", SimType::object, optional, "stored settings; what is left out has its default"},
@@ -23,7 +23,7 @@ const std::vector<SimParameter>& SimSetup::parameters()
         {"eventTapRefused", SimType::flag, optional, "the program may not watch keys"},
         {"videoLinksFail", SimType::flag, optional, "version 13: no video display link can be made"},
         {"jitterSeed", SimType::integer, optional, "seed of the notifications' delays"},
-        {"jitter", SimType::number, optional, "the longest delay of a notification, in seconds; 0"},
+        {"jitter", SimType::number, optional, "the longest delay of a notification, in seconds; 0", {}, kSimSeconds},
     };
     return list;
 }

@@ -56,8 +56,8 @@ const std::vector<SimStepKind>& simFaultSteps()
          [](SimPlayer& player, const SimJson& a) { player.desktop().faults.savesFail = a["value"].get<bool>(); }},
         {"notify",
          "the window server sends a notification out of turn",
-         {{"event", SimType::integer, kRequired, "its number"},
-          {"number", SimType::integer, kRequired, "the window number in its data"}},
+         {{"event", SimType::integer, kRequired, "its number", {}, kSimUnsigned},
+          {"number", SimType::integer, kRequired, "the window number in its data", {}, kSimUnsigned}},
          notifySpuriously},
     };
     return kinds;

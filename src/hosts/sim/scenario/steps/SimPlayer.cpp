@@ -3,6 +3,7 @@
 #include "hosts/sim/scenario/session/SimFailure.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <utility>
 
@@ -54,6 +55,8 @@ void SimPlayer::play(const SimStep& step)
 void SimPlayer::advance(Seconds duration)
 {
     SimRunLoop& runLoop = desktop().runLoop;
+    if ((now() + duration).count() > kSimSeconds.most)
+        throw SimScenarioError("a scenario lasts at most " + std::to_string(std::lround(kSimSeconds.most)) + " s");
     const auto end = runLoop.now() + std::chrono::round<SimRunLoop::Nanoseconds>(duration);
     while (runLoop.nextDue() && *runLoop.nextDue() <= end) {
         runLoop.runNext();

@@ -33,7 +33,7 @@ public:
     // Throws SimFailure when a check fails, SimScenarioError when the step cannot be played.
     void play(const SimStep& step);
 
-    // Advances virtual time.
+    // Advances virtual time. Throws SimScenarioError for a time beyond a day after the start.
     void advance(Seconds duration);
 
     // Ends all input, advances virtual time, and checks the state at rest.

@@ -38,8 +38,6 @@ void drag(SimPlayer& player, const SimJson& arguments)
     }
     const double rate = arguments.value("rate", SimPointer::kDefaultRate);
     const double seconds = arguments["seconds"].get<double>();
-    if (!(rate > 0) || !(seconds >= 0))
-        throw SimScenarioError("a drag needs a rate above zero and no negative time");
     player.desktop().pointer.drag(window, target, Seconds(seconds), rate);
 }
 
@@ -114,8 +112,8 @@ std::vector<SimStepKind> movementKinds()
          {kWindow,
           {"to", SimType::point, optional, "where its top left corner ends"},
           {"size", SimType::size, optional, "its size at the end"},
-          {"seconds", SimType::number, required, "how long it takes"},
-          {"rate", SimType::number, optional, "the mouse's reports a second; 125"}},
+          {"seconds", SimType::number, required, "how long it takes", {}, kSimSeconds},
+          {"rate", SimType::number, optional, "the mouse's reports a second; 125", {}, kSimRates}},
          drag},
         {"minimise",
          "minimise a window",

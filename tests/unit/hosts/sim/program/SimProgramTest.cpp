@@ -68,6 +68,14 @@ TEST_F(SimProgramTest, a_bad_or_missing_file_fails_with_its_name)
     EXPECT_THAT(errors, testing::HasSubstr("none.json: cannot be read"));
     EXPECT_EQ(run(replaying(write(R"({"title": "t", "steps": [{"do": "focus", "window": "ghost"}]})"))), 1);
     EXPECT_THAT(errors, testing::HasSubstr("step 1 (focus): there is no window \"ghost\""));
+    EXPECT_EQ(run(replaying(write(R"({"title": "t", "steps": [{"do": "wait", "after": 1e400}]})"))), 1);
+    EXPECT_THAT(errors, testing::HasSubstr("story.json: not JSON"));
+}
+
+TEST_F(SimProgramTest, a_file_without_an_end_fails)
+{
+    EXPECT_EQ(run(replaying("/dev/zero")), 1);
+    EXPECT_EQ(errors, "haloric-sim: /dev/zero: longer than 16 MiB\n");
 }
 
 TEST_F(SimProgramTest, random_steps_print_their_number_and_digest)
@@ -116,6 +124,21 @@ TEST_F(SimProgramTest, a_picture_is_written_after_each_step)
     EXPECT_EQ(run(options), 0);
     for (const char* name : {"/0001-0000.5000.png", "/0002-0000.5000.png", "/0003-0001.5000.png"})
         EXPECT_GT(std::filesystem::file_size(options.frames + name), 100u) << name;
+}
+
+TEST_F(SimProgramTest, a_picture_that_would_be_too_large_fails)
+{
+    const auto playAndPaint = [&](const std::string& steps) {
+        SimOptions options = replaying(write(R"({"title": "t", "steps": [)" + steps + "]}"));
+        options.frames = folder() + "/frames";
+        return run(options);
+    };
+    EXPECT_EQ(playAndPaint(R"({"do": "plug", "screen": 2, "frame": [1440, 0, 1e6, 1e6]})"), 1);
+    EXPECT_THAT(errors, testing::HasSubstr("pictures show at most 16384 points each way"));
+    EXPECT_EQ(playAndPaint(R"({"do": "launch", "app": "A"},
+        {"do": "open", "app": "A", "window": "w", "frame": [0, 0, 1e6, 1e6]}, {"do": "wait", "after": 1})"),
+              1);
+    EXPECT_THAT(errors, testing::HasSubstr("pictures show at most 16384 points each way"));
 }
 
 TEST_F(SimProgramTest, a_folder_that_cannot_be_written_fails)

@@ -68,7 +68,33 @@ TEST(SimScenario, an_argument_of_the_wrong_type_is_named_with_step_and_verb)
     EXPECT_THAT(errorOfStep(R"({"do": "key", "code": 1, "modifiers": [1]})"), HasSubstr("expected a list of texts"));
     EXPECT_THAT(errorOfStep(R"({"do": "settings", "change": []})"), HasSubstr("expected an object"));
     EXPECT_THAT(errorOfStep(R"({"do": "wait", "after": "soon"})"), HasSubstr("expected a number"));
-    EXPECT_THAT(errorOfStep(R"({"do": "wait", "after": -1})"), HasSubstr("\"after\" is negative"));
+}
+
+TEST(SimScenario, a_number_out_of_range_is_named_with_step_verb_and_range)
+{
+    EXPECT_EQ(errorOfStep(R"({"do": "wait", "after": -1})"),
+              "story.json: step 2 (wait), \"after\": expected numbers from 0 to 86400, found -1");
+    EXPECT_THAT(errorOfStep(R"({"do": "wait", "at": 1e300})"), HasSubstr("found 1e+300"));
+    EXPECT_THAT(errorOfStep(R"({"do": "drag", "window": "w", "seconds": 1e9})"), HasSubstr("\"seconds\": expected"));
+    EXPECT_THAT(errorOfStep(R"({"do": "drag", "window": "w", "seconds": 1, "rate": 0})"), HasSubstr("\"rate\""));
+    EXPECT_THAT(errorOfStep(R"({"do": "move", "window": "w", "to": [0, -1e7]})"),
+                HasSubstr("from -1000000 to 1000000"));
+    EXPECT_THAT(errorOfStep(R"({"do": "space", "to": 9223372036854775808})"), HasSubstr("\"to\": expected"));
+    EXPECT_THAT(errorOfStep(R"({"do": "notify", "event": -1, "number": 0})"), HasSubstr("from 0 to 4294967295"));
+    EXPECT_THAT(errorOfStep(R"({"do": "plug", "screen": 2, "frame": [0, 0, 1, 1], "rate": 1e12})"),
+                HasSubstr("\"rate\": expected numbers from 0.1 to 10000"));
+}
+
+TEST(SimScenario, a_number_beyond_the_range_of_a_double_is_refused)
+{
+    EXPECT_THAT(errorOfStep(R"({"do": "wait", "after": 1e400})"), HasSubstr("story.json: not JSON: "));
+}
+
+TEST(SimScenario, what_is_nested_deeply_is_refused)
+{
+    const std::string deep = std::string(100'000, '[') + std::string(100'000, ']');
+    EXPECT_EQ(errorOf(R"({"title": )" + deep + "}"), "story.json: nested deeper than 64 levels");
+    EXPECT_EQ(errorOf(std::string(100'000, '[')), "story.json: nested deeper than 64 levels");
 }
 
 TEST(SimScenario, a_missing_and_an_unknown_argument_are_named)

@@ -48,6 +48,11 @@ TEST(SimPlayer, a_step_at_an_instant_that_has_passed_is_refused)
     EXPECT_THROW(playScenario(R"({"do": "wait", "at": 2}, {"do": "wait", "at": 1})"), SimScenarioError);
 }
 
+TEST(SimPlayer, a_scenario_that_lasts_longer_than_a_day_is_refused)
+{
+    EXPECT_THROW(playScenario(R"({"do": "wait", "at": 86400}, {"do": "wait", "after": 0.001})"), SimScenarioError);
+}
+
 TEST(SimPlayer, steps_come_at_their_instants_and_after_their_delays)
 {
     auto played = playScenario(R"({"do": "wait", "at": 2}, {"do": "wait", "after": 0.5}, {"do": "wait", "at": 3})");

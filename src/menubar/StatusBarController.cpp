@@ -13,12 +13,17 @@
 #include "settings/LaunchAtLogin.h"
 
 #include <any>
+#include <utility>
 
 namespace haloric {
 
 namespace {
 
 constexpr double kCreditsFontSize = 11; // points
+
+// How old the state of the login item and of the Accessibility grant may be while the settings change. A dragged slider
+// changes them at the rate of the display, and each question goes to another process.
+constexpr Seconds kSystemStateAge{1};
 
 const FormWindowConfiguration kSettingsWindow{
     .title = "Haloric Settings",
@@ -44,8 +49,7 @@ StatusBarController::StatusBarController(const StatusBarDependencies& platform, 
     readState();
     m_item->setMenu(m_menu->model(), *this);
 
-    m_cancellables.push_back(m_store.subscribe(
-        [this](const Settings&) { m_platform.runLoop.post(m_anchor.bind(&StatusBarController::syncMenu)); }));
+    m_cancellables.push_back(m_store.subscribe([this](const Settings&) { settingsChanged(); }));
 }
 
 StatusMenuActions StatusBarController::actions()
@@ -85,9 +89,30 @@ void StatusBarController::syncMenu()
 // The item reads the model right after this call.
 void StatusBarController::menuNeedsUpdate() { readState(); }
 
+void StatusBarController::settingsChanged()
+{
+    if (!std::exchange(m_syncPending, true))
+        m_platform.runLoop.post(m_anchor.bind(&StatusBarController::syncMenuAfterChange));
+}
+
+void StatusBarController::syncMenuAfterChange()
+{
+    m_syncPending = false;
+    m_menu->showEffects(m_store.settings());
+    if (m_platform.runLoop.systemUptime() - m_systemStateReadAt >= kSystemStateAge)
+        readSystemState();
+    m_item->menuItemsChanged();
+}
+
 void StatusBarController::readState()
 {
     m_menu->showEffects(m_store.settings());
+    readSystemState();
+}
+
+void StatusBarController::readSystemState()
+{
+    m_systemStateReadAt = m_platform.runLoop.systemUptime();
     m_menu->showLaunchAtLogin(m_platform.launchAtLogin.isAvailable(), m_platform.launchAtLogin.isEnabled());
     m_menu->showAccessibility(m_platform.accessibility.isProcessTrusted());
 }
@@ -129,6 +154,8 @@ void StatusBarController::openSettings()
 {
     if (!m_settingsWindow)
         makeSettingsWindow();
+    else if (m_formIsStale)
+        showForm();
     m_platform.application.activateIgnoringOtherApps();
     m_settingsWindow->makeKeyAndOrderFront();
 }
@@ -140,8 +167,21 @@ void StatusBarController::makeSettingsWindow()
     m_settingsWindow = m_platform.formWindows.make(kSettingsWindow, m_settingsView->form());
     m_settingsWindow->center();
     // Bound, because the window may still write to the store while it is destroyed.
-    m_settingsView->setOnFormChange(
-        m_anchor.bind([](StatusBarController& self, const FormModel& form) { self.m_settingsWindow->setForm(form); }));
+    m_settingsView->setOnFormChange(m_anchor.bind(&StatusBarController::formChanged));
+}
+
+void StatusBarController::formChanged()
+{
+    if (m_settingsWindow->isVisible())
+        showForm();
+    else
+        m_formIsStale = true;
+}
+
+void StatusBarController::showForm()
+{
+    m_formIsStale = false;
+    m_settingsWindow->setForm(m_settingsView->form());
 }
 
 } // namespace haloric

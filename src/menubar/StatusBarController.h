@@ -3,6 +3,7 @@
 #pragma once
 
 #include "foundation/Subscription.h"
+#include "foundation/Time.h"
 #include "foundation/WeakAnchor.h"
 #include "menubar/StatusBarDependencies.h"
 #include "menubar/StatusMenu.h"
@@ -39,12 +40,17 @@ public:
 private:
     StatusMenuActions actions();
     void readState();
+    void readSystemState();
+    void settingsChanged();
+    void syncMenuAfterChange();
     void toggle(bool Settings::*effect);
     void pickPreset(const MenuItem& sender);
     void toggleLogin();
     void grantAX();
     void showAbout();
     void makeSettingsWindow();
+    void formChanged();
+    void showForm();
 
     StatusBarDependencies m_platform;
     SettingsStore& m_store;
@@ -53,6 +59,9 @@ private:
     std::unique_ptr<StatusItem> m_item;
     std::unique_ptr<SettingsView> m_settingsView;
     std::unique_ptr<FormWindow> m_settingsWindow;
+    bool m_formIsStale = false; // the window shows an older form
+    bool m_syncPending = false; // posted
+    Seconds m_systemStateReadAt{0};
     std::vector<Subscription> m_cancellables;
     WeakAnchor<StatusBarController> m_anchor{*this};
 };

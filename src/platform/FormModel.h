@@ -64,9 +64,10 @@ struct FormMenuItem {
     Task perform;
 };
 
+// `items` is called each time the menu opens, because it may be slow; it may return no items.
 struct FormMenu {
     std::string label;
-    std::vector<FormMenuItem> items = {}; // may be empty
+    std::function<std::vector<FormMenuItem>()> items;
 };
 
 struct FormButton {

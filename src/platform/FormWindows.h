@@ -28,7 +28,12 @@ public:
     virtual void setForm(const FormModel& form) = 0;
 
     virtual void center() = 0;
+
+    // Opens it, also when it is closed or minimised.
     virtual void makeKeyAndOrderFront() = 0;
+
+    // Since it was opened, until it is closed: also while it is minimised or hidden with the application, because it
+    // can return from there without the program.
     virtual bool isVisible() const = 0;
 };
 

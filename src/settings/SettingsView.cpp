@@ -33,7 +33,11 @@ SettingsView::SettingsView(const SettingsViewDependencies& platform, SettingsSto
       m_loginItem(platform.bundle, platform.loginItems),
       m_launchAtLogin(launchAtLogin)
 {
-    m_storeSubscription = m_store.subscribe([this](const Settings&) { publish(); });
+    m_storeSubscription = m_store.subscribe([this](const Settings& settings) {
+        if (settings.dimApps != m_dimApps)
+            readDimApps();
+        publish();
+    });
 }
 
 FormModel SettingsView::form() const
@@ -44,10 +48,7 @@ FormModel SettingsView::form() const
             .buttons = buttons()};
 }
 
-void SettingsView::setOnFormChange(std::function<void(const FormModel&)> handler)
-{
-    m_onFormChange = std::move(handler);
-}
+void SettingsView::setOnFormChange(Task handler) { m_onFormChange = std::move(handler); }
 
 FormSection SettingsView::generalSection() const
 {
@@ -59,7 +60,7 @@ FormSection SettingsView::generalSection() const
                                                         .set = m_anchor.bind(&SettingsView::setLaunchAtLogin)}});
     if (!isAvailable)
         section.footer = "Launch at login is available when running from Haloric.app.";
-    section.onAppear = m_anchor.bind(&SettingsView::readLaunchAtLogin);
+    section.onAppear = m_anchor.bind(&SettingsView::appeared);
     return section;
 }
 
@@ -69,16 +70,27 @@ FormSection SettingsView::dimSection() const
     if (m_store.settings().dimScope != DimScope::selectedApps)
         return section;
     section.footer = "Only windows of the selected apps are dimmed while they're not in focus.";
-    std::map<std::string, int> rowsBefore; // a stored list may name an application twice, but ids are unique
-    for (const std::string& bundleIdentifier : m_store.settings().dimApps) {
-        const int repetition = rowsBefore[bundleIdentifier]++;
-        const std::string list = repetition == 0 ? "dimApps" : "dimApps#" + std::to_string(repetition + 1);
-        section.rows.push_back(dimAppRow(list + "/" + bundleIdentifier, bundleIdentifier));
-    }
-    section.rows.push_back(runningAppsMenu());
+    section.rows.insert(section.rows.end(), m_dimAppRows.begin(), m_dimAppRows.end());
+    const auto items = [ref = m_anchor.ref()] {
+        const SettingsView* self = ref.get();
+        return self ? self->runningAppsToAdd() : std::vector<FormMenuItem>();
+    };
+    section.rows.push_back({"addRunningApp", FormMenu{"Add Running App", items}});
     section.rows.push_back(
         {"chooseApplication", FormButton{"Choose Application…", m_anchor.bind(&SettingsView::chooseDimApp)}});
     return section;
+}
+
+void SettingsView::readDimApps()
+{
+    m_dimApps = m_store.settings().dimApps;
+    m_dimAppRows.clear();
+    std::map<std::string, int> rowsBefore; // a stored list may name an application twice, but ids are unique
+    for (const std::string& bundleIdentifier : m_dimApps) {
+        const int repetition = rowsBefore[bundleIdentifier]++;
+        const std::string list = repetition == 0 ? "dimApps" : "dimApps#" + std::to_string(repetition + 1);
+        m_dimAppRows.push_back(dimAppRow(list + "/" + bundleIdentifier, bundleIdentifier));
+    }
 }
 
 FormRow SettingsView::dimAppRow(std::string id, const std::string& bundleIdentifier) const
@@ -92,14 +104,14 @@ FormRow SettingsView::dimAppRow(std::string id, const std::string& bundleIdentif
                                        .remove = m_anchor.bind(&SettingsView::removeDimApp, bundleIdentifier)}};
 }
 
-FormRow SettingsView::runningAppsMenu() const
+std::vector<FormMenuItem> SettingsView::runningAppsToAdd() const
 {
-    FormMenu menu{.label = "Add Running App"};
+    std::vector<FormMenuItem> items;
     for (const std::string& bundleIdentifier : AppInfo::runningApps(m_platform.applications, m_platform.bundle))
         if (!contains(m_store.settings().dimApps, bundleIdentifier))
-            menu.items.push_back({AppInfo::displayName(m_platform.applications, bundleIdentifier),
-                                  m_anchor.bind(&SettingsView::addDimApp, bundleIdentifier)});
-    return {"addRunningApp", std::move(menu)};
+            items.push_back({AppInfo::displayName(m_platform.applications, bundleIdentifier),
+                             m_anchor.bind(&SettingsView::addDimApp, bundleIdentifier)});
+    return items;
 }
 
 std::vector<FormRow> SettingsView::buttons() const
@@ -154,6 +166,12 @@ void SettingsView::setLaunchAtLogin(bool enabled)
         self->readLaunchAtLogin();
 }
 
+void SettingsView::appeared()
+{
+    readDimApps();
+    readLaunchAtLogin();
+}
+
 void SettingsView::readLaunchAtLogin()
 {
     m_launchAtLogin = m_loginItem.isEnabled();
@@ -162,8 +180,8 @@ void SettingsView::readLaunchAtLogin()
 
 void SettingsView::publish() const
 {
-    if (const auto handler = m_onFormChange) // it may replace itself
-        handler(form());
+    if (const Task handler = m_onFormChange) // it may replace itself
+        handler();
 }
 
 } // namespace haloric

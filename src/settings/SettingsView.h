@@ -10,8 +10,8 @@
 #include "settings/SettingsStore.h"
 #include "settings/SettingsViewDependencies.h"
 
-#include <functional>
 #include <string>
+#include <vector>
 
 namespace haloric {
 
@@ -24,9 +24,9 @@ public:
     // The current form. Its controls do nothing once the view is gone.
     FormModel form() const;
 
-    // Called with a new form after every write to the store, when the form has come on screen, and when the switch for
-    // the login item was used. Replaces the previous handler; may be empty.
-    void setOnFormChange(std::function<void(const FormModel&)> handler);
+    // Called when `form` may return another form: after every write to the store, when the form has come on screen, and
+    // when the switch for the login item was used. Replaces the previous handler; may be empty.
+    void setOnFormChange(Task handler);
 
     // The switch's value: the state of the login item when it was last read, or the user's choice while it is applied.
     bool launchAtLogin() const { return m_launchAtLogin; }
@@ -41,12 +41,14 @@ public:
 private:
     FormSection generalSection() const;
     FormSection dimSection() const;
+    void readDimApps();
     FormRow dimAppRow(std::string id, const std::string& bundleIdentifier) const;
-    FormRow runningAppsMenu() const;
+    std::vector<FormMenuItem> runningAppsToAdd() const;
     std::vector<FormRow> buttons() const;
 
     void removeDimApp(const std::string& bundleIdentifier);
     void setLaunchAtLogin(bool enabled);
+    void appeared();
     void readLaunchAtLogin();
     void publish() const;
 
@@ -55,7 +57,9 @@ private:
     SettingsControls m_controls;
     LaunchAtLogin m_loginItem;
     bool m_launchAtLogin;
-    std::function<void(const FormModel&)> m_onFormChange;
+    std::vector<std::string> m_dimApps; // those that the rows are made of
+    std::vector<FormRow> m_dimAppRows;  // kept, because names and icons come from the system's catalogue
+    Task m_onFormChange;
     Subscription m_storeSubscription;
     WeakAnchor<SettingsView> m_anchor{*this};
 };

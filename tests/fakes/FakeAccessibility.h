@@ -31,6 +31,7 @@ public:
     using ObserverRef = std::shared_ptr<Observer>;
 
     bool trusted = true;
+    mutable int trustQuestions = 0; // without a prompt
     std::vector<bool> prompts;
     std::map<ProcessID, FakeAXElementRef> applications;
     std::vector<std::string> calls; // "app 7", "AXRole", "window number", "observe 7", "release 7", in order
@@ -52,7 +53,11 @@ public:
 
     std::size_t count(std::string_view call) const { return static_cast<std::size_t>(std::ranges::count(calls, call)); }
 
-    bool isProcessTrusted() const override { return trusted; }
+    bool isProcessTrusted() const override
+    {
+        ++trustQuestions;
+        return trusted;
+    }
 
     bool isProcessTrustedWithPrompt(bool prompt) override
     {

@@ -18,6 +18,7 @@ public:
     std::map<std::string, std::string> displayNames;       // by path
     std::set<std::string, std::less<>> symbols{"app"};
     bool sortsBackwards = false;
+    mutable int questions = 0; // about running and installed applications
 
     void install(const std::string& bundleIdentifier, const std::string& path, const std::string& displayName)
     {
@@ -32,10 +33,15 @@ public:
         running.push_back({ActivationPolicy::regular, bundleIdentifier});
     }
 
-    std::vector<RunningApplication> runningApplications() const override { return running; }
+    std::vector<RunningApplication> runningApplications() const override
+    {
+        ++questions;
+        return running;
+    }
 
     std::optional<std::string> applicationPath(std::string_view bundleIdentifier) const override
     {
+        ++questions;
         const auto found = paths.find(bundleIdentifier);
         return found == paths.end() ? std::nullopt : std::optional(found->second);
     }

@@ -16,8 +16,13 @@ public:
     std::optional<PlatformError> error; // given by every change, which then changes nothing
     std::vector<std::string> changes;   // "register", "unregister"
     Task whileChanging;                 // runs inside a change
+    mutable int questions = 0;          // for the status
 
-    LoginItemStatus status() const override { return currentStatus; }
+    LoginItemStatus status() const override
+    {
+        ++questions;
+        return currentStatus;
+    }
     std::optional<PlatformError> registerApplication() override { return change("register", statusOnceRegistered); }
 
     std::optional<PlatformError> unregisterApplication() override

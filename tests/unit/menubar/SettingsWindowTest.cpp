@@ -53,6 +53,49 @@ TEST_F(SettingsWindowTest, its_form_follows_the_settings)
     EXPECT_TRUE(toggle("Open Settings with ⌃⌥⌘F from anywhere").isOn);
 }
 
+TEST_F(SettingsWindowTest, while_it_is_closed_no_form_is_made_and_it_reopens_with_the_current_one)
+{
+    controller->openSettings();
+    window().visible = false;
+    const auto calls = window().calls.size();
+    const int questions = accessibility.trustQuestions;
+    for (int step = 0; step < 3; ++step)
+        store.update([](Settings& settings) { settings.hotkeyEnabled = true; });
+    EXPECT_EQ(window().calls.size(), calls);
+    EXPECT_EQ(accessibility.trustQuestions, questions);
+    bool shownWhenOrderedFront = false;
+    formWindows.whileOrderingFront = [&] {
+        shownWhenOrderedFront = toggle("Open Settings with ⌃⌥⌘F from anywhere").isOn;
+    };
+    controller->openSettings();
+    EXPECT_TRUE(shownWhenOrderedFront);
+    EXPECT_EQ(std::ranges::count(window().calls, "setForm"), 1);
+}
+
+TEST_F(SettingsWindowTest, a_drag_of_a_slider_asks_the_system_only_for_the_trust_that_the_form_shows)
+{
+    for (const char* application : {"org.example.mail", "org.example.notes", "org.example.music"})
+        catalog.launch(application, application);
+    store.update([](Settings& settings) {
+        settings.dimScope = DimScope::selectedApps;
+        settings.dimApps = {"org.example.mail", "org.example.notes"};
+    });
+    controller->openSettings();
+    runLoop.runPosted();
+    loginItems.questions = catalog.questions = accessibility.trustQuestions = 0;
+    item().calls.clear();
+    constexpr int kSteps = 100;
+    for (int step = 0; step < kSteps; ++step) {
+        store.update([&](Settings& settings) { settings.glowRadius = step; });
+        store.update([&](Settings& settings) { settings.glowRadius = step + 0.5; });
+        runLoop.runPosted();
+    }
+    EXPECT_EQ(loginItems.questions, 0);
+    EXPECT_EQ(catalog.questions, 0);
+    EXPECT_EQ(accessibility.trustQuestions, 2 * kSteps) << "one for each form";
+    EXPECT_EQ(std::ranges::count(item().calls, "menuItemsChanged"), kSteps) << "one for each turn of the loop";
+}
+
 TEST_F(SettingsWindowTest, what_is_changed_in_it_shows_the_next_time_the_menu_opens)
 {
     controller->openSettings();

@@ -74,6 +74,50 @@ TEST_F(StatusBarControllerTest, the_settings_at_the_start_sync_the_menu_as_well)
     EXPECT_EQ(std::ranges::count(item().calls, "menuItemsChanged"), 1);
 }
 
+TEST_F(StatusBarControllerTest, changes_of_one_turn_reach_the_menu_together)
+{
+    make();
+    runLoop.runPosted();
+    item().calls.clear();
+    store.update([](Settings& settings) { settings.dimEnabled = true; });
+    store.update([](Settings& settings) { settings.glowEnabled = false; });
+    runLoop.runPosted();
+    EXPECT_EQ(item().calls, Calls{"menuItemsChanged"});
+    EXPECT_TRUE(SimMenuSearch::find(controller->menu().items, "Dim other windows")->isOn);
+    EXPECT_FALSE(SimMenuSearch::find(controller->menu().items, "Glow")->isOn);
+}
+
+TEST_F(StatusBarControllerTest, a_change_of_the_settings_reads_the_state_of_the_system_once_a_second)
+{
+    make();
+    runLoop.runPosted();
+    loginItems.currentStatus = LoginItemStatus::enabled;
+    accessibility.trusted = false;
+    const auto isOn = [this] { return SimMenuSearch::find(controller->menu().items, "Launch at Login")->isOn; };
+    const auto isHidden = [this] {
+        return SimMenuSearch::find(controller->menu().items, "Grant Accessibility Permission…")->isHidden;
+    };
+    runLoop.runFor(Seconds(0.9));
+    store.update([](Settings& settings) { settings.dimEnabled = true; });
+    runLoop.runPosted();
+    EXPECT_FALSE(isOn());
+    EXPECT_TRUE(isHidden());
+    runLoop.runFor(Seconds(0.2));
+    store.update([](Settings& settings) { settings.dimEnabled = false; });
+    runLoop.runPosted();
+    EXPECT_TRUE(isOn());
+    EXPECT_FALSE(isHidden());
+}
+
+TEST_F(StatusBarControllerTest, the_menu_opens_with_the_state_of_the_system_at_that_moment)
+{
+    make();
+    loginItems.currentStatus = LoginItemStatus::enabled;
+    accessibility.trusted = false;
+    EXPECT_TRUE(statusItems.item("Launch at Login").isOn);
+    EXPECT_FALSE(statusItems.item("Grant Accessibility Permission…").isHidden);
+}
+
 TEST_F(StatusBarControllerTest, opening_the_menu_brings_it_up_to_date)
 {
     make();

@@ -25,7 +25,7 @@ protected:
     Texts offered() const
     {
         Texts titles;
-        for (const FormMenuItem& item : control<FormMenu>("addRunningApp").items)
+        for (const FormMenuItem& item : control<FormMenu>("addRunningApp").items())
             titles.push_back(item.title);
         return titles;
     }
@@ -116,26 +116,45 @@ TEST_F(SettingsViewDimmingTest, the_menu_never_offers_the_application_itself_ano
     EXPECT_EQ(offered(), (Texts{"Mail", "Notes"}));
 }
 
-TEST_F(SettingsViewDimmingTest, the_menu_is_read_again_for_each_form)
+TEST_F(SettingsViewDimmingTest, the_menu_is_read_again_each_time_it_opens)
 {
-    EXPECT_EQ(offered(), (Texts{"Mail", "Notes"}));
+    const FormMenu menu = control<FormMenu>("addRunningApp");
+    EXPECT_EQ(menu.items().size(), 2U);
     applications.running.pop_back();
-    EXPECT_EQ(offered(), Texts{"Notes"});
+    EXPECT_EQ(menu.items().size(), 1U);
+}
+
+TEST_F(SettingsViewDimmingTest, a_form_asks_for_no_application)
+{
+    setDimApps({"org.example.mail", "org.example.notes"});
+    applications.questions = 0;
+    for (const double value : {1.0, 2.0, 3.0})
+        control<FormSlider>("borderWidth").set(value);
+    EXPECT_EQ(applications.questions, 0);
+}
+
+TEST_F(SettingsViewDimmingTest, names_and_icons_are_read_again_when_the_form_comes_on_screen)
+{
+    setDimApps({"org.example.gone"});
+    applications.install("org.example.gone", "/Applications/Found.app", "Found");
+    EXPECT_EQ(control<FormListRow>("dimApps/org.example.gone").title, "org.example.gone");
+    section("general").onAppear();
+    EXPECT_EQ(control<FormListRow>("dimApps/org.example.gone").title, "Found");
 }
 
 TEST_F(SettingsViewDimmingTest, choosing_from_the_menu_appends_that_application)
 {
     setDimApps({"org.example.music"});
-    control<FormMenu>("addRunningApp").items.at(1).perform();
-    control<FormMenu>("addRunningApp").items.at(0).perform();
+    control<FormMenu>("addRunningApp").items().at(1).perform();
+    control<FormMenu>("addRunningApp").items().at(0).perform();
     EXPECT_EQ(dimApps(), (Texts{"org.example.music", "org.example.notes", "org.example.mail"}));
 }
 
 TEST_F(SettingsViewDimmingTest, adding_an_application_again_changes_nothing)
 {
-    const FormMenu menu = control<FormMenu>("addRunningApp");
-    menu.items.at(0).perform();
-    menu.items.at(0).perform();
+    const auto items = control<FormMenu>("addRunningApp").items();
+    items.at(0).perform();
+    items.at(0).perform();
     EXPECT_EQ(dimApps(), Texts{"org.example.mail"});
     EXPECT_EQ(defaults.writes.size(), 1U) << "not even a write";
 }

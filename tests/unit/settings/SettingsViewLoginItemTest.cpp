@@ -53,8 +53,7 @@ TEST_F(SettingsViewLoginItemTest, a_failure_is_shown_in_an_alert_and_the_toggle_
 {
     loginItems.error = kError;
     std::vector<bool> shown;
-    view->setOnFormChange(
-        [&](const FormModel& form) { shown.push_back(controlOf<FormToggle>(form, "launchAtLogin").isOn); });
+    view->setOnFormChange([&] { shown.push_back(toggle().isOn); });
     toggle().set(true);
     EXPECT_EQ(alerts.errorsShown, std::vector{kError});
     EXPECT_EQ(shown, std::vector{false}) << "the control shows the user's choice and must be reset";
@@ -115,7 +114,7 @@ TEST_F(SettingsViewLoginItemTest, the_view_may_be_destroyed_while_its_alert_is_s
     alerts.whileErrorShown = [this] { view.reset(); };
     loginItems.error = kError;
     int forms = 0;
-    view->setOnFormChange([&](const FormModel&) { ++forms; });
+    view->setOnFormChange([&] { ++forms; });
     toggle().set(true);
     EXPECT_EQ(view, nullptr);
     EXPECT_EQ(forms, 0);

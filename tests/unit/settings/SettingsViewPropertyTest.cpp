@@ -148,8 +148,9 @@ protected:
 
     bool use(const std::string&, const FormMenu& menu)
     {
-        if (!menu.items.empty())
-            menu.items[*rc::gen::inRange<std::size_t>(0, menu.items.size())].perform();
+        const auto items = menu.items();
+        if (!items.empty())
+            items[*rc::gen::inRange<std::size_t>(0, items.size())].perform();
         return true;
     }
 

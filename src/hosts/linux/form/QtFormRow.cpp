@@ -233,20 +233,15 @@ private:
     FormListRow m_model;
 };
 
-bool haveSameTitles(const FormMenu& a, const FormMenu& b)
-{
-    return std::ranges::equal(a.items, b.items, {}, &FormMenuItem::title, &FormMenuItem::title);
-}
-
-// A button that opens a menu, disabled while the menu has no items.
+// A button that opens a menu, which is filled when it opens. Without items it shows one empty line.
 class MenuRow final : public QtFormRow {
 public:
     explicit MenuRow(const FormRow& row) : QtFormRow(row), m_button(new QPushButton(this)), m_menu(new QMenu(m_button))
     {
         m_button->setAutoDefault(false);
         m_button->setMenu(m_menu);
-        m_button->setEnabled(false);
         addOnlyControl(*m_button, row);
+        connect(m_menu, &QMenu::aboutToShow, this, [this] { fill(); });
     }
 
     void show(const FormRow& row) override
@@ -254,27 +249,25 @@ public:
         const auto& menu = std::get<FormMenu>(row.control);
         m_button->setText(qtLabel(menu.label));
         m_button->setAccessibleName(qtText(menu.label));
-        const bool isSame = haveSameTitles(m_model, menu);
-        m_model = menu;
-        if (isSame)
-            return;
-        for (QAction* action : m_menu->actions()) {
-            m_menu->removeAction(action);
-            action->deleteLater(); // this may run inside its own handler
-        }
-        for (std::size_t index = 0; index < m_model.items.size(); ++index) {
-            m_menu->addAction(qtLabel(m_model.items[index].title), this, [this, index] {
-                if (const Task perform = m_model.items.at(index).perform)
-                    perform();
-            });
-        }
-        m_button->setEnabled(!m_model.items.empty());
+        m_items = menu.items;
     }
 
 private:
+    void fill()
+    {
+        m_menu->clear();
+        for (const FormMenuItem& item : m_items ? m_items() : std::vector<FormMenuItem>())
+            m_menu->addAction(qtLabel(item.title), this, [perform = item.perform] {
+                if (const Task running = perform) // the form may be replaced while it runs
+                    running();
+            });
+        if (m_menu->isEmpty())
+            m_menu->addAction(QString())->setEnabled(false);
+    }
+
     QPushButton* m_button;
     QMenu* m_menu;
-    FormMenu m_model;
+    std::function<std::vector<FormMenuItem>()> m_items;
 };
 
 class ButtonRow final : public QtFormRow {

@@ -44,6 +44,8 @@ NSArray<NSArray<NSView*>*>* linesOf(NSArray<NSView*>* buttons, CGFloat width)
     for (NSUInteger index = 0; index < wanted.count; ++index) {
         NSStackView* line = index < _lines.count ? _lines[index] : [[NSStackView alloc] initWithFrame:NSZeroRect];
         line.spacing = 0;
+        // The line is as wide as the form; what the buttons leave stays free at its end.
+        [line setHuggingPriority:1 forOrientation:NSLayoutConstraintOrientationHorizontal];
         haloric::arrange(line, wanted[index]);
         [lines addObject:line];
     }

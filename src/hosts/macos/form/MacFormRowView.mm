@@ -18,14 +18,22 @@ Class classFor(const haloric::FormButton&) { return MacButtonRow.class; }
 
 } // namespace
 
-@implementation MacFormRowView
+@implementation MacFormRowView {
+    NSString* _group;
+}
 
-+ (MacFormRowView*)rowForControl:(const haloric::FormControl&)control
++ (MacFormRowView*)rowForControl:(const haloric::FormControl&)control inGroup:(NSString*)group
 {
     const Class rowClass = std::visit([](const auto& kind) { return classFor(kind); }, control);
     MacFormRowView* row = [[rowClass alloc] initWithFrame:NSZeroRect];
+    row->_group = [group copy];
     [row showControl:control];
     return row;
+}
+
+- (NSString*)spokenLabel:(NSString*)label
+{
+    return _group.length > 0 ? [NSString stringWithFormat:@"%@: %@", _group, label] : label;
 }
 
 + (NSTextField*)label
@@ -58,6 +66,12 @@ Class classFor(const haloric::FormButton&) { return MacButtonRow.class; }
     if (trailing)
         [stack addView:trailing inGravity:NSStackViewGravityTrailing];
     [self addSubview:stack];
+    // The row is as high as its highest part and these margins, not less and not more.
+    [stack setHuggingPriority:NSLayoutPriorityDefaultHigh forOrientation:NSLayoutConstraintOrientationVertical];
+    for (NSView* view in stack.views) {
+        [view.topAnchor constraintGreaterThanOrEqualToAnchor:stack.topAnchor constant:kEndMargin].active = YES;
+        [view.bottomAnchor constraintLessThanOrEqualToAnchor:stack.bottomAnchor constant:-kEndMargin].active = YES;
+    }
     [NSLayoutConstraint activateConstraints:@[
         [stack.leadingAnchor constraintEqualToAnchor:self.leadingAnchor],
         [stack.trailingAnchor constraintEqualToAnchor:self.trailingAnchor],

@@ -15,6 +15,13 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
         task();
 }
 
+bool isSameFile(const haloric::Image& a, const haloric::Image& b)
+{
+    const auto* file = std::get_if<haloric::FileIcon>(&a);
+    const auto* other = std::get_if<haloric::FileIcon>(&b);
+    return file && other && *file == *other;
+}
+
 } // namespace
 
 @implementation MacToggleRow {
@@ -43,7 +50,7 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
     _set = toggle->set;
     _label.stringValue = haloric::nsStringFrom(toggle->label);
     _label.textColor = toggle->isEnabled ? NSColor.labelColor : NSColor.disabledControlTextColor;
-    _switch.accessibilityLabel = _label.stringValue;
+    _switch.accessibilityLabel = [self spokenLabel:_label.stringValue];
     _switch.state = toggle->isOn ? NSControlStateValueOn : NSControlStateValueOff;
     _switch.enabled = toggle->isEnabled;
     return YES;
@@ -89,7 +96,7 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
         return NO;
     _set = slider->set;
     _label.stringValue = haloric::nsStringFrom(slider->label);
-    _slider.accessibilityLabel = _label.stringValue;
+    _slider.accessibilityLabel = [self spokenLabel:_label.stringValue];
     _slider.minValue = slider->minimum;
     _slider.maxValue = slider->maximum;
     _slider.step = slider->step;
@@ -114,6 +121,8 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
     NSTextField* _label;
     NSColorWell* _well;
     std::function<void(const haloric::Color&)> _set;
+    haloric::Color _shown;
+    BOOL _isShowing;
 }
 
 - (instancetype)initWithFrame:(NSRect)frame
@@ -142,12 +151,15 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
     _set = well->set;
     _label.stringValue = haloric::nsStringFrom(well->label);
     _label.textColor = well->isEnabled ? NSColor.labelColor : NSColor.disabledControlTextColor;
-    _well.accessibilityLabel = _label.stringValue;
+    _well.accessibilityLabel = [self spokenLabel:_label.stringValue];
+    _shown = well->color;
+    _isShowing = YES; // an active well passes its colour to the panel, which may send the action back
     // What is the same stays as it was picked: another colour space would throw the panel about during a drag.
     if (haloric::colorFrom(_well.color) != well->color)
         _well.color = haloric::nsColorFrom(well->color);
     if (!well->isEnabled)
         [_well deactivate];
+    _isShowing = NO;
     _well.enabled = well->isEnabled;
     return YES;
 }
@@ -159,8 +171,11 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
 
 - (void)changed:(NSColorWell*)sender
 {
+    const haloric::Color picked = haloric::colorFrom(sender.color);
+    if (_isShowing || picked == _shown)
+        return;
     const auto set = _set;
-    set(haloric::colorFrom(sender.color));
+    set(picked);
 }
 
 @end
@@ -190,7 +205,7 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
         return NO;
     _choose = picker->choose;
     _label.stringValue = haloric::nsStringFrom(picker->label);
-    _button.accessibilityLabel = _label.stringValue;
+    _button.accessibilityLabel = [self spokenLabel:_label.stringValue];
     NSMutableArray<NSString*>* titles = [NSMutableArray array];
     for (const std::string& option : picker->options)
         [titles addObject:haloric::nsStringFrom(option)];
@@ -219,6 +234,7 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
 
 @implementation MacListRow {
     NSImageView* _icon;
+    haloric::Image _shownIcon;
     NSTextField* _title;
     NSButton* _removeButton;
     haloric::Task _remove;
@@ -244,9 +260,12 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
     if (!row)
         return NO;
     _remove = row->remove;
-    NSImage* icon = [haloric::nsImageFrom(row->icon) copy]; // the workspace's own keeps its size
-    icon.size = NSMakeSize(row->iconSize.width, row->iconSize.height);
-    _icon.image = icon;
+    if (!isSameFile(_shownIcon, row->icon)) { // a form is shown at the rate of a drag, and each icon is read from disk
+        _shownIcon = row->icon;
+        NSImage* icon = [haloric::nsImageFrom(row->icon) copy]; // the workspace's own keeps its size
+        icon.size = NSMakeSize(row->iconSize.width, row->iconSize.height);
+        _icon.image = icon;
+    }
     _title.stringValue = haloric::nsStringFrom(row->title);
     _removeButton.image = haloric::nsImageFrom(row->removeImage);
     _removeButton.accessibilityLabel = haloric::nsStringFrom(row->removeLabel);
@@ -266,9 +285,14 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
 
 @end
 
+@interface MacMenuRow () <NSMenuDelegate>
+@end
+
 @implementation MacMenuRow {
     NSPopUpButton* _button;
-    std::vector<haloric::FormMenuItem> _items;
+    NSString* _title;
+    std::function<std::vector<haloric::FormMenuItem>()> _makeItems;
+    std::vector<haloric::FormMenuItem> _items; // of the menu that was opened last
 }
 
 - (instancetype)initWithFrame:(NSRect)frame
@@ -278,6 +302,7 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
     _button = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:YES];
     _button.target = self;
     _button.action = @selector(chosen:);
+    _button.menu.delegate = self;
     [self layOut:@[ _button ] trailing:nil];
     return self;
 }
@@ -287,14 +312,23 @@ void perform(haloric::Task task) // by value: it may replace the form, and the r
     const auto* menu = std::get_if<haloric::FormMenu>(&control);
     if (!menu)
         return NO;
-    _items = menu->items;
-    // Items of the menu itself, because the button's own methods would join those of the same title.
-    [_button.menu removeAllItems];
-    [_button.menu addItemWithTitle:haloric::nsStringFrom(menu->label) action:nil keyEquivalent:@""]; // what it shows
-    for (const haloric::FormMenuItem& item : _items)
-        [_button.menu addItemWithTitle:haloric::nsStringFrom(item.title) action:nil keyEquivalent:@""];
+    _makeItems = menu->items;
+    _title = haloric::nsStringFrom(menu->label);
+    if (_button.menu.numberOfItems == 0)
+        [_button.menu addItemWithTitle:_title action:nil keyEquivalent:@""]; // what the button shows
+    [_button.menu itemAtIndex:0].title = _title;
     [_button synchronizeTitleAndSelectedItem];
     return YES;
+}
+
+- (void)menuNeedsUpdate:(NSMenu*)menu
+{
+    _items = _makeItems ? _makeItems() : std::vector<haloric::FormMenuItem>();
+    // Items of the menu itself, because the button's own methods would join those of the same title.
+    while (menu.numberOfItems > 1)
+        [menu removeItemAtIndex:1];
+    for (const haloric::FormMenuItem& item : _items)
+        [menu addItemWithTitle:haloric::nsStringFrom(item.title) action:nil keyEquivalent:@""];
 }
 
 - (NSView*)control

@@ -65,17 +65,22 @@ constexpr double kSpacing = 6;
     _footer.font = [NSFont systemFontOfSize:NSFont.smallSystemFontSize];
     _footer.textColor = NSColor.secondaryLabelColor;
     _footer.selectable = NO;
-    haloric::arrange(self, @[ _title, _group, _footer ]);
     return self;
 }
 
 - (void)showTitle:(NSString*)title rows:(NSArray<NSView*>*)rows footer:(NSString*)footer
 {
     _title.stringValue = title;
-    _title.hidden = title.length == 0;
     haloric::arrange(_group, rows);
     _footer.stringValue = footer;
-    _footer.hidden = footer.length == 0;
+    // An empty text is not arranged at all: a stack drops the width of a view that is hidden.
+    NSMutableArray<NSView*>* parts = [NSMutableArray array];
+    if (title.length > 0)
+        [parts addObject:_title];
+    [parts addObject:_group];
+    if (footer.length > 0)
+        [parts addObject:_footer];
+    haloric::arrange(self, parts);
 }
 
 @end

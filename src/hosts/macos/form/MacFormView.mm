@@ -70,12 +70,12 @@ constexpr double kSpacing = 18;
         if (!view)
             view = [[MacFormSectionView alloc] initWithFrame:NSZeroRect];
         [view showTitle:haloric::nsStringFrom(section.title)
-                   rows:[self viewsFor:section.rows keeping:rows]
+                   rows:[self viewsFor:section.rows inGroup:haloric::nsStringFrom(section.title) keeping:rows]
                  footer:haloric::nsStringFrom(section.footer)];
         sections[identity] = view;
         [parts addObject:view];
     }
-    [_buttons showButtons:[self viewsFor:form.buttons keeping:rows] within:[self widthOfContent]];
+    [_buttons showButtons:[self viewsFor:form.buttons inGroup:@"" keeping:rows] within:[self widthOfContent]];
     [parts addObject:_buttons];
     haloric::arrange(_document, parts);
 
@@ -97,6 +97,7 @@ constexpr double kSpacing = 18;
 }
 
 - (NSArray<NSView*>*)viewsFor:(const std::vector<haloric::FormRow>&)rows
+                      inGroup:(NSString*)group
                       keeping:(NSMutableDictionary<NSString*, MacFormRowView*>*)kept
 {
     NSMutableArray<NSView*>* views = [NSMutableArray array];
@@ -104,7 +105,7 @@ constexpr double kSpacing = 18;
         NSString* identity = haloric::nsStringFrom(row.id);
         MacFormRowView* view = _rows[identity];
         if (![view showControl:row.control])
-            view = [MacFormRowView rowForControl:row.control];
+            view = [MacFormRowView rowForControl:row.control inGroup:group];
         kept[identity] = view;
         [views addObject:view];
     }

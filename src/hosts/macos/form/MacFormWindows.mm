@@ -11,27 +11,25 @@ static_assert(NSWindowStyleMaskClosable == haloric::WindowStyle::kClosable);
 static_assert(NSWindowStyleMaskMiniaturizable == haloric::WindowStyle::kMiniaturizable);
 static_assert(NSWindowStyleMaskResizable == haloric::WindowStyle::kResizable);
 
-// An accessory application has no menu bar, and so no command that closes a window.
 @interface MacClosableWindow : NSWindow
+
+// From makeKeyAndOrderFront: to close, also while it is minimised or hidden with the application.
+@property(nonatomic, readonly, getter=isOpen) BOOL open;
+
 @end
 
 @implementation MacClosableWindow
 
-- (BOOL)performKeyEquivalent:(NSEvent*)event
+- (void)makeKeyAndOrderFront:(id)sender
 {
-    constexpr NSEventModifierFlags kHeld = NSEventModifierFlagCommand | NSEventModifierFlagShift |
-                                           NSEventModifierFlagOption | NSEventModifierFlagControl; // Caps Lock is not
-    const BOOL isCommandAlone = (event.modifierFlags & kHeld) == NSEventModifierFlagCommand;
-    if (isCommandAlone && [event.charactersIgnoringModifiers.lowercaseString isEqualToString:@"w"]) {
-        [self performClose:nil];
-        return YES;
-    }
-    return [super performKeyEquivalent:event];
+    _open = YES;
+    [super makeKeyAndOrderFront:sender];
 }
 
 // Left open without its form, the colour panel would change colours that are not shown.
 - (void)close
 {
+    _open = NO;
     [super close];
     if (NSColorPanel.sharedColorPanelExists)
         [NSColorPanel.sharedColorPanel close];
@@ -81,15 +79,18 @@ public:
 
     void makeKeyAndOrderFront() override
     {
-        const bool appears = !isVisible();
+        const bool appears = !m_window.visible;
+        if (m_window.miniaturized)
+            [m_window deminiaturize:nil];
         [m_window makeKeyAndOrderFront:nil];
+        [m_window orderFrontRegardless]; // while the application is inactive, the other only orders within it
         if (!appears)
             return;
         for (const Task& appear : std::vector<Task>(m_appearances)) // a copy: each may replace the form
             appear();
     }
 
-    bool isVisible() const override { return m_window.visible; }
+    bool isVisible() const override { return m_window.open; }
 
 private:
     MacClosableWindow* const m_window;

@@ -47,8 +47,9 @@ struct Change {
     Task operator()(const FormMenu& menu) const
     {
         const auto* title = std::get_if<std::string>(&value);
-        const auto found = title ? std::ranges::find(menu.items, *title, &FormMenuItem::title) : menu.items.end();
-        return found == menu.items.end() ? nullptr : found->perform;
+        const auto items = title ? menu.items() : std::vector<FormMenuItem>();
+        const auto found = std::ranges::find(items, title ? *title : std::string(), &FormMenuItem::title);
+        return found == items.end() ? nullptr : found->perform;
     }
 
     Task operator()(const FormListRow& row) const { return isNothing() ? row.remove : nullptr; }

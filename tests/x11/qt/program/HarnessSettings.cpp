@@ -86,14 +86,16 @@ FormSection HarnessSettings::applicationList()
                                             note("removed " + name);
                                         }}});
     }
-    FormMenu running{"Add Running App", {}};
-    for (const std::string name : {"Editor", "Terminal & Co"}) {
-        running.items.push_back({name, [this, name] {
-                                     applications.push_back(name);
-                                     note("added " + name);
-                                 }});
-    }
-    section.rows.push_back({"running", running});
+    const auto running = [this] {
+        std::vector<FormMenuItem> items;
+        for (const std::string name : {"Editor", "Terminal & Co"})
+            items.push_back({name, [this, name] {
+                                 applications.push_back(name);
+                                 note("added " + name);
+                             }});
+        return items;
+    };
+    section.rows.push_back({"running", FormMenu{"Add Running App", running}});
     section.rows.push_back({"choose", FormButton{"Choose Application…", [this] { report("choose"); }}});
     section.footer = "Only windows of the selected apps are dimmed while they're not in focus.";
     return section;

@@ -15,11 +15,16 @@ protected:
         section.rows.push_back({"slider", FormSlider{"S", 1, 0, 10, 1, [this](double value) { slider = value; }}});
         section.rows.push_back(
             {"picker", FormPicker{"P", {"a", "b"}, 0, [this](std::size_t option) { picked = option; }}});
-        section.rows.push_back({"menu", FormMenu{"M", {{"one", [this] { ++performed; }}}}});
+        section.rows.push_back({"menu", FormMenu{"M", [this] { return menuItems(); }}});
         FormModel model;
         model.sections.push_back(section);
         model.buttons.push_back({"button", FormButton{"B", [this] { ++performed; }}});
         return model;
+    }
+
+    std::vector<FormMenuItem> menuItems()
+    {
+        return {{"one", [this] { ++performed; }}};
     }
 
     std::unique_ptr<FormWindow> make() { return windows.make({"Settings", 7, false, {440, 560}}, form()); }

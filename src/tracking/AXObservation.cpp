@@ -13,8 +13,18 @@ std::unique_ptr<AXObservation> AXObservation::make(Accessibility& accessibility,
     if (!observation->m_observer)
         return nullptr;
     for (const std::string_view name : AXNotifications::kObserved)
-        observation->m_observer->addNotification(app, name);
+        if (observation->m_observer->addNotification(app, name) == AXError::cannotComplete)
+            observation->m_missing.push_back(name);
     return observation;
+}
+
+void AXObservation::addMissing(const AXElement& app)
+{
+    while (!m_missing.empty()) {
+        if (m_observer->addNotification(app, m_missing.front()) == AXError::cannotComplete)
+            return; // each further one might wait for the whole timeout
+        m_missing.erase(m_missing.begin());
+    }
 }
 
 void AXObservation::deliver(std::string_view notification) const

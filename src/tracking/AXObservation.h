@@ -8,13 +8,20 @@
 #include <functional>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 namespace haloric {
 
 class AXObservation {
 public:
-    // Null when no observer can be made. An application that refuses a notification still delivers the others.
+    // Null when no observer can be made. An application that refuses a notification still delivers the others. The
+    // names that it was not ready to add ("cannot complete") are kept for `addMissing`.
     static std::unique_ptr<AXObservation> make(Accessibility& accessibility, ProcessID pid, const AXElement& app);
+
+    // Accessibility queue, also while the observation is on the run loop, and not after its release was submitted
+    // there. Adds the kept names again, in their order, until one cannot be completed. Without kept names it calls
+    // nothing.
+    void addMissing(const AXElement& app);
 
     AXObservation(const AXObservation&) = delete;
     AXObservation& operator=(const AXObservation&) = delete;
@@ -30,6 +37,7 @@ private:
     void deliver(std::string_view notification) const;
 
     std::unique_ptr<AXObserver> m_observer;
+    std::vector<std::string_view> m_missing; // used only on the queue; the names are constants
 };
 
 } // namespace haloric

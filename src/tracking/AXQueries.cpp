@@ -4,6 +4,7 @@
 
 #include <string>
 #include <utility>
+#include <variant>
 
 namespace haloric {
 
@@ -28,11 +29,15 @@ void AXQueries::submit(const Request& request, ResultHandler onResult, FinishHan
         m_anchor.bind([onFinish = std::move(onFinish)](AXQueries& self) { onFinish(std::move(*self.m_made)); });
     m_axQueue->async([request, worker = m_axWorker, made = m_made, &runLoop = m_runLoop,
                       &accessibility = m_accessibility, onResult = std::move(onResult), finish = std::move(finish)] {
-        runLoop.post([onResult, result = worker->query(request.pid, request.titleBarRevision)] { onResult(result); });
+        const auto result = worker->query(request.pid, request.titleBarRevision);
+        runLoop.post([onResult, result] { onResult(result); });
 
+        const bool hasAnswered = !std::holds_alternative<AXFocusWorker::Unavailable>(result);
         const AXElement app = worker->applicationElement(request.pid);
-        if (request.observe == Observe::yes && app)
+        if (app && !request.observation)
             *made = AXObservation::make(accessibility, request.pid, app);
+        else if (app && hasAnswered)
+            request.observation->addMissing(app);
         runLoop.post(finish);
     });
 }

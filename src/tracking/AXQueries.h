@@ -19,12 +19,13 @@ namespace haloric {
 
 class AXQueries {
 public:
-    enum class Observe { no, yes };
-
     struct Request {
         ProcessID pid = ProcessID::none;
         std::uint64_t titleBarRevision = 0;
-        Observe observe = Observe::no; // yes: also make an observation of the process
+
+        // The observation of the process, which gets the notifications that it lacks when the process answers; null:
+        // one is made. It is alive until `release` submits its end to the queue.
+        AXObservation* observation = nullptr;
     };
     using ResultHandler = std::function<void(const AXFocusWorker::QueryResult&)>;
     using FinishHandler = std::function<void(std::unique_ptr<AXObservation>)>; // null: not requested or not made

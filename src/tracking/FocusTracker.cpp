@@ -123,8 +123,8 @@ void FocusTracker::submitQuery(ProcessID pid)
 {
     m_queryInFlight = true;
     m_refreshPending = false;
-    const auto observe = m_observation ? AXQueries::Observe::no : AXQueries::Observe::yes;
-    m_queries.submit({pid, m_titleBarRevision, observe}, m_anchor.bind(&FocusTracker::apply, m_generation, pid),
+    m_queries.submit({pid, m_titleBarRevision, m_observation.get()},
+                     m_anchor.bind(&FocusTracker::apply, m_generation, pid),
                      m_anchor.bind(&FocusTracker::finishQuery, m_generation, pid));
 }
 

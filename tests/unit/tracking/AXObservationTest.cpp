@@ -46,6 +46,39 @@ TEST_F(AXObservationTest, a_refused_notification_leaves_the_others)
     EXPECT_EQ(accessibility.observers.at(0)->notifications.back(), "AXFocusedUIElementChanged");
 }
 
+TEST_F(AXObservationTest, names_that_cannot_be_completed_are_added_again_in_order_until_they_are_in)
+{
+    const auto& refused = accessibility.refusedNotifications;
+    for (const char* name : {"AXWindowMoved", "AXWindowResized", "AXWindowCreated"})
+        accessibility.refusedNotifications[name] = AXError::cannotComplete;
+    const auto observation = make();
+    const auto& added = accessibility.observers.at(0)->notifications;
+    ASSERT_EQ(added.size(), 8U);
+
+    observation->addMissing(app);
+    EXPECT_EQ(added.size(), 8U) << "it is not ready yet";
+    accessibility.refusedNotifications.erase(refused.find("AXWindowMoved"));
+    observation->addMissing(app);
+    EXPECT_EQ(added.size(), 9U) << "the second of the three cannot be completed";
+    accessibility.refusedNotifications.clear();
+    observation->addMissing(app);
+    observation->addMissing(app);
+    EXPECT_THAT(std::vector(added.begin() + 8, added.end()),
+                ElementsAre("AXWindowMoved", "AXWindowResized", "AXWindowCreated"));
+    EXPECT_THAT(accessibility.observers.at(0)->elements, Each(app));
+}
+
+TEST_F(AXObservationTest, a_name_that_was_refused_is_not_added_again)
+{
+    for (const AXError error : {AXError::notificationUnsupported, AXError::failure, AXError::invalidElement}) {
+        accessibility.refusedNotifications["AXWindowMoved"] = error;
+        const auto observation = make();
+        accessibility.refusedNotifications.clear();
+        observation->addMissing(app);
+        EXPECT_EQ(accessibility.observers.back()->notifications.size(), 10U);
+    }
+}
+
 TEST_F(AXObservationTest, a_notification_reaches_the_handler_by_name)
 {
     const auto observation = make();

@@ -59,6 +59,38 @@ TEST_F(FocusTrackerObservationTest, a_failed_one_is_tried_again_by_the_next_quer
     EXPECT_TRUE(observer(0).onRunLoop);
 }
 
+TEST_F(FocusTrackerObservationTest, notifications_that_it_lacks_are_added_by_the_next_answered_query)
+{
+    accessibility.refusedNotifications["AXWindowMoved"] = AXError::cannotComplete;
+    start();
+    ASSERT_EQ(observer(0).notifications.size(), 10U);
+    accessibility.refusedNotifications.clear();
+
+    stopAnswering(kEditor);
+    poll();
+    EXPECT_EQ(observer(0).notifications.size(), 10U) << "the application does not answer";
+    focus(kEditor, editorWindow);
+    poll();
+    ASSERT_EQ(observer(0).notifications.size(), 11U);
+    EXPECT_EQ(observer(0).notifications.back(), "AXWindowMoved");
+    EXPECT_EQ(observer(0).elements.back(), AXElement(axApplication(kEditor)));
+    poll();
+    EXPECT_EQ(observer(0).notifications.size(), 11U);
+    EXPECT_EQ(accessibility.observers.size(), 1U);
+}
+
+TEST_F(FocusTrackerObservationTest, one_that_lacks_notifications_may_be_released_before_the_next_query)
+{
+    accessibility.refusedNotifications["AXWindowMoved"] = AXError::cannotComplete;
+    start();
+    poll();
+    askForRefresh();
+    activate(kMail); // while the query of the editor waits in the queue
+    run();
+    EXPECT_TRUE(observer(0).releasedInsideQueue);
+    EXPECT_EQ(observer(1).pid, kMail);
+}
+
 TEST_F(FocusTrackerObservationTest, one_made_under_an_older_generation_is_released_without_being_installed)
 {
     startUntilResultIsUnderWay();

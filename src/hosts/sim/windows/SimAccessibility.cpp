@@ -159,9 +159,12 @@ public:
             return AXError::notificationUnsupported;
         }
         const AXError error = m_owner.talkTo(static_cast<const Element&>(*element));
-        if (error == AXError::success)
-            m_names.insert(std::string(name));
-        return error;
+        if (error != AXError::success)
+            return error;
+        if (!m_owner.m_desktop.model.app(m_pid)->ready)
+            return AXError::cannotComplete;
+        m_names.insert(std::string(name));
+        return AXError::success;
     }
 
     void addToMainRunLoop() override

@@ -82,6 +82,8 @@ auto SimRandomArguments::launch() -> Arguments
     SimJson arguments{{"app", "App" + std::to_string(++m_apps)}};
     if (m_dice.chance(0.15))
         arguments["bundleID"] = "";
+    if (m_dice.chance(0.15))
+        arguments["ready"] = false;
     return arguments;
 }
 

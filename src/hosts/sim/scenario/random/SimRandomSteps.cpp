@@ -56,6 +56,7 @@ constexpr Choice kChoices[] = {
     // Faults.
     {1, "responsive", &Random::hang},
     {1, "observable", &Random::observable},
+    {1, "ready", &Random::observable},
     {1, "disableTap", &Random::disableTap},
     {1, "failCall", &Random::failCall},
     {1, "timeOutCall", &Random::timeOutCall},

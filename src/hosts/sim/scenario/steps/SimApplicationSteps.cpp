@@ -18,7 +18,7 @@ void launch(SimPlayer& player, const SimJson& arguments)
         bundleID = arguments["bundleID"].get<std::string>();
     if (bundleID->empty())
         bundleID.reset();
-    player.desktop().applications.launch(name, bundleID);
+    player.desktop().applications.launch(name, bundleID).ready = arguments.value("ready", true);
 }
 
 void open(SimPlayer& player, const SimJson& arguments)
@@ -45,7 +45,9 @@ const std::vector<SimStepKind>& simApplicationSteps()
     static const std::vector<SimStepKind> kinds{
         {"launch",
          "start an application without windows; it comes to the front",
-         {kApp, {"bundleID", SimType::text, kOptional, "its bundle identifier; org.example.<name>; empty: none"}},
+         {kApp,
+          {"bundleID", SimType::text, kOptional, "its bundle identifier; org.example.<name>; empty: none"},
+          {"ready", SimType::flag, kOptional, "whether notifications can be added to its observers; true"}},
          launch},
         {"open",
          "open a window, which its application focuses; the application \"Haloric\" is the program itself",
@@ -94,6 +96,12 @@ const std::vector<SimStepKind>& simApplicationSteps()
          {kApp, {"value", SimType::flag, SimPresence::required, "whether they can be made"}},
          [](SimPlayer& player, const SimJson& arguments) {
              player.app(arguments).observable = arguments["value"].get<bool>();
+         }},
+        {"ready",
+         "let observers of an application get notifications, or not yet, as while it starts",
+         {kApp, {"value", SimType::flag, SimPresence::required, "whether notifications can be added"}},
+         [](SimPlayer& player, const SimJson& arguments) {
+             player.app(arguments).ready = arguments["value"].get<bool>();
          }},
     };
     return kinds;

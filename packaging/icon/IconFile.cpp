@@ -35,10 +35,12 @@ std::size_t lengthAt(std::string_view file, std::size_t offset)
 
 const std::vector<IconFile::Member>& IconFile::members()
 {
+    // Without 16 and 32 points at one pixel a point: macOS shows a PNG of the types icp4 and icp5 as noise in bundles.
+    // It scales those with two pixels a point down instead.
     static const std::vector<Member> members = {
-        {"icp4", 16},  {"ic11", 32},  // 16 points, at 1 and 2 pixels a point
-        {"icp5", 32},  {"ic12", 64},  // 32 points
-        {"ic07", 128}, {"ic13", 256}, // 128 points
+        {"ic11", 32},                 // 16 points, at 2 pixels a point
+        {"ic12", 64},                 // 32 points
+        {"ic07", 128}, {"ic13", 256}, // 128 points, at 1 and 2 pixels a point
         {"ic08", 256}, {"ic14", 512}, // 256 points
         {"ic09", 512}, {"ic10", 1024} // 512 points
     };

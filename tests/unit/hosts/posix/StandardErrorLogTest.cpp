@@ -15,7 +15,7 @@ namespace {
 // A stream that keeps each write as one message.
 class StandardErrorLogTest : public testing::Test {
 protected:
-    StandardErrorLogTest() { socketpair(AF_UNIX, SOCK_SEQPACKET, 0, m_ends); }
+    StandardErrorLogTest() { socketpair(AF_UNIX, SOCK_DGRAM, 0, m_ends); }
     ~StandardErrorLogTest() override
     {
         close(m_ends[0]);

@@ -4,6 +4,7 @@
 #include "platform/Image.h"
 
 #include <any>
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -48,5 +49,28 @@ struct MenuItem {
 struct MenuModel {
     std::vector<MenuItem> items;
 };
+
+// The item at a position: its index at each level, the menu's own level first. Null for a position without an item.
+inline const MenuItem* itemAt(const MenuModel& menu, const std::vector<std::size_t>& position)
+{
+    const std::vector<MenuItem>* items = &menu.items;
+    const MenuItem* found = nullptr;
+    for (const std::size_t index : position) {
+        if (index >= items->size())
+            return nullptr;
+        found = &(*items)[index];
+        items = &found->submenu;
+    }
+    return found;
+}
+
+// What choosing the item does; a disabled item and one without an action do nothing. The action may destroy the menu.
+inline void performAction(const MenuItem& item)
+{
+    if (!item.isEnabled || !item.action || !item.action->perform)
+        return;
+    const auto perform = item.action->perform;
+    perform(item);
+}
 
 } // namespace haloric

@@ -24,7 +24,7 @@ bool TrayPanel::restart()
 {
     m_process.reset();
     DesktopObserver& observer = m_session.observer();
-    if (!observer.waitUntil([&] { return iconBelow(observer.root()) == XCB_WINDOW_NONE; }))
+    if (!observer.waitUntil([&] { return !hasIcon(); }))
         return false;
     start();
     return true;
@@ -48,6 +48,8 @@ ScreenRect TrayPanel::findIcon()
     }
     return icon;
 }
+
+bool TrayPanel::hasIcon() { return iconBelow(m_session.observer().root()) != XCB_WINDOW_NONE; }
 
 bool TrayPanel::clickIcon(std::uint8_t button)
 {

@@ -22,6 +22,9 @@ public:
     // Waits until a click at the icon's centre reaches it. Returns its rectangle on the root; empty after a timeout.
     ScreenRect findIcon();
 
+    // Whether there is an icon now.
+    bool hasIcon();
+
     // Finds the icon and clicks it.
     [[nodiscard]] bool clickIcon(std::uint8_t button = XCB_BUTTON_INDEX_1);
 

@@ -15,16 +15,17 @@
 #include "hosts/linux/qt/QtApplication.h"
 #include "hosts/linux/shell/QtAlerts.h"
 #include "hosts/linux/shell/QtPanels.h"
-#include "hosts/linux/shell/QtStatusItems.h"
+#include "hosts/linux/shell/QtTrayMenus.h"
 #include "hosts/linux/shell/QtUpdateProgress.h"
+#include "hosts/linux/tray/TrayStatusItems.h"
 #include "hosts/linux/update/AppcastFetcher.h"
 #include "hosts/linux/update/LinuxUpdaterFramework.h"
 #include "hosts/x11/X11Application.h"
 #include "hosts/x11/X11Desktop.h"
 #include "hosts/x11/input/X11Hotkeys.h"
-#include "hosts/x11/shell/X11EmbeddingTray.h"
 #include "hosts/x11/shell/X11FocusRequest.h"
 #include "hosts/x11/shell/X11QtWindowWatcher.h"
+#include "hosts/x11/tray/X11TrayIcon.h"
 
 #include <optional>
 #include <string_view>
@@ -58,8 +59,8 @@ AlertModel onboardingAlert()
 struct Shell {
     Shell(const InstanceStart& start, X11Desktop& desktop, UserDefaults& userDefaults)
         : qtWindows(desktop.ownWindows),
-          tray(start.connection),
-          statusItems(tray),
+          trayIcons(start.connection, start.runLoop, desktop.ownWindows),
+          statusItems(start.runLoop, trayIcons, trayMenus, start.processes),
           formWindows(x11FocusRequest(start.connection)),
           hotkeys(start.connection, desktop.keyboard, start.runLoop),
           loginItems(LinuxLoginItemService::standardFolder(start.processes), bundle.executable()),
@@ -77,8 +78,9 @@ struct Shell {
     X11QtWindowWatcher qtWindows;
     QtAlerts alerts;
     QtPanels panels;
-    X11EmbeddingTray tray;
-    QtStatusItems statusItems;
+    X11TrayIcons trayIcons;
+    QtTrayMenus trayMenus;
+    TrayStatusItems statusItems;
     QtFormWindows formWindows;
     X11Hotkeys hotkeys;
     LinuxLoginItemService loginItems;

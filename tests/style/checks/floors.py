@@ -14,8 +14,8 @@ HOSTS_BESIDE = {"linux": {"posix"}, "x11": {"linux", "posix"}, "macos": {"posix"
 # folder.
 TOP = ""
 FLOORS_OF_HOSTS = {
-    "linux": [{"loop"}, {"files"}, {"instance"}, {"update"}, {"qt"}, {"form"}, {"shell"}, {TOP}],
-    "x11": [{"server"}, {"windows", "refresh", "input"}, {"overlay"}, {"shell"}, {TOP}],
+    "linux": [{"loop"}, {"files"}, {"instance"}, {"tray"}, {"update"}, {"qt"}, {"form"}, {"shell"}, {TOP}],
+    "x11": [{"server"}, {"windows", "refresh", "input"}, {"overlay"}, {"tray"}, {"shell"}, {TOP}],
     "sim": [{"loop"}, {"desktop"}, {"windows", "refresh", "overlay", "input", "form", "shell"}, {"scenario/session"},
             {"scenario/checks"}, {"scenario/steps"}, {"scenario"}, {"scenario/random"}, {"program"}, {TOP}],
     "macos": [{"base"}, {"loop"}, {"windows", "refresh", "input", "overlay"}, {"shell"}, {"form"}, {TOP}],

@@ -200,6 +200,8 @@ void NotifierHost::disappear()
         g_variant_new("(s)", kWatcher), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
 }
 
+bool NotifierHost::waitUntil(const std::function<bool()>& predicate) { return m_bus->waitUntil(predicate); }
+
 bool NotifierHost::waitForItem()
 {
     return m_bus->waitUntil([this] { return !m_bus->itemOwner.empty(); });

@@ -38,6 +38,9 @@ public:
     void appear(); // the host
     void disappear();
 
+    // Waits until the predicate holds, and replies to calls meanwhile. False after a timeout.
+    [[nodiscard]] bool waitUntil(const std::function<bool()>& predicate);
+
     // Waits until a program has registered an item.
     [[nodiscard]] bool waitForItem();
 

@@ -113,16 +113,8 @@ void QtMenu::aboutToShow()
 
 void QtMenu::perform(const Position& position)
 {
-    const std::vector<MenuItem>* items = &m_model.items;
-    const MenuItem* item = nullptr;
-    for (const std::size_t index : position) {
-        item = &items->at(index);
-        items = &item->submenu;
-    }
-    if (item && item->isEnabled && item->action && item->action->perform) {
-        const auto action = item->action->perform; // a copy, because the action may destroy this menu
-        action(*item);
-    }
+    if (const MenuItem* item = itemAt(m_model, position))
+        performAction(*item);
     update(); // Qt has toggled the check mark
 }
 

@@ -53,6 +53,10 @@ constexpr auto kTable = std::to_array<Entry>({
     {&X11Atoms::compositor, "_NET_WM_CM_S", true},
     {&X11Atoms::tray, "_NET_SYSTEM_TRAY_S", true},
     {&X11Atoms::manager, "MANAGER"},
+    {&X11Atoms::trayOpcode, "_NET_SYSTEM_TRAY_OPCODE"},
+    {&X11Atoms::trayVisual, "_NET_SYSTEM_TRAY_VISUAL"},
+    {&X11Atoms::trayColors, "_NET_SYSTEM_TRAY_COLORS"},
+    {&X11Atoms::embedInfo, "_XEMBED_INFO"},
 });
 static_assert(sizeof(X11Atoms) == kTable.size() * sizeof(xcb_atom_t), "each member has one line");
 

@@ -56,6 +56,12 @@ struct X11Atoms {
     xcb_atom_t compositor;
     xcb_atom_t tray;
     xcb_atom_t manager;
+
+    // Of the system tray: the message to it, the properties of its window, and that of an embedded window.
+    xcb_atom_t trayOpcode;
+    xcb_atom_t trayVisual;
+    xcb_atom_t trayColors;
+    xcb_atom_t embedInfo;
 };
 
 } // namespace haloric

@@ -33,9 +33,18 @@ TEST_P(SilentTray, it_gets_the_icon_once_it_replies)
     EXPECT_TRUE(tray.waitForItem());
 }
 
-TEST_P(SilentTray, the_xembed_tray_gets_the_icon_once_it_has_left_the_bus)
+TEST_P(SilentTray, the_xembed_tray_has_the_icon_until_it_replies)
 {
     ASSERT_TRUE(waitForBorder(*client)) << log();
+    EXPECT_GT(panel.findIcon().width, 0);
+    EXPECT_TRUE(tray.waitForItem());
+    EXPECT_TRUE(tray.waitUntil([this] { return !panel.hasIcon(); }));
+}
+
+TEST_P(SilentTray, the_xembed_tray_has_the_icon_again_once_it_has_left_the_bus)
+{
+    ASSERT_TRUE(tray.waitForItem());
+    ASSERT_TRUE(tray.waitUntil([this] { return !panel.hasIcon(); }));
     tray.disappear();
     EXPECT_GT(panel.findIcon().width, 0);
 }

@@ -6,11 +6,13 @@
 #include "hosts/linux/qt/QtApplication.h"
 #include "hosts/linux/shell/QtAlerts.h"
 #include "hosts/linux/shell/QtPanels.h"
-#include "hosts/linux/shell/QtStatusItems.h"
+#include "hosts/linux/shell/QtTrayMenus.h"
+#include "hosts/linux/tray/TrayStatusItems.h"
+#include "hosts/posix/PosixProcesses.h"
 #include "hosts/x11/X11Application.h"
 #include "hosts/x11/server/X11Connection.h"
-#include "hosts/x11/shell/X11EmbeddingTray.h"
 #include "hosts/x11/shell/X11FocusRequest.h"
+#include "hosts/x11/tray/X11TrayIcon.h"
 #include "x11/qt/program/HarnessProgram.h"
 
 #include <cstdlib>
@@ -32,8 +34,11 @@ int main(int argumentCount, char** arguments)
     const QtApplication qt([] { std::cout << "display lost" << std::endl; });
     QtEventLoop loop(runLoop);
     X11Application application(loop);
-    X11EmbeddingTray tray(*connection);
-    QtStatusItems statusItems(tray);
+    X11OwnWindows ownWindows(*connection);
+    X11TrayIcons trayIcons(*connection, runLoop, ownWindows);
+    QtTrayMenus trayMenus;
+    const PosixProcesses processes;
+    TrayStatusItems statusItems(runLoop, trayIcons, trayMenus, processes);
     QtFormWindows formWindows(x11FocusRequest(*connection));
     QtAlerts alerts;
     QtPanels panels;

@@ -17,11 +17,16 @@ if(HALORIC_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
         "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
         "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=true
         "${HALORIC_CCACHE}")
+    set(CMAKE_OBJCXX_COMPILER_LAUNCHER ${CMAKE_CXX_COMPILER_LAUNCHER})
 endif()
 
 add_library(haloric_options INTERFACE)
 target_include_directories(haloric_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
 target_compile_options(haloric_options INTERFACE -Wall -Wextra -Wconversion -Werror)
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    # Without it each precompiled header holds the time, and ccache never finds what was compiled with it.
+    target_compile_options(haloric_options INTERFACE "SHELL:-Xclang -fno-pch-timestamp")
+endif()
 if(HALORIC_SANITIZERS)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         # The instrumentation hides from g++ 12 what std::optional and std::variant have initialised.
@@ -59,6 +64,7 @@ endfunction()
 add_custom_target(haloric_quick_tests)
 add_custom_target(haloric_thread_tests)
 add_custom_target(haloric_shipped_tests)
+add_custom_target(haloric_macos_tests) # those of the macOS host, on a substitute of macOS or on a Mac
 
 # Tests are compiled once for each time that they run, so what counts is the compiler's time, not theirs.
 set(HALORIC_TEST_OPTIONS "$<$<CONFIG:RelWithDebInfo>:-O1;-g1>")
@@ -87,4 +93,7 @@ function(haloric_test name)
             add_dependencies(haloric_${kind}_tests ${name})
         endif()
     endforeach()
+    if("macos" IN_LIST arg_LABELS)
+        add_dependencies(haloric_macos_tests ${name})
+    endif()
 endfunction()

@@ -54,7 +54,7 @@ MacContractHost::~MacContractHost()
     ::close(m_standardError);
     ::unlink(m_logPath.c_str());
     NSUserDefaults* const defaults = NSUserDefaults.standardUserDefaults;
-    for (NSString* key in defaults.dictionaryRepresentation) {
+    for (NSString* key in defaults.dictionaryRepresentation.allKeys) {
         if ([key hasPrefix:@"contract."])
             [defaults removeObjectForKey:key];
     }

@@ -1,0 +1,245 @@
+// The process: its environment, bundle, user defaults, log, and the processes that it starts.
+#include "foundation/Foundation.h"
+#include "runtime/ObjectiveCAbi.h"
+
+#include "loop/Clock.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char** environ;
+
+using substitute::raise;
+using substitute::text;
+
+@implementation NSProcessInfo
++ (NSProcessInfo*)processInfo
+{
+    static NSProcessInfo* const one = [[NSProcessInfo alloc] init];
+    return one;
+}
+- (NSTimeInterval)systemUptime
+{
+    return substitute::now();
+}
+- (int)processIdentifier
+{
+    return getpid();
+}
+- (NSDictionary*)environment
+{
+    NSMutableDictionary* all = [NSMutableDictionary dictionary];
+    for (char** one = environ; *one; ++one)
+        if (const char* eq = std::strchr(*one, 0x3d))
+            all[text(std::string(static_cast<const char*>(*one), eq))] = text(eq + 1);
+    return all;
+}
+@end
+
+@implementation NSUserDefaults {
+    std::map<std::string, id> _values;
+    std::mutex _lock;
+}
++ (NSUserDefaults*)standardUserDefaults
+{
+    static NSUserDefaults* const one = [[NSUserDefaults alloc] init];
+    return one;
+}
+- (id)objectForKey:(NSString*)key
+{
+    const std::lock_guard guard(_lock);
+    const auto f = _values.find([key _utf8]);
+    return f == _values.end() ? nil : f->second;
+}
+- (NSData*)dataForKey:(NSString*)key
+{
+    id value = [self objectForKey:key];
+    return [value isKindOfClass:NSData.class] ? value : nil;
+}
+- (void)setObject:(id)value forKey:(NSString*)key
+{
+    if (!key)
+        raise("NSInvalidArgumentException: nil key");
+    const std::lock_guard guard(_lock);
+    if (value)
+        _values[[key _utf8]] = value;
+    else
+        _values.erase([key _utf8]);
+}
+- (NSDictionary*)dictionaryRepresentation
+{
+    const std::lock_guard guard(_lock);
+    NSMutableDictionary* all = [NSMutableDictionary dictionary];
+    for (const auto& [key, value] : _values)
+        all[text(key)] = value;
+    return all;
+}
+- (void)removeObjectForKey:(NSString*)key
+{
+    const std::lock_guard guard(_lock);
+    _values.erase([key _utf8]);
+}
+@end
+
+@implementation NSBundle {
+    std::string _path;
+}
++ (NSBundle*)mainBundle
+{
+    static NSBundle* const one = [] {
+        NSBundle* made = [[NSBundle alloc] init];
+        char path[4096];
+        const auto n = readlink("/proc/self/exe", path, sizeof path);
+        std::string p(path, static_cast<std::size_t>(n > 0 ? n : 0));
+        made->_path = p.substr(0, p.rfind('/'));
+        return made;
+    }();
+    return one;
+}
++ (instancetype)bundleWithPath:(NSString*)path
+{
+    if (access([path _utf8].c_str(), R_OK) != 0)
+        return nil;
+    NSBundle* made = [[NSBundle alloc] init];
+    made->_path = [path _utf8];
+    return made;
+}
+- (NSString*)bundlePath
+{
+    return text(_path);
+}
+- (NSString*)bundleIdentifier
+{
+    return nil;
+}
+- (NSDictionary*)infoDictionary
+{
+    return @{};
+}
+- (NSString*)privateFrameworksPath
+{
+    return text(_path + "/Contents/Frameworks");
+}
+- (BOOL)load
+{
+    return NO;
+}
+@end
+
+@implementation NSFileHandle {
+@public
+    int _number;
+}
++ (NSFileHandle*)fileHandleWithNullDevice
+{
+    NSFileHandle* made = [[NSFileHandle alloc] init];
+    made->_number = -1;
+    return made;
+}
+@end
+@implementation NSTask {
+    NSURL* _executable;
+    NSArray* _arguments;
+    NSFileHandle* _input;
+    pid_t _pid;
+}
+- (void)setExecutableURL:(NSURL*)url
+{
+    _executable = url;
+}
+- (NSURL*)executableURL
+{
+    return _executable;
+}
+- (void)setArguments:(NSArray*)arguments
+{
+    _arguments = [arguments copy];
+}
+- (void)setStandardInput:(id)input
+{
+    _input = input;
+}
+- (BOOL)launchAndReturnError:(NSError**)error
+{
+    std::vector<std::string> words{[_executable.path _utf8]};
+    for (NSString* word in _arguments)
+        words.push_back([word _utf8]);
+    std::vector<char*> argv;
+    for (auto& word : words)
+        argv.push_back(word.data());
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    if (_input)
+        posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
+    const int failed = posix_spawn(&_pid, argv[0], &actions, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    if (failed && error)
+        *error = [NSError errorWithDomain:@"NSPOSIXErrorDomain" code:failed userInfo:nil];
+    return !failed;
+}
+- (int)processIdentifier
+{
+    return _pid;
+}
+- (void)dealloc
+{
+    if (_pid) {
+        int status;
+        waitpid(_pid, &status, 0);
+    }
+}
+@end
+@implementation NSFileManager
++ (NSFileManager*)defaultManager
+{
+    static NSFileManager* const one = [[NSFileManager alloc] init];
+    return one;
+}
+- (NSString*)displayNameAtPath:(NSString*)path
+{
+    std::string p = [path _utf8];
+    p = p.substr(p.rfind('/') + 1);
+    if (p.ends_with(".app"))
+        p.resize(p.size() - 4);
+    return text(p);
+}
+@end
+extern "C" NSString* NSTemporaryDirectory() { return @"/tmp/"; }
+
+extern "C" void NSLog(NSString* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    std::string f = [format _utf8], out;
+    for (std::size_t i = 0; i < f.size(); ++i) {
+        if (f[i] != '%') {
+            out += f[i];
+            continue;
+        }
+        if (f[++i] == '@') {
+            id one = va_arg(arguments, id);
+            out += one ? [[one description] _utf8] : "(null)";
+        } else if (f[i] == '%')
+            out += '%';
+        else
+            raise("NSLog: %%%c is not there", f[i]);
+    }
+    va_end(arguments);
+    std::fprintf(stderr, "program[%d] %s\n", getpid(), out.c_str());
+}
+extern "C" Class NSClassFromString(NSString* name)
+{
+    return (__bridge Class)(void*)rt_class_named([name _utf8].c_str());
+}
+extern "C" SEL NSSelectorFromString(NSString* name) { return (SEL)sel_registerName([name _utf8].c_str()); }

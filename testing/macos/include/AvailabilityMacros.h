@@ -1,0 +1,2 @@
+// Nothing: what it declares is in Availability.h.
+#pragma once

@@ -1,0 +1,26 @@
+// What the stand-ins of windows, views and controls share. Main thread.
+#pragma once
+
+#include "foundation/Foundation.h"
+
+#import <AppKit/AppKit.h>
+
+@interface NSWindow (Substitute)
+- (void)_scheduleDisplay;
+- (void)_display;
+@end
+
+@interface NSView (Substitute)
+- (void)_lost:(NSView*)view;
+- (void)_setWindow:(NSWindow*)window;
+- (BOOL)_takeNeedsDisplay;
+@end
+
+namespace substitute {
+
+NSMutableArray* windows(); // all that exist
+
+extern long drawn; // how often a view was asked to draw
+extern NSWindow* keyWindow;
+
+} // namespace substitute

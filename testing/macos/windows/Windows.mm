@@ -1,0 +1,262 @@
+#include "windows/Windows.h"
+
+#include "drawing/raster/Picture.h"
+#include "drawing/raster/RasterCanvas.h"
+#include "graphics/Graphics.h"
+#include "loop/MainLoop.h"
+#include "world/World.h"
+
+#include <algorithm>
+#include <vector>
+
+#include <unistd.h>
+
+using substitute::raise;
+using substitute::World;
+
+extern NSGraphicsContext* g_current;
+
+static std::vector<NSWindow * __unsafe_unretained>& allWindows()
+{
+    static auto* all = new std::vector<NSWindow * __unsafe_unretained>;
+    return *all;
+}
+NSMutableArray* substitute::windows()
+{
+    NSMutableArray* all = [NSMutableArray array];
+    for (NSWindow* one : allWindows())
+        [all addObject:one];
+    return all;
+}
+extern "C" const NSRect NSZeroRect;
+const NSRect NSZeroRect = {{0, 0}, {0, 0}};
+namespace substitute {
+long drawn;
+NSWindow* keyWindow;
+}
+
+@implementation NSWindow {
+    NSRect _rect;
+    unsigned _number;
+    BOOL _shown, _scheduled, _opaque, _shadow, _ignores, _released, _hides, _excluded, _movable;
+    NSView* _content;
+    NSWindowCollectionBehavior _behavior;
+    NSWindowLevel _level;
+    NSColor* _background;
+    NSString* _title;
+    NSWindowAnimationBehavior _animation;
+}
+- (instancetype)initWithContentRect:(NSRect)rect
+                          styleMask:(NSWindowStyleMask)mask
+                            backing:(NSBackingStoreType)backing
+                              defer:(BOOL)defer
+{
+    if (!(self = [super init]))
+        return nil;
+    allWindows().push_back(self);
+    _rect = rect;
+    _opaque = _shadow = _released = _movable = YES;
+    if (!defer) { // a window device at once, off screen
+        const std::lock_guard guard(World::the().lock);
+        _number = World::the().open(getpid(), rect);
+        World::the().find(_number)->onScreen = false;
+        World::the().find(_number)->layer = 3; // never an application's ordinary window
+    }
+    return self;
+}
+- (void)dealloc
+{
+    std::erase(allWindows(), self);
+    if (_number) {
+        const std::lock_guard guard(World::the().lock);
+        World::the().close(_number);
+    }
+}
+- (CGRect)_global
+{
+    return CGRectMake(_rect.origin.x, World::the().height - NSMaxY(_rect), _rect.size.width, _rect.size.height);
+}
+- (NSRect)frame
+{
+    return _rect;
+}
+- (NSRect)constrainFrameRect:(NSRect)frame toScreen:(NSScreen*)screen
+{
+    return frame;
+}
+- (void)setFrame:(NSRect)frame display:(BOOL)display
+{
+    frame = [self constrainFrameRect:frame toScreen:nil];
+    _rect = frame;
+    _content.frame = NSMakeRect(0, 0, frame.size.width, frame.size.height);
+    if (_number)
+        World::the().setFrame(_number, [self _global]);
+}
+- (void)setFrameOrigin:(NSPoint)origin
+{
+    _rect.origin = origin;
+    if (_number)
+        World::the().setFrame(_number, [self _global]);
+}
+- (BOOL)isVisible
+{
+    return _shown;
+}
+- (void)orderFrontRegardless
+{
+    _shown = YES;
+    if (_number) {
+        const std::lock_guard guard(World::the().lock);
+        World::the().find(_number)->onScreen = true;
+        World::the().toFront(_number);
+    }
+    if (_content.needsDisplay)
+        [self _scheduleDisplay];
+}
+- (void)orderOut:(id)sender
+{
+    _shown = NO;
+    if (_number) {
+        const std::lock_guard guard(World::the().lock);
+        World::the().find(_number)->onScreen = false;
+    }
+}
+- (NSInteger)windowNumber
+{
+    return _number ? static_cast<NSInteger>(_number) : -1;
+}
+- (NSView*)contentView
+{
+    return _content;
+}
+- (void)setContentView:(NSView*)view
+{
+    _content = view;
+    [view _setWindow:self];
+    view.frame = NSMakeRect(0, 0, _rect.size.width, _rect.size.height);
+    [view setNeedsDisplay:YES];
+}
+- (void)_scheduleDisplay
+{
+    if (_scheduled)
+        return;
+    _scheduled = YES;
+    NSWindow* __weak weak = self;
+    substitute::onMain([weak] { [weak _display]; });
+}
+- (void)_display
+{
+    _scheduled = NO;
+    if (!_shown || !_content || ![_content _takeNeedsDisplay])
+        return;
+    const double scale = 2;
+    const haloric::Size size{_rect.size.width, _rect.size.height};
+    const haloric::PixelRect pixels = haloric::DeviceSpace(scale, size).pixels();
+    haloric::Picture picture(pixels.width, pixels.height);
+    haloric::RasterResources resources;
+    haloric::RasterCanvas canvas(resources, picture.buffer(), {scale, size, 0, 0},
+                                 haloric::RasterContents::transparent);
+    CGContextRef context = substitute::makeContext(canvas);
+    g_current = [NSGraphicsContext graphicsContextWithCGContext:context flipped:_content.isFlipped];
+    [_content drawRect:_content.bounds];
+    ++substitute::drawn;
+    g_current = nil;
+    CFRelease(context);
+}
+- (void)setTitle:(NSString*)v
+{
+    _title = [v copy];
+}
+- (NSString*)title
+{
+    return _title;
+}
+- (void)setAutorecalculatesKeyViewLoop:(BOOL)v
+{
+}
+- (void)center
+{
+}
+- (void)makeKeyAndOrderFront:(id)sender
+{
+    [self orderFrontRegardless];
+    if (self.canBecomeKeyWindow)
+        substitute::keyWindow = self;
+}
+- (void)close
+{
+    [self orderOut:nil];
+    if (substitute::keyWindow == self)
+        substitute::keyWindow = nil;
+    if (_released)
+        raise("a window that releases itself when closed, under ARC");
+}
+- (void)performClose:(id)sender
+{
+    [self close];
+}
+- (BOOL)performKeyEquivalent:(NSEvent*)event
+{
+    return NO;
+}
+- (BOOL)canBecomeKeyWindow
+{
+    return YES;
+}
+- (BOOL)canBecomeMainWindow
+{
+    return YES;
+}
+- (NSRect)contentLayoutRect
+{
+    return self.frame;
+}
+- (void)setOpaque:(BOOL)v
+{
+    _opaque = v;
+}
+- (void)setBackgroundColor:(NSColor*)v
+{
+    _background = v;
+}
+- (void)setHasShadow:(BOOL)v
+{
+    _shadow = v;
+}
+- (void)setIgnoresMouseEvents:(BOOL)v
+{
+    _ignores = v;
+}
+- (void)setReleasedWhenClosed:(BOOL)v
+{
+    _released = v;
+}
+- (void)setHidesOnDeactivate:(BOOL)v
+{
+    _hides = v;
+}
+- (void)setAnimationBehavior:(NSWindowAnimationBehavior)v
+{
+    _animation = v;
+}
+- (void)setExcludedFromWindowsMenu:(BOOL)v
+{
+    _excluded = v;
+}
+- (void)setCollectionBehavior:(NSWindowCollectionBehavior)v
+{
+    _behavior = v;
+}
+- (void)setLevel:(NSWindowLevel)v
+{
+    _level = v;
+    if (_number) {
+        const std::lock_guard guard(World::the().lock);
+        World::the().find(_number)->layer = v;
+    }
+}
+- (void)setMovable:(BOOL)v
+{
+    _movable = v;
+}
+@end

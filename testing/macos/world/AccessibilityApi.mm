@@ -1,0 +1,209 @@
+// Accessibility: elements, values and observers of the world.
+#include "loop/MainLoop.h"
+#include "world/World.h"
+
+#import <ApplicationServices/ApplicationServices.h>
+
+#include <set>
+#include <utility>
+
+using substitute::raise;
+using substitute::text;
+using substitute::World;
+using Lock = std::lock_guard<std::recursive_mutex>;
+
+@interface RTElement : NSObject {
+@public
+    int pid;
+    unsigned number;
+}
+@end
+@implementation RTElement
+- (BOOL)isEqual:(id)o
+{
+    return [o isKindOfClass:RTElement.class] && ((RTElement*)o)->pid == pid && ((RTElement*)o)->number == number;
+}
+- (NSUInteger)hash
+{
+    return static_cast<NSUInteger>(pid) * 1000003u + number;
+}
+@end
+@interface RTAXValue : NSObject {
+@public
+    AXValueType type;
+    double a, b;
+}
+@end
+@implementation RTAXValue
+@end
+@interface RTAXObserver : NSObject {
+@public
+    int pid;
+    AXObserverCallback callback;
+    RTSource* source;
+    std::vector<std::pair<std::string, void*>> names;
+    std::vector<std::pair<std::string, unsigned>> heard;
+}
+@end
+static std::set<RTAXObserver * __unsafe_unretained>& observers()
+{
+    static auto* all = new std::set<RTAXObserver * __unsafe_unretained>;
+    return *all;
+}
+@implementation RTAXObserver
+- (void)deliver
+{
+    std::vector<std::pair<std::string, unsigned>> now;
+    {
+        const Lock guard(World::the().lock);
+        now.swap(heard);
+    }
+    for (const auto& [name, number] : now) {
+        void* context = nullptr;
+        bool wanted = false;
+        {
+            const Lock guard(World::the().lock);
+            for (const auto& one : names)
+                if (one.first == name) {
+                    context = one.second;
+                    wanted = true;
+                }
+        }
+        if (!wanted)
+            continue;
+        RTElement* element = [[RTElement alloc] init];
+        element->pid = pid;
+        element->number = number;
+        callback((__bridge AXObserverRef)self, (__bridge AXUIElementRef)element, (__bridge CFStringRef)text(name),
+                 context);
+    }
+}
+- (void)dealloc
+{
+    const Lock guard(World::the().lock);
+    observers().erase(self);
+    source->perform = nullptr;
+    source->valid = false;
+}
+@end
+void substitute::tellAccessibility(int pid, const char* name, unsigned number)
+{
+    for (RTAXObserver* one : observers())
+        if (one->pid == pid) {
+            one->heard.emplace_back(name, number);
+            [one->source signal];
+        }
+}
+static RTElement* element(int pid, unsigned number)
+{
+    RTElement* made = [[RTElement alloc] init];
+    made->pid = pid;
+    made->number = number;
+    return made;
+}
+static id axPair(AXValueType type, double a, double b)
+{
+    RTAXValue* made = [[RTAXValue alloc] init];
+    made->type = type;
+    made->a = a;
+    made->b = b;
+    return made;
+}
+
+extern "C" {
+const CFStringRef kAXTrustedCheckOptionPrompt = CFSTR("AXTrustedCheckOptionPrompt");
+Boolean AXIsProcessTrusted() { return true; }
+Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef) { return true; }
+CFTypeID AXUIElementGetTypeID() { return (CFTypeID)RTElement.class; }
+CFTypeID AXValueGetTypeID() { return (CFTypeID)RTAXValue.class; }
+AXValueType AXValueGetType(AXValueRef value) { return ((__bridge RTAXValue*)(void*)value)->type; }
+Boolean AXValueGetValue(AXValueRef value, AXValueType type, void* to)
+{
+    RTAXValue* one = (__bridge RTAXValue*)(void*)value;
+    if (one->type != type)
+        return false;
+    static_cast<double*>(to)[0] = one->a;
+    static_cast<double*>(to)[1] = one->b;
+    return true;
+}
+AXUIElementRef AXUIElementCreateApplication(pid_t pid) { return (AXUIElementRef)CFBridgingRetain(element(pid, 0)); }
+AXError AXUIElementSetMessagingTimeout(AXUIElementRef e, float)
+{
+    if (!e)
+        raise("AXUIElementSetMessagingTimeout: null");
+    return kAXErrorSuccess;
+}
+AXError AXUIElementCopyAttributeValue(AXUIElementRef reference, CFStringRef attribute, CFTypeRef* value)
+{
+    const Lock guard(World::the().lock);
+    RTElement* one = (__bridge RTElement*)(void*)reference;
+    const std::string name = [(__bridge NSString*)attribute _utf8];
+    World& world = World::the();
+    if (!world.applications.contains(one->pid))
+        return kAXErrorInvalidUIElement;
+    id found = nil;
+    if (one->number == 0) {
+        if (name != "AXFocusedWindow" && name != "AXMainWindow")
+            return kAXErrorAttributeUnsupported;
+        const auto* window = world.firstOf(one->pid);
+        if (!window)
+            return kAXErrorNoValue;
+        found = element(one->pid, window->number);
+    } else {
+        const auto* window = world.find(one->number);
+        if (!window)
+            return kAXErrorInvalidUIElement;
+        if (name == "AXRole")
+            found = @"AXWindow";
+        else if (name == "AXMinimized")
+            found = @(static_cast<BOOL>(window->minimised));
+        else if (name == "AXPosition")
+            found =
+                axPair(static_cast<AXValueType>(kAXValueCGPointType), window->frame.origin.x, window->frame.origin.y);
+        else if (name == "AXSize")
+            found = axPair(static_cast<AXValueType>(kAXValueCGSizeType), window->frame.size.width,
+                           window->frame.size.height);
+        else
+            return kAXErrorAttributeUnsupported;
+    }
+    *value = CFBridgingRetain(found);
+    return kAXErrorSuccess;
+}
+__attribute__((visibility("default"))) AXError _AXUIElementGetWindow(AXUIElementRef reference, CGWindowID* number)
+{
+    RTElement* one = (__bridge RTElement*)(void*)reference;
+    const Lock guard(World::the().lock);
+    if (!one->number || !World::the().find(one->number))
+        return kAXErrorIllegalArgument;
+    *number = one->number;
+    return kAXErrorSuccess;
+}
+AXError AXObserverCreate(pid_t pid, AXObserverCallback callback, AXObserverRef* made)
+{
+    const Lock guard(World::the().lock);
+    if (!World::the().applications.contains(pid))
+        return kAXErrorFailure;
+    RTAXObserver* one = [[RTAXObserver alloc] init];
+    one->pid = pid;
+    one->callback = callback;
+    one->source = [[RTSource alloc] init];
+    RTAXObserver* __unsafe_unretained bare = one;
+    one->source->perform = [bare] {
+        RTAXObserver* __unsafe_unretained strict = bare;
+        [strict deliver];
+    };
+    observers().insert(one);
+    *made = (AXObserverRef)CFBridgingRetain(one);
+    return kAXErrorSuccess;
+}
+AXError AXObserverAddNotification(AXObserverRef observer, AXUIElementRef, CFStringRef name, void* context)
+{
+    const Lock guard(World::the().lock);
+    ((__bridge RTAXObserver*)(void*)observer)->names.emplace_back([(__bridge NSString*)name _utf8], context);
+    return kAXErrorSuccess;
+}
+CFRunLoopSourceRef AXObserverGetRunLoopSource(AXObserverRef observer)
+{
+    return (__bridge CFRunLoopSourceRef)((__bridge RTAXObserver*)(void*)observer)->source;
+}
+}

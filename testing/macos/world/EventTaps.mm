@@ -1,0 +1,86 @@
+// Event taps.
+#include "loop/MainLoop.h"
+#include "world/World.h"
+
+#import <ApplicationServices/ApplicationServices.h>
+
+using substitute::raise;
+using substitute::text;
+using substitute::World;
+using Lock = std::lock_guard<std::recursive_mutex>;
+
+@interface RTCGEvent : NSObject {
+@public
+    int type;
+    long key;
+    unsigned long flags;
+}
+@end
+@implementation RTCGEvent
+@end
+@interface RTPort : NSObject {
+@public
+    CGEventMask mask;
+    CGEventTapCallBack callback;
+    void* context;
+    bool valid, enabled;
+    RTSource* source;
+}
+@end
+static NSMutableArray<RTPort*>* taps()
+{
+    static NSMutableArray* const all = [NSMutableArray array];
+    return all;
+}
+@implementation RTPort
+@end
+extern "C" {
+CFMachPortRef CGEventTapCreate(CGEventTapLocation, CGEventTapPlacement, CGEventTapOptions, CGEventMask mask,
+                               CGEventTapCallBack callback, void* context)
+{
+    RTPort* made = [[RTPort alloc] init];
+    made->mask = mask;
+    made->callback = callback;
+    made->context = context;
+    made->valid = made->enabled = true;
+    [taps() addObject:made]; // the window server's end
+    return (CFMachPortRef)CFBridgingRetain(made);
+}
+CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef, CFMachPortRef port, CFIndex)
+{
+    RTPort* one = (__bridge RTPort*)(void*)port;
+    if (!one->source)
+        one->source = [[RTSource alloc] init];
+    return (CFRunLoopSourceRef)CFBridgingRetain(one->source);
+}
+void CFMachPortInvalidate(CFMachPortRef port)
+{
+    RTPort* one = (__bridge RTPort*)(void*)port;
+    one->valid = false;
+    [taps() removeObjectIdenticalTo:one];
+    if (one->source) {
+        one->source->valid = false;
+        one->source->perform = nullptr;
+        CFRunLoopRemoveSource(CFRunLoopGetMain(), (__bridge CFRunLoopSourceRef)one->source, kCFRunLoopCommonModes);
+    }
+}
+void CGEventTapEnable(CFMachPortRef port, BOOL on) { ((__bridge RTPort*)(void*)port)->enabled = on; }
+int64_t CGEventGetIntegerValueField(CGEventRef event, CGEventField) { return ((__bridge RTCGEvent*)(void*)event)->key; }
+CGEventFlags CGEventGetFlags(CGEventRef event) { return ((__bridge RTCGEvent*)(void*)event)->flags; }
+}
+void World::tap(int type, long key, unsigned long flags)
+{
+    for (RTPort* one in taps()) {
+        if (!one->enabled || !one->source || !(one->mask & (1ull << type)))
+            continue;
+        RTPort* __unsafe_unretained port = one;
+        one->source->perform = [port, type, key, flags] {
+            RTCGEvent* event = [[RTCGEvent alloc] init];
+            event->type = type;
+            event->key = key;
+            event->flags = flags;
+            port->callback(nullptr, static_cast<CGEventType>(type), (__bridge CGEventRef)event, port->context);
+        };
+        [one->source signal];
+    }
+}

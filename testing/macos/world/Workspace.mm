@@ -1,0 +1,132 @@
+// The workspace, its applications, and the screens.
+#include "world/World.h"
+
+#import <AppKit/AppKit.h>
+#import <QuartzCore/QuartzCore.h>
+
+#include <algorithm>
+
+using substitute::raise;
+using substitute::text;
+using substitute::World;
+using Lock = std::lock_guard<std::recursive_mutex>;
+
+NSNotificationName const NSWorkspaceDidActivateApplicationNotification =
+    @"NSWorkspaceDidActivateApplicationNotification";
+NSNotificationName const NSWorkspaceDidTerminateApplicationNotification =
+    @"NSWorkspaceDidTerminateApplicationNotification";
+NSNotificationName const NSWorkspaceActiveSpaceDidChangeNotification = @"NSWorkspaceActiveSpaceDidChangeNotification";
+NSNotificationName const NSApplicationDidChangeScreenParametersNotification =
+    @"NSApplicationDidChangeScreenParametersNotification";
+
+@implementation NSRunningApplication {
+@public
+    int _pid;
+}
++ (instancetype)runningApplicationWithProcessIdentifier:(pid_t)pid
+{
+    if (!World::the().applications.contains(pid))
+        return nil;
+    NSRunningApplication* made = [[NSRunningApplication alloc] init];
+    made->_pid = pid;
+    return made;
+}
+- (pid_t)processIdentifier
+{
+    return _pid;
+}
+- (BOOL)isHidden
+{
+    return World::the().applications[_pid];
+}
+- (NSString*)bundleIdentifier
+{
+    return text("application." + std::to_string(_pid));
+}
+- (NSApplicationActivationPolicy)activationPolicy
+{
+    return NSApplicationActivationPolicyRegular;
+}
+@end
+@implementation NSWorkspace {
+    NSNotificationCenter* _center;
+}
++ (NSWorkspace*)sharedWorkspace
+{
+    static NSWorkspace* const one = [[NSWorkspace alloc] init];
+    return one;
+}
+- (NSNotificationCenter*)notificationCenter
+{
+    if (!_center)
+        _center = [[NSNotificationCenter alloc] init];
+    return _center;
+}
+- (NSArray*)runningApplications
+{
+    NSMutableArray* all = [NSMutableArray array];
+    for (const auto& [pid, hidden] : World::the().applications)
+        [all addObject:[NSRunningApplication runningApplicationWithProcessIdentifier:pid]];
+    return all;
+}
+- (NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)identifier
+{
+    return nil;
+}
+- (NSImage*)iconForFile:(NSString*)path
+{
+    return [[NSImage alloc] init];
+}
+- (BOOL)openURL:(NSURL*)url
+{
+    return YES;
+}
+- (NSRunningApplication*)frontmostApplication
+{
+    return [NSRunningApplication runningApplicationWithProcessIdentifier:World::the().frontmost];
+}
+@end
+
+namespace substitute {
+std::vector<Display> displays{{1, {{0, 0}, {1440, 900}}, 2}, {2, {{1440, 0}, {800, 600}}, 1}};
+bool knowsDisplay(unsigned number)
+{
+    return std::ranges::count_if(displays, [&](const Display& d) { return d.number == number; }) > 0;
+}
+CADisplayLink* makeScreenLink(id target, SEL action);
+}
+@implementation NSScreen {
+@public
+    substitute::Display _display;
+}
++ (NSArray*)screens
+{
+    NSMutableArray* all = [NSMutableArray array];
+    for (const auto& one : substitute::displays) {
+        NSScreen* made = [[NSScreen alloc] init];
+        made->_display = one;
+        [all addObject:made];
+    }
+    return all;
+}
+- (NSRect)frame
+{
+    return _display.frame;
+}
+- (NSDictionary*)deviceDescription
+{
+    return @{@"NSScreenNumber" : @(_display.number)};
+}
+- (NSInteger)maximumFramesPerSecond
+{
+    return 60;
+}
+- (CGFloat)backingScaleFactor
+{
+    return _display.scale;
+}
+- (CADisplayLink*)displayLinkWithTarget:(id)target selector:(SEL)action
+{
+    return substitute::makeScreenLink(target, action);
+}
+@end

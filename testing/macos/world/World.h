@@ -1,0 +1,63 @@
+// The desktop outside the program: applications, windows, pointer, screens. Tests change it; the stand-ins report it.
+// Global space.
+#pragma once
+
+#include "foundation/Foundation.h"
+
+#import <CoreGraphics/CoreGraphics.h>
+
+#include <list>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+namespace substitute {
+struct Display {
+    unsigned number;
+    CGRect frame;
+    double scale;
+};
+
+struct Window {
+    unsigned number;
+    int pid;
+    CGRect frame;
+    bool onScreen = true, minimised = false;
+    long layer = 0;
+};
+class World {
+public:
+    static World& the();
+    std::recursive_mutex lock;
+    std::list<Window> windows;        // front to back
+    std::map<int, bool> applications; // pid, hidden
+    int frontmost = 0;
+    unsigned buttons = 0;
+    CGFloat height = 900; // of the primary screen
+
+    unsigned open(int pid, CGRect frame);
+    void activate(int pid, unsigned number);
+    void setFrame(unsigned number, CGRect frame);
+    void minimise(unsigned number);
+    void close(unsigned number);
+    void quit(int pid);
+    void button(int type, bool down); // NSEventType
+    void tap(int type, long key, unsigned long flags);
+    void reset();
+    Window* find(unsigned number);
+    Window* firstOf(int pid);
+    void server(unsigned event, unsigned number); // private notifications
+    void toFront(unsigned number);
+
+private:
+    unsigned m_last = 100;
+};
+
+extern std::vector<Display> displays;
+
+// From the world to the stand-ins; `World::lock` is held.
+void tellAccessibility(int pid, const char* name, unsigned number);
+void forgetWindowServerClients();
+
+} // namespace substitute

@@ -43,6 +43,7 @@ public:
     std::function<bool()> insideQueue = [] { return true; };
     int callsOutsideQueue = 0;
     std::function<void(std::string_view name)> onRead; // before an attribute is read, for instance to spend time
+    std::function<void()> onCreateObserver;            // before an observer is made
 
     // Delivers a notification as the main run loop does: only from an observer that is on it.
     void notify(const ObserverRef& observer, std::string_view name)
@@ -103,6 +104,8 @@ public:
     std::unique_ptr<AXObserver> createObserver(ProcessID pid, ObserverCallback callback) override
     {
         note("observe " + std::to_string(static_cast<int>(pid)));
+        if (onCreateObserver)
+            onCreateObserver();
         if (refusesObservers)
             return nullptr;
         auto record = std::make_shared<Observer>();

@@ -22,6 +22,7 @@ public:
         std::string toolTip;
         const MenuModel* menu = nullptr;
         MenuModel menuAsAttached; // as it was when it was set
+        MenuModel menuAsReported; // as it was when the item was told of changes
         MenuDelegate* delegate = nullptr;
     };
 
@@ -87,7 +88,11 @@ private:
             m_record->delegate = &delegate;
         }
 
-        void menuItemsChanged() override { m_record->calls.emplace_back("menuItemsChanged"); }
+        void menuItemsChanged() override
+        {
+            m_record->calls.emplace_back("menuItemsChanged");
+            m_record->menuAsReported = *m_record->menu;
+        }
 
     private:
         const FakeStatusItems& m_owner;

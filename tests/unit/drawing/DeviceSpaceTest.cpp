@@ -114,5 +114,12 @@ TEST(DeviceSpace, too_large_values_are_limited)
     EXPECT_EQ(space.length(kNone, 40), 0);
 }
 
+TEST(DeviceSpace, coordinates_are_rounded_to_the_nearest_unit)
+{
+    const DeviceSpace space(1, {100, 100});
+    EXPECT_EQ(space.shape(RoundedRect{{0.3, 0, 1.9, 99.7}, 0}), (DeviceShape{77, 77, 563, 25600, 0}));
+    EXPECT_EQ(space.shape(RoundedRect{{-0.3, 0, 1.5, 100.3}, 0}), (DeviceShape{-77, -77, 307, 25600, 0}));
+}
+
 } // namespace
 } // namespace haloric

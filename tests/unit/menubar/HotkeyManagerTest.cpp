@@ -165,5 +165,20 @@ TEST_F(HotkeyManagerTest, with_a_refused_handler_only_the_hotkey_is_unregistered
     EXPECT_FALSE(manager->isRegistered());
 }
 
+TEST_F(HotkeyManagerTest, a_task_that_replaces_itself_lives_until_it_returns)
+{
+    auto mark = std::make_shared<int>(0);
+    bool alive = false;
+    manager->onTrigger = [this, mark, &alive] {
+        const std::weak_ptr<int> self = mark;
+        manager->onTrigger = nullptr;
+        alive = !self.expired();
+    };
+    mark.reset();
+    manager->enable();
+    hotkeys.press();
+    EXPECT_TRUE(alive);
+}
+
 } // namespace
 } // namespace haloric

@@ -63,6 +63,8 @@ TEST_F(StatusBarControllerTest, a_change_of_the_settings_reaches_the_menu_on_a_l
     EXPECT_FALSE(SimMenuSearch::find(controller->menu().items, "Dim other windows")->isOn);
     runLoop.runPosted();
     EXPECT_EQ(item().calls, Calls{"menuItemsChanged"});
+    EXPECT_TRUE(SimMenuSearch::find(item().menuAsReported.items, "Dim other windows")->isOn)
+        << "read before the report";
     EXPECT_TRUE(SimMenuSearch::find(controller->menu().items, "Dim other windows")->isOn);
 }
 

@@ -184,5 +184,58 @@ TEST_F(OverlayControllerAppDimTest, the_timer_allows_the_system_to_join_wake_ups
     EXPECT_THAT(runLoop.armedTolerances(), testing::ElementsAre(Seconds(0.05)));
 }
 
+TEST_F(OverlayControllerAppDimTest, the_age_of_the_window_list_is_counted_by_the_wall_clock)
+{
+    controller->setState(focused());
+    runLoop.setWallClockOrigin(Seconds(1'700'000'010));
+    controller->setState(focused(kFocused.translatedBy(1, 0)));
+    EXPECT_EQ(listReadings(), 2U) << "the clock was set forward";
+    runLoop.runFor(Seconds(0.15));
+    runLoop.setWallClockOrigin(Seconds(1'700'000'000));
+    controller->setState(focused(kFocused.translatedBy(2, 0)));
+    EXPECT_EQ(listReadings(), 2U) << "and set back";
+}
+
+TEST_F(OverlayControllerAppDimTest, a_switch_of_spaces_keeps_the_timer_and_the_window_list)
+{
+    controller->setState(focused());
+    runLoop.runFor(Seconds(0.05));
+    toolkit.forgetCalls();
+    workspace.announce(WorkspaceNotification::activeSpaceDidChange);
+    EXPECT_EQ(listReadings(), 1U) << "the list is young enough";
+    EXPECT_EQ(appDim(0)->calls, (Calls{"orderOut", "orderFront"}));
+    runLoop.runFor(Seconds(0.15));
+    EXPECT_EQ(listReadings(), 2U) << "0.2 seconds after the timer's start";
+}
+
+TEST_F(OverlayControllerAppDimTest, without_screens_only_the_highlight_and_the_timer_go_on)
+{
+    screens.set({});
+    screens.announceChange();
+    controller->setState(focused());
+    EXPECT_TRUE(controller->appDimWindows().empty());
+    EXPECT_TRUE(controller->appDimTimerRunning());
+    EXPECT_TRUE(highlight()->visible);
+    runLoop.runFor(Seconds(1));
+    screens.set({kPrimary});
+    screens.announceChange();
+    EXPECT_EQ(controller->appDimWindows().size(), 1U);
+    EXPECT_TRUE(controller->appDimWindows()[0]->isVisible());
+}
+
+TEST_F(OverlayControllerAppDimTest, a_change_of_screens_dims_on_the_new_ones_and_keeps_the_highlight_on_top)
+{
+    controller->setState(focused());
+    screens.set({kPrimary, kSecondary, Screen{{-800, 0, 800, 600}, DisplayID{3}}});
+    screens.announceChange();
+    ASSERT_EQ(controller->appDimWindows().size(), 3U);
+    for (const auto& window : controller->appDimWindows())
+        EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(controller->appDimWindows()[2]->frame(), (Rect{-800, 0, 800, 600}));
+    EXPECT_EQ(items(2).front(), (AppDimView::Window{kSelectedRect.translatedBy(800, 0), true}));
+    EXPECT_EQ(controller->appDimViews()[2]->settings, store.settings());
+    EXPECT_TRUE(isOnTop(highlight()));
+}
+
 } // namespace
 } // namespace haloric

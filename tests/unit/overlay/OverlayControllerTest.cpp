@@ -1,6 +1,8 @@
 // The highlight: when it is shown, where, and in which order.
 #include "unit/overlay/OverlayControllerFixture.h"
 
+#include <cmath>
+
 namespace haloric {
 namespace {
 
@@ -200,6 +202,25 @@ TEST_F(OverlayControllerTest, without_screens_the_highlight_is_still_placed)
     EXPECT_TRUE(highlight()->visible);
     EXPECT_EQ(highlight()->frame, kFocused.insetBy(-40).translatedBy(9, 0));
     EXPECT_EQ(library.callCount("SLSTransactionCommit"), 0U);
+}
+
+TEST_F(OverlayControllerTest, a_pass_reads_the_settings_of_that_moment)
+{
+    controller->setState(focused());
+    store.update([](Settings& s) { s.glowRadius = 50; }); // not delivered to the views yet
+    controller->setState(focused(kFocused.translatedBy(1, 0)));
+    EXPECT_EQ(controller->highlightWindow().frame(), kFocused.translatedBy(1, 0).insetBy(-104));
+    EXPECT_EQ(controller->highlightView().settings.glowRadius, 18);
+}
+
+TEST_F(OverlayControllerTest, only_a_frame_exactly_like_a_screens_counts_as_full_screen)
+{
+    edit([](Settings& s) { s.hideWhenFullScreen = true; });
+    controller->setState(focused(kPrimary.frame));
+    EXPECT_FALSE(controller->highlightWindow().isVisible());
+    const double wide = std::nextafter(kPrimary.frame.width, 2000);
+    controller->setState(focused({0, 0, wide, kPrimary.frame.height}));
+    EXPECT_TRUE(controller->highlightWindow().isVisible());
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 // When the window server moves an overlay window, and when it may not.
 #include "unit/overlay/OverlayWindowFixture.h"
 
+#include <cmath>
+
 namespace haloric {
 namespace {
 
@@ -175,6 +177,35 @@ TEST_F(OverlayWindowFastPathTest, a_new_window_starts_with_an_untried_fast_path_
     show();
     moveTo(kMoved);
     EXPECT_EQ(window->serverFrame(), kMoved);
+}
+
+TEST_F(OverlayWindowFastPathTest, the_smallest_difference_of_the_origin_is_a_move)
+{
+    show();
+    moveTo({std::nextafter(kStart.x, 200), kStart.y, kStart.width, kStart.height});
+    EXPECT_EQ(library.callCount("SLSTransactionCommit"), 1U);
+    forget();
+    moveTo(window->frame());
+    EXPECT_TRUE(library.calls.empty());
+}
+
+TEST_F(OverlayWindowFastPathTest, the_smallest_difference_of_the_size_is_made_by_the_toolkit)
+{
+    show();
+    moveTo({kStart.x, kStart.y, kStart.width, std::nextafter(kStart.height, 300)});
+    EXPECT_EQ(record->calls, Calls{"setFrame"});
+    EXPECT_TRUE(library.calls.empty());
+}
+
+TEST_F(OverlayWindowFastPathTest, positions_count_from_the_upper_edge_of_a_first_screen_that_does_not_start_at_zero)
+{
+    screens.set({Screen{{0, -150, 1000, 800}, DisplayID{1}}});
+    show();
+    moveTo(kMoved);
+    EXPECT_EQ(library.bounds.at(WindowNumber{static_cast<std::uint32_t>(record->number)}),
+              flippedVertically(kMoved, 650));
+    runLoop.runFor(OverlayWindow::kVerificationDelay);
+    EXPECT_TRUE(window->transactionMovesVerified());
 }
 
 } // namespace

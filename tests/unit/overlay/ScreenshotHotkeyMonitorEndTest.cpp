@@ -118,5 +118,46 @@ TEST_F(ScreenshotHotkeyMonitorEndTest, a_repeated_shortcut_takes_the_time_limit_
     EXPECT_EQ(reports, (Reports{true, false}));
 }
 
+TEST_F(ScreenshotHotkeyMonitorEndTest, the_first_of_two_mouse_ups_ends_it)
+{
+    monitor->start();
+    activate();
+    mouseUp();
+    runLoop.runFor(Seconds(0.3));
+    mouseUp();
+    runLoop.runFor(Seconds(0.2));
+    EXPECT_EQ(reports, (Reports{true, false}));
+    activate();
+    runLoop.runFor(Seconds(0.3)); // half a second after the second one
+    EXPECT_EQ(reports, (Reports{true, false, true, false}));
+}
+
+TEST_F(ScreenshotHotkeyMonitorEndTest, escape_ends_it_with_any_modifiers)
+{
+    monitor->start();
+    for (const std::uint64_t modifiers : {kShift, kControl, kOption, kCommand, kCommand | kShift | kOption}) {
+        reports.clear();
+        activate();
+        key(kEscape, modifiers);
+        runLoop.runPosted();
+        EXPECT_EQ(reports, (Reports{true, false})) << modifiers;
+    }
+}
+
+TEST_F(ScreenshotHotkeyMonitorEndTest, a_listener_that_replaces_itself_lives_until_it_returns)
+{
+    auto mark = std::make_shared<int>(0);
+    bool alive = false;
+    monitor->onChange = [this, mark, &alive](bool) {
+        const std::weak_ptr<int> self = mark;
+        monitor->onChange = nullptr;
+        alive = !self.expired();
+    };
+    mark.reset();
+    monitor->start();
+    activate();
+    EXPECT_TRUE(alive);
+}
+
 } // namespace
 } // namespace haloric

@@ -196,5 +196,41 @@ TEST(SettingsCodecDecodeTest, nesting_of_any_depth_is_survived)
     EXPECT_FALSE(decode(objects).has_value());
 }
 
+// In the manner of an encoder that writes no fraction for whole numbers, escapes slashes and writes what lies beyond
+// 16 bits as a pair, with its members in the order of a hash table.
+TEST(SettingsCodecDecodeTest, a_record_of_another_encoder_is_read)
+{
+    constexpr const char* kRecord =
+        R"({"tintHeight":30,"dimApps":["org.example.a\/b","org.example.\ud83d\ude00","org.example.\u00e9"],)"
+        R"("glowColor":{"custom":{"b":0,"a":1,"r":1,"g":0.5},"useAccent":false},"hotkeyEnabled":true,"dimOpacity":0.5,)"
+        R"("accent":{"g":0,"a":1,"b":1,"r":0},"pulseEnabled":false,"borderWidth":2,"dimScope":"selectedApps",)"
+        R"("glowOpacity":1,"tintColor":{"useAccent":true,"custom":{"a":0,"b":1,"g":1,"r":1}},"dimEnabled":true,)"
+        R"("cornerRadius":0,"glowRadius":1.8e1,"hideWhenFullScreen":true,"tintOpacity":0.25000000000000006,)"
+        R"("borderColor":{"custom":{"r":0.040000000000000001,"a":1,"g":0.52000000000000002,"b":1},"useAccent":true},)"
+        R"("dimColor":{"b":1,"r":1,"a":1,"g":1},"borderEnabled":false,"tintEnabled":true,"glowEnabled":false})";
+    Settings expected;
+    expected.tintHeight = 30;
+    expected.dimApps = {"org.example.a/b", "org.example.\xf0\x9f\x98\x80", "org.example.\xc3\xa9"};
+    expected.glowColor = {false, {1, 0.5, 0, 1}};
+    expected.hotkeyEnabled = true;
+    expected.dimOpacity = 0.5;
+    expected.accent = {0, 0, 1, 1};
+    expected.pulseEnabled = false;
+    expected.borderWidth = 2;
+    expected.dimScope = DimScope::selectedApps;
+    expected.glowOpacity = 1;
+    expected.tintColor = {true, {1, 1, 1, 0}};
+    expected.dimEnabled = true;
+    expected.cornerRadius = 0;
+    expected.glowRadius = 18;
+    expected.hideWhenFullScreen = true;
+    expected.tintOpacity = 0.25000000000000006;
+    expected.dimColor = {1, 1, 1, 1};
+    expected.borderEnabled = false;
+    expected.tintEnabled = true;
+    expected.glowEnabled = false;
+    EXPECT_EQ(decode(kRecord), expected);
+}
+
 } // namespace
 } // namespace haloric

@@ -125,5 +125,19 @@ TEST_F(SettingsViewChangeTest, once_the_view_is_destroyed_its_controls_do_nothin
     EXPECT_TRUE(forms.empty());
 }
 
+TEST_F(SettingsViewChangeTest, a_handler_that_replaces_itself_lives_until_it_returns)
+{
+    auto mark = std::make_shared<int>(0);
+    bool alive = false;
+    view->setOnFormChange([this, mark, &alive](const FormModel&) {
+        const std::weak_ptr<int> self = mark;
+        view->setOnFormChange(nullptr);
+        alive = !self.expired();
+    });
+    mark.reset();
+    control<FormToggle>("dimEnabled").set(true);
+    EXPECT_TRUE(alive);
+}
+
 } // namespace
 } // namespace haloric

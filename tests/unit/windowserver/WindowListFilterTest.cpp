@@ -82,5 +82,24 @@ TEST_F(WindowListFilterTest, bounds_that_are_not_finite_are_skipped)
     }
 }
 
+TEST_F(WindowListFilterTest, no_application_is_looked_up_for_a_window_that_is_skipped)
+{
+    EXPECT_FALSE(listsWith(&WindowInfo::layer, std::int64_t{3}));
+    EXPECT_FALSE(listsWith(&WindowInfo::alpha, 0.0));
+    EXPECT_FALSE(listsWith(&WindowInfo::number, {}));
+    EXPECT_FALSE(listsWith(&WindowInfo::bounds, {}));
+    EXPECT_FALSE(lists(window(1, kEditor, {0, 0, 1, 500})));
+    EXPECT_TRUE(workspace.lookups.empty());
+    EXPECT_TRUE(lists(window(1)));
+    EXPECT_EQ(workspace.lookups.size(), 1U);
+}
+
+TEST_F(WindowListFilterTest, frames_count_from_the_upper_edge_of_a_first_screen_that_does_not_start_at_zero)
+{
+    screens.set({Screen{{0, -150, 1440, 900}, DisplayID{1}}});
+    source.windows = {window(1)};
+    EXPECT_EQ(list.onScreen().at(0).rect, (Rect{10, 530, 300, 200}));
+}
+
 } // namespace
 } // namespace haloric

@@ -2,19 +2,25 @@
 #include "controls/Menus.h"
 #include "loop/MainLoop.h"
 #include "windows/Windows.h"
+#include "world/World.h"
 
 #import <ServiceManagement/ServiceManagement.h>
 
 #include <cstdlib>
 #include <utility>
 
+#include <unistd.h>
+
 using substitute::raise;
 
 NSApplication* NSApp;
+bool substitute::activationRefused = false;
+
 @implementation NSApplication {
     id __weak _delegate;
     NSApplicationActivationPolicy _policy;
     bool _ends, _launched;
+    NSMenu* _mainMenu;
 }
 + (NSApplication*)sharedApplication
 {
@@ -35,8 +41,50 @@ NSApplication* NSApp;
     _policy = policy;
     return YES;
 }
+// NSApplication activateIgnoringOtherApps: since macOS 14 the system may refuse it.
 - (void)activateIgnoringOtherApps:(BOOL)v
 {
+    if (!substitute::activationRefused)
+        substitute::activate(getpid());
+}
+- (BOOL)isActive
+{
+    return substitute::World::the().frontmost == getpid();
+}
+- (void)yieldActivationToApplication:(NSRunningApplication*)application
+{
+    if (self.active)
+        substitute::yieldedTo = application.processIdentifier;
+}
+- (NSArray*)windows
+{
+    return substitute::windows();
+}
+- (void)setMainMenu:(NSMenu*)menu
+{
+    _mainMenu = menu;
+}
+- (NSMenu*)mainMenu
+{
+    return _mainMenu;
+}
+// NSMenu performKeyEquivalent: the first enabled item of that key and those modifiers sends its action to the target,
+// or else along the responder chain: here the key window, then the application.
+- (BOOL)_pressKey:(NSString*)key modifiers:(NSEventModifierFlags)modifiers
+{
+    if (!self.active)
+        return NO;
+    for (NSMenuItem* bar in _mainMenu.itemArray)
+        for (NSMenuItem* item in bar.submenu.itemArray) {
+            if (![item.keyEquivalent isEqualToString:key] || item.keyEquivalentModifierMask != modifiers)
+                continue;
+            for (id target in item.target ? @[ item.target ] : @[ substitute::keyWindow ?: (id)self, self ])
+                if ([target respondsToSelector:item.action]) {
+                    [target performSelector:item.action withObject:item];
+                    return YES;
+                }
+        }
+    return NO;
 }
 - (void)finishLaunching
 {
@@ -71,8 +119,19 @@ NSApplication* NSApp;
 {
     return [[NSImage alloc] init];
 }
+// NSApplication orderFrontStandardAboutPanelWithOptions: makes one panel and orders it front each time.
 - (void)orderFrontStandardAboutPanelWithOptions:(NSDictionary*)options
 {
+    static NSWindow* panel;
+    if (!panel) {
+        panel = [[NSPanel alloc] initWithContentRect:NSMakeRect(0, 0, 280, 160)
+                                           styleMask:NSWindowStyleMaskTitled | NSWindowStyleMaskClosable
+                                             backing:NSBackingStoreBuffered
+                                               defer:NO];
+        panel.releasedWhenClosed = NO;
+        panel.title = @"About";
+    }
+    [panel makeKeyAndOrderFront:nil];
 }
 @end
 

@@ -27,6 +27,13 @@ using substitute::raise;
     [_arranged addObject:v];
     [self addSubview:v];
 }
+- (NSArray*)views
+{
+    return [_arranged copy];
+}
+- (void)setHuggingPriority:(NSLayoutPriority)p forOrientation:(NSLayoutConstraintOrientation)o
+{
+}
 - (void)insertArrangedSubview:(NSView*)v atIndex:(NSInteger)i
 {
     [_arranged insertObject:v atIndex:static_cast<NSUInteger>(i)];

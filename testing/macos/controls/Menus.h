@@ -20,7 +20,14 @@
 - (NSArray*)_items;
 @end
 
+@interface NSApplication (Substitute)
+// As a person presses it while the application is active; NO if no item of the main menu has it.
+- (BOOL)_pressKey:(NSString*)key modifiers:(NSEventModifierFlags)modifiers;
+@end
+
 namespace substitute {
+
+extern bool activationRefused; // the system keeps another application active
 
 long hotkeys(); // registered ones
 void pressHotkey();

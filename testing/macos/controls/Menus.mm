@@ -14,6 +14,7 @@ using substitute::raise;
     NSInteger _state;
     BOOL _enabled, _hidden, _separator;
     NSImage* _image;
+    NSEventModifierFlags _keyEquivalentModifierMask;
 }
 + (NSMenuItem*)separatorItem
 {
@@ -26,6 +27,7 @@ using substitute::raise;
     if ((self = [super init])) {
         _enabled = YES;
         _title = @"";
+        _keyEquivalentModifierMask = NSEventModifierFlagCommand; // its documented default
     }
     return self;
 }
@@ -143,6 +145,14 @@ using substitute::raise;
     _submenu = v;
     [v _under:self];
 }
+- (NSEventModifierFlags)keyEquivalentModifierMask
+{
+    return _keyEquivalentModifierMask;
+}
+- (void)setKeyEquivalentModifierMask:(NSEventModifierFlags)v
+{
+    _keyEquivalentModifierMask = v;
+}
 - (NSMenuItem*)parentItem
 {
     return [_menu _parent];
@@ -159,6 +169,17 @@ using substitute::raise;
     if ((self = [super init]))
         _items = [NSMutableArray array];
     return self;
+}
+- (instancetype)initWithTitle:(NSString*)title
+{
+    return [self init];
+}
+- (void)removeItemAtIndex:(NSInteger)i
+{
+    if (i < 0 || i >= self.numberOfItems)
+        raise("NSInvalidArgumentException: removeItemAtIndex:");
+    [[self itemAtIndex:i] _in:nil];
+    [_items removeObjectAtIndex:static_cast<NSUInteger>(i)];
 }
 - (void)setAutoenablesItems:(BOOL)v
 {

@@ -7,7 +7,23 @@
 
 using substitute::raise;
 
-@implementation NSAlert
+std::function<void(NSAlert*)> substitute::whileAlertRuns;
+NSModalResponse substitute::alertResponse = NSAlertFirstButtonReturn;
+
+@implementation NSAlert {
+    NSWindow* _window;
+}
+- (NSWindow*)window
+{
+    if (!_window) {
+        _window = [[NSPanel alloc] initWithContentRect:NSMakeRect(0, 0, 260, 200)
+                                             styleMask:NSWindowStyleMaskTitled
+                                               backing:NSBackingStoreBuffered
+                                                 defer:NO];
+        _window.releasedWhenClosed = NO;
+    }
+    return _window;
+}
 + (NSAlert*)alertWithError:(NSError*)e
 {
     return [[self alloc] init];
@@ -28,9 +44,16 @@ using substitute::raise;
 {
     return nil;
 }
+// NSAlert runModal shows the alert's window, and orders it out when a button was pressed.
 - (NSModalResponse)runModal
 {
-    return NSAlertFirstButtonReturn;
+    [self.window makeKeyAndOrderFront:nil];
+    if (substitute::whileAlertRuns)
+        substitute::whileAlertRuns(self);
+    [self.window orderOut:nil];
+    if (substitute::keyWindow == self.window)
+        substitute::keyWindow = nil;
+    return substitute::alertResponse;
 }
 @end
 @implementation NSSavePanel

@@ -3,6 +3,7 @@
 
 #import <Foundation/Foundation.h>
 
+#include <map>
 #include <string>
 
 @interface NSObject (Substitute)
@@ -18,6 +19,8 @@
 @end
 
 namespace substitute {
+
+std::map<void*, NSActivityOptions>& activities(); // those begun and not ended
 
 NSString* text(const std::string& utf8);
 

@@ -22,6 +22,12 @@ extern char** environ;
 using substitute::raise;
 using substitute::text;
 
+std::map<void*, NSActivityOptions>& substitute::activities()
+{
+    static auto* const all = new std::map<void*, NSActivityOptions>;
+    return *all;
+}
+
 @implementation NSProcessInfo
 + (NSProcessInfo*)processInfo
 {
@@ -31,6 +37,20 @@ using substitute::text;
 - (NSTimeInterval)systemUptime
 {
     return substitute::now();
+}
+// NSProcessInfo beginActivityWithOptions:reason: the activity lasts until endActivity: has been called with its token.
+- (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options reason:(NSString*)reason
+{
+    if (reason.length == 0)
+        raise("NSInvalidArgumentException: an activity without a reason");
+    id token = [[NSObject alloc] init];
+    substitute::activities()[(__bridge void*)token] = options;
+    return token;
+}
+- (void)endActivity:(id<NSObject>)activity
+{
+    if (substitute::activities().erase((__bridge void*)activity) != 1)
+        raise("an activity is ended that was not begun");
 }
 - (int)processIdentifier
 {
@@ -243,3 +263,4 @@ extern "C" Class NSClassFromString(NSString* name)
     return (__bridge Class)(void*)rt_class_named([name _utf8].c_str());
 }
 extern "C" SEL NSSelectorFromString(NSString* name) { return (SEL)sel_registerName([name _utf8].c_str()); }
+extern "C" NSString* NSStringFromSelector(SEL selector) { return substitute::text(sel_getName(selector)); }

@@ -117,10 +117,22 @@ static bool isUTF8(const std::string& s)
 {
     std::va_list arguments;
     va_start(arguments, format);
-    char words[4000];
-    std::vsnprintf(words, sizeof words, [format _utf8].c_str(), arguments); // without %@
+    std::string rest = [format _utf8];
+    std::string words;
+    // Objects, or C's conversions, but not both: more is not needed.
+    for (auto at = rest.find("%@"); at != std::string::npos; at = rest.find("%@")) {
+        words += rest.substr(0, at) + [[va_arg(arguments, id) description] _utf8];
+        rest.erase(0, at + 2);
+        if (rest.find('%') != std::string::npos && rest.find("%@") == std::string::npos)
+            raise("stringWithFormat: with objects and other values");
+    }
+    if (words.empty()) {
+        char converted[4000];
+        std::vsnprintf(converted, sizeof converted, rest.c_str(), arguments);
+        rest = converted;
+    }
     va_end(arguments);
-    return text(words);
+    return text(words + rest);
 }
 - (id)copyWithZone:(NSZone*)zone
 {

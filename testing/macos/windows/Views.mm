@@ -37,6 +37,14 @@ using substitute::raise;
         raise("a constraint to nil");
     return [[NSLayoutConstraint alloc] init];
 }
+- (NSLayoutConstraint*)constraintGreaterThanOrEqualToAnchor:(id)other constant:(CGFloat)c
+{
+    return [self constraintEqualToAnchor:other constant:c];
+}
+- (NSLayoutConstraint*)constraintLessThanOrEqualToAnchor:(id)other constant:(CGFloat)c
+{
+    return [self constraintEqualToAnchor:other constant:c];
+}
 - (NSLayoutConstraint*)constraintEqualToConstant:(CGFloat)c
 {
     return [[NSLayoutConstraint alloc] init];

@@ -5,6 +5,8 @@
 
 #import <AppKit/AppKit.h>
 
+#include <functional>
+
 @interface NSWindow (Substitute)
 - (void)_scheduleDisplay;
 - (void)_display;
@@ -22,5 +24,8 @@ NSMutableArray* windows(); // all that exist
 
 extern long drawn; // how often a view was asked to draw
 extern NSWindow* keyWindow;
+
+extern std::function<void(NSAlert*)> whileAlertRuns; // while an alert is shown; may be empty
+extern NSModalResponse alertResponse;                // of the next alerts
 
 } // namespace substitute

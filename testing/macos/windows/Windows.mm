@@ -28,6 +28,7 @@ NSMutableArray* substitute::windows()
         [all addObject:one];
     return all;
 }
+NSNotificationName const NSWindowWillCloseNotification = @"NSWindowWillCloseNotification";
 extern "C" const NSRect NSZeroRect;
 const NSRect NSZeroRect = {{0, 0}, {0, 0}};
 namespace substitute {
@@ -45,6 +46,8 @@ NSWindow* keyWindow;
     NSColor* _background;
     NSString* _title;
     NSWindowAnimationBehavior _animation;
+    NSWindowStyleMask _styleMask;
+    BOOL _miniaturized, _cannotHide, _noElement;
 }
 - (instancetype)initWithContentRect:(NSRect)rect
                           styleMask:(NSWindowStyleMask)mask
@@ -55,6 +58,7 @@ NSWindow* keyWindow;
         return nil;
     allWindows().push_back(self);
     _rect = rect;
+    _styleMask = mask;
     _opaque = _shadow = _released = _movable = YES;
     if (!defer) { // a window device at once, off screen
         const std::lock_guard guard(World::the().lock);
@@ -177,15 +181,69 @@ NSWindow* keyWindow;
 - (void)center
 {
 }
+// NSWindow makeKeyAndOrderFront: while the application is inactive, its windows stay behind those of the active one.
 - (void)makeKeyAndOrderFront:(id)sender
 {
-    [self orderFrontRegardless];
+    if (NSApp.active || World::the().frontmost == 0)
+        [self orderFrontRegardless];
+    else if (!_shown) {
+        _shown = YES;
+        const std::lock_guard guard(World::the().lock);
+        World::the().find(_number)->onScreen = true;
+        World::the().toBack(_number);
+    }
     if (self.canBecomeKeyWindow)
         substitute::keyWindow = self;
 }
-- (void)close
+- (NSWindowStyleMask)styleMask
+{
+    return _styleMask;
+}
+- (NSWindowLevel)level
+{
+    return _level;
+}
+- (BOOL)isMiniaturized
+{
+    return _miniaturized;
+}
+// NSWindow miniaturize: the window leaves the screen for the Dock, and isVisible is NO.
+- (void)miniaturize:(id)sender
 {
     [self orderOut:nil];
+    _miniaturized = YES;
+}
+- (void)deminiaturize:(id)sender
+{
+    if (!_miniaturized)
+        return;
+    _miniaturized = NO;
+    _shown = YES;
+    const std::lock_guard guard(World::the().lock);
+    World::the().find(_number)->onScreen = true;
+}
+- (BOOL)canHide
+{
+    return !_cannotHide;
+}
+- (void)setCanHide:(BOOL)v
+{
+    _cannotHide = !v;
+}
+- (void)setAccessibilityElement:(BOOL)v
+{
+    _noElement = !v;
+}
+- (BOOL)isAccessibilityElement
+{
+    return !_noElement;
+}
+// NSWindow close posts NSWindowWillCloseNotification while the window is still there.
+- (void)close
+{
+    [NSNotificationCenter.defaultCenter postNotificationName:NSWindowWillCloseNotification object:self];
+    [self orderOut:nil];
+    _miniaturized = NO;
     if (substitute::keyWindow == self)
         substitute::keyWindow = nil;
     if (_released)

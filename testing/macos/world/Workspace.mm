@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+#include <unistd.h>
+
 using substitute::raise;
 using substitute::text;
 using substitute::World;
@@ -16,8 +18,24 @@ NSNotificationName const NSWorkspaceDidActivateApplicationNotification =
 NSNotificationName const NSWorkspaceDidTerminateApplicationNotification =
     @"NSWorkspaceDidTerminateApplicationNotification";
 NSNotificationName const NSWorkspaceActiveSpaceDidChangeNotification = @"NSWorkspaceActiveSpaceDidChangeNotification";
+NSNotificationName const NSWorkspaceScreensDidWakeNotification = @"NSWorkspaceScreensDidWakeNotification";
 NSNotificationName const NSApplicationDidChangeScreenParametersNotification =
     @"NSApplicationDidChangeScreenParametersNotification";
+
+namespace substitute {
+int yieldedTo;
+bool activate(int pid)
+{
+    World& world = World::the();
+    const Lock guard(world.lock);
+    if (pid != getpid() && !world.applications.contains(pid))
+        return false;
+    yieldedTo = 0;
+    const Window* window = world.firstOf(pid);
+    world.activate(pid, window ? window->number : 0);
+    return true;
+}
+} // namespace substitute
 
 @implementation NSRunningApplication {
 @public
@@ -31,9 +49,31 @@ NSNotificationName const NSApplicationDidChangeScreenParametersNotification =
     made->_pid = pid;
     return made;
 }
++ (NSRunningApplication*)currentApplication
+{
+    NSRunningApplication* made = [[NSRunningApplication alloc] init];
+    made->_pid = getpid();
+    return made;
+}
 - (pid_t)processIdentifier
 {
     return _pid;
+}
+- (BOOL)isTerminated
+{
+    return _pid != getpid() && !World::the().applications.contains(_pid);
+}
+// NSRunningApplication activateWithOptions: asks; without "all windows" only the main and the key window come forward.
+- (BOOL)activateWithOptions:(NSApplicationActivationOptions)options
+{
+    return substitute::activate(_pid);
+}
+// NSRunningApplication activateFromApplication:options: works for the application that the active one has yielded to.
+- (BOOL)activateFromApplication:(NSRunningApplication*)application options:(NSApplicationActivationOptions)options
+{
+    if (application->_pid != World::the().frontmost || substitute::yieldedTo != _pid)
+        return NO;
+    return substitute::activate(_pid);
 }
 - (BOOL)isHidden
 {

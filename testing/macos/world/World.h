@@ -49,6 +49,7 @@ public:
     Window* firstOf(int pid);
     void server(unsigned event, unsigned number); // private notifications
     void toFront(unsigned number);
+    void toBack(unsigned number);
 
 private:
     unsigned m_last = 100;
@@ -59,5 +60,9 @@ extern std::vector<Display> displays;
 // From the world to the stand-ins; `World::lock` is held.
 void tellAccessibility(int pid, const char* name, unsigned number);
 void forgetWindowServerClients();
+
+// Makes the application frontmost and tells the workspace's observers. False for one that does not run.
+bool activate(int pid);
+extern int yieldedTo; // the process that the active application lets be activated next; 0: none
 
 } // namespace substitute

@@ -39,6 +39,14 @@ void World::toFront(unsigned number) // among its layer
     if (before != it)
         windows.splice(before, windows, it);
 }
+void World::toBack(unsigned number) // among its layer
+{
+    const auto it = std::ranges::find_if(windows, [&](const Window& w) { return w.number == number; });
+    if (it == windows.end())
+        return;
+    const auto behind = std::ranges::find_if(windows, [&](const Window& w) { return w.layer < it->layer; });
+    windows.splice(behind, windows, it);
+}
 unsigned World::open(int pid, CGRect frame)
 {
     const Lock guard(lock);
@@ -113,6 +121,7 @@ void World::reset()
     applications.clear();
     frontmost = 0;
     buttons = 0;
+    yieldedTo = 0;
     forgetWindowServerClients();
 }
 }

@@ -1,5 +1,7 @@
 #include "hosts/macos/base/MacNotifications.h"
 
+#include "hosts/macos/base/OwnPool.h"
+
 #include <utility>
 
 namespace haloric {
@@ -8,7 +10,7 @@ Subscription observeNotification(NSNotificationCenter* center, NSNotificationNam
 {
     const auto deliver = ^(NSNotification*) {
       const Task running = handler; // it may end its own subscription, and this block with it
-      running();
+      withOwnPool(running);
     };
     const id token = [center addObserverForName:name object:nil queue:NSOperationQueue.mainQueue usingBlock:deliver];
     return Subscription([center, token] { [center removeObserver:token]; });

@@ -112,7 +112,7 @@ Subscription MacInputMonitors::addGlobalMouseMonitor(EventMask mask, MouseHandle
 {
     const auto take = ^(NSEvent* event) {
       const MouseHandler running = handler; // it may remove the monitor, and this block with it
-      running(eventType(event));
+      withOwnPool([&] { running(eventType(event)); });
     };
     const id monitor = [NSEvent addGlobalMonitorForEventsMatchingMask:eventMask(mask) handler:take];
     return monitor ? monitorSubscription(monitor) : Subscription();
@@ -123,7 +123,7 @@ Subscription MacInputMonitors::addLocalMouseMonitor(EventMask mask, MouseHandler
     const auto take = ^NSEvent*(NSEvent* event)
     {
         const MouseHandler running = handler;
-        running(eventType(event));
+        withOwnPool([&] { running(eventType(event)); });
         return event;
     };
     const id monitor = [NSEvent addLocalMonitorForEventsMatchingMask:eventMask(mask) handler:take];

@@ -1,6 +1,7 @@
 #import "hosts/macos/overlay/MacContentView.h"
 
 #include "hosts/macos/base/MacConversions.h"
+#include "hosts/macos/base/OwnPool.h"
 #include "hosts/macos/overlay/MacCanvas.h"
 
 namespace {
@@ -44,8 +45,10 @@ haloric::CompositingOperation compositingOperation(NSGraphicsContext* context)
     NSGraphicsContext* context = NSGraphicsContext.currentContext;
     if (!_content || !context)
         return;
-    haloric::MacCanvas canvas(context.CGContext, compositingOperation(context));
-    _content->draw(canvas, haloric::rectFrom(self.bounds));
+    haloric::withOwnPool([&] {
+        haloric::MacCanvas canvas(context.CGContext, compositingOperation(context));
+        _content->draw(canvas, haloric::rectFrom(self.bounds));
+    });
 }
 
 // Nothing of the old picture fits a view of another size or scale.

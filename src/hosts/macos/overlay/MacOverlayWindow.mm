@@ -38,6 +38,8 @@ static_assert((NSWindowCollectionBehaviorMoveToActiveSpace | NSWindowCollectionB
     self.collectionBehavior = static_cast<NSWindowCollectionBehavior>(configuration.collectionBehavior);
     self.level = configuration.level;
     self.movable = configuration.isMovable;
+    self.canHide = NO; // "Hide Others" hides applications, and this one shows something of the others
+    self.accessibilityElement = NO;
     return self;
 }
 

@@ -8,7 +8,7 @@
 
 #include <utility>
 
-// What the link calls; the link keeps it until it is invalidated.
+// What the link calls.
 API_AVAILABLE(macos(14.0))
 @interface MacScreenLinkTarget : NSObject
 - (instancetype)initWithTick:(haloric::Task)tick;
@@ -40,8 +40,8 @@ namespace {
 class API_AVAILABLE(macos(14.0)) MacScreenLink final : public ScreenDisplayLink {
 public:
     MacScreenLink(NSScreen* screen, Task tick)
-        : m_link([screen displayLinkWithTarget:[[MacScreenLinkTarget alloc] initWithTick:std::move(tick)]
-                                      selector:@selector(displayTick:)])
+        : m_target([[MacScreenLinkTarget alloc] initWithTick:std::move(tick)]),
+          m_link([screen displayLinkWithTarget:m_target selector:@selector(displayTick:)])
     {
     }
     ~MacScreenLink() override { [m_link invalidate]; }
@@ -57,7 +57,8 @@ public:
     void invalidate() override { [m_link invalidate]; }
 
 private:
-    CADisplayLink* m_link;
+    MacScreenLinkTarget* const m_target; // kept here: whether the link keeps it is not documented for screens
+    CADisplayLink* const m_link;
 };
 
 } // namespace

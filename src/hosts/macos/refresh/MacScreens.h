@@ -1,5 +1,6 @@
-// AppKit's screens, read once and again after each change, so that asking costs nothing. Made once the application
-// object exists.
+// AppKit's screens, read once and again after each change, so that asking costs nothing. They count as changed when the
+// displays wake as well: a display link that was made before they slept may never tick again, and a change has a new
+// one made. Made once the application object exists.
 #pragma once
 
 #include "foundation/Publisher.h"
@@ -27,7 +28,8 @@ private:
 
     std::vector<Screen> m_screens;
     Publisher<> m_changed;
-    Subscription m_observation;
+    Subscription m_parametersChange;
+    Subscription m_wake;
 };
 
 } // namespace haloric

@@ -31,11 +31,14 @@ Screen screenFrom(NSScreen* screen)
 MacScreens::MacScreens()
 {
     read();
-    m_observation = observeNotification(NSNotificationCenter.defaultCenter,
-                                        NSApplicationDidChangeScreenParametersNotification, [this] {
-                                            read();
-                                            m_changed.publish();
-                                        });
+    const auto changed = [this] {
+        read();
+        m_changed.publish();
+    };
+    m_parametersChange = observeNotification(NSNotificationCenter.defaultCenter,
+                                             NSApplicationDidChangeScreenParametersNotification, changed);
+    m_wake = observeNotification(NSWorkspace.sharedWorkspace.notificationCenter, NSWorkspaceScreensDidWakeNotification,
+                                 changed);
 }
 
 Subscription MacScreens::onParametersChange(Task handler) { return m_changed.subscribe(std::move(handler)); }

@@ -1,6 +1,8 @@
-// The NSApplication and its delegate.
+// The NSApplication and its delegate, with what belongs to the application as a whole: its main menu, the focus that
+// returns to others, and the activity that keeps macOS from slowing its timers.
 #pragma once
 
+#include "hosts/macos/shell/MacFocusReturn.h"
 #include "platform/Application.h"
 
 #import <AppKit/AppKit.h>
@@ -13,6 +15,9 @@ class MacApplication final : public Application {
 public:
     // Makes the NSApplication, which every other adapter of this host needs.
     MacApplication();
+    ~MacApplication() override;
+    MacApplication(const MacApplication&) = delete;
+    MacApplication& operator=(const MacApplication&) = delete;
 
     void setDelegate(ApplicationDelegate* delegate) override;
     void setActivationPolicy(ActivationPolicy policy) override;
@@ -26,6 +31,8 @@ public:
 private:
     NSApplication* const m_application;
     MacApplicationDelegate* m_delegate; // kept here, because NSApplication keeps it weakly
+    const id<NSObject> m_activity;
+    MacFocusReturn m_focusReturn;
 };
 
 } // namespace haloric

@@ -2,6 +2,7 @@
 
 #include "hosts/macos/base/MacConversions.h"
 #include "hosts/macos/overlay/MacOverlayWindow.h"
+#include "hosts/macos/shell/MacMainMenu.h"
 
 // The application's delegate as AppKit expects it. Passes each event on.
 @interface MacApplicationDelegate : NSObject <NSApplicationDelegate>
@@ -30,12 +31,25 @@
         self.receiver->applicationWillTerminate();
 }
 
+// Nothing is saved or restored; macOS asks, and logs a warning without an answer.
+- (BOOL)applicationSupportsSecureRestorableState:(NSApplication*)__unused application
+{
+    return YES;
+}
+
 @end
 
 namespace haloric {
 namespace {
 
 static_assert(NSApplicationActivationPolicyAccessory == static_cast<NSInteger>(ActivationPolicy::accessory));
+
+// Without it App Nap delays the timers of an application that shows no window of its own. The Mac may still sleep.
+id<NSObject> beginActivity()
+{
+    return [NSProcessInfo.processInfo beginActivityWithOptions:NSActivityUserInitiatedAllowingIdleSystemSleep
+                                                        reason:@"Follows the focused window"];
+}
 
 std::optional<OwnWindow> ownWindow(NSWindow* window)
 {
@@ -54,9 +68,13 @@ std::optional<OwnWindow> ownWindow(NSWindow* window)
 
 MacApplication::MacApplication()
     : m_application(NSApplication.sharedApplication),
-      m_delegate([[MacApplicationDelegate alloc] init])
+      m_delegate([[MacApplicationDelegate alloc] init]),
+      m_activity(beginActivity())
 {
+    m_application.mainMenu = makeMainMenu();
 }
+
+MacApplication::~MacApplication() { [NSProcessInfo.processInfo endActivity:m_activity]; }
 
 void MacApplication::setDelegate(ApplicationDelegate* delegate)
 {

@@ -27,6 +27,7 @@ void MacPanels::orderFrontStandardAboutPanel(const AboutPanel& panel)
         NSFontAttributeName : [NSFont systemFontOfSize:panel.creditsFontSize],
         NSForegroundColorAttributeName : NSColor.labelColor,
     };
+    NSArray<NSWindow*>* before = NSApp.windows;
     [NSApp orderFrontStandardAboutPanelWithOptions:@{
         NSAboutPanelOptionApplicationName : nsStringFrom(panel.applicationName),
         NSAboutPanelOptionApplicationVersion : nsStringFrom(panel.applicationVersion),
@@ -34,6 +35,12 @@ void MacPanels::orderFrontStandardAboutPanel(const AboutPanel& panel)
         NSAboutPanelOptionCredits : [[NSAttributedString alloc] initWithString:nsStringFrom(panel.credits)
                                                                     attributes:style],
     }];
+    // AppKit returns no panel: it is the window that was not there.
+    if (!m_about)
+        for (NSWindow* window in NSApp.windows)
+            if (![before containsObject:window])
+                m_about = window;
+    [m_about orderFrontRegardless]; // an inactive application's windows open behind others
 }
 
 std::optional<std::string> MacPanels::runModalOpenPanel(const OpenPanel& model)

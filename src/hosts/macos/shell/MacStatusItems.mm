@@ -22,7 +22,12 @@ public:
 
     bool hasButton() const override { return m_item.button != nil; }
     void setImage(const Image& image) override { m_item.button.image = nsImageFrom(image); }
-    void setToolTip(const std::string& text) override { m_item.button.toolTip = nsStringFrom(text); }
+
+    void setToolTip(const std::string& text) override
+    {
+        m_item.button.toolTip = nsStringFrom(text);
+        m_item.button.accessibilityLabel = nsStringFrom(text); // the icon has no name
+    }
 
     void setMenu(const MenuModel& menu, MenuDelegate& delegate) override
     {

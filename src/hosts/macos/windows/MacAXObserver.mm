@@ -31,9 +31,11 @@ void MacAXObserver::removeFromMainRunLoop()
     CFRunLoopRemoveSource(CFRunLoopGetMain(), AXObserverGetRunLoopSource(m_observer.get()), kCFRunLoopCommonModes);
 }
 
-void MacAXObserver::deliver(AXObserverRef, AXUIElementRef, CFStringRef notification, void* context)
+void MacAXObserver::deliver(AXObserverRef observer, AXUIElementRef, CFStringRef notification, void* context)
 {
-    // Calls a copy and touches nothing afterwards: the callback may release the observer on its queue meanwhile.
+    // Calls a copy and touches nothing afterwards: the callback may have this object released on its queue meanwhile.
+    // The system's observer stays until its own function has returned.
+    const auto kept = CFOwned<AXObserverRef>::retaining(observer);
     const auto callback = static_cast<const MacAXObserver*>(context)->m_callback;
     withOwnPool([&] { callback(stringFrom((__bridge NSString*)notification)); });
 }

@@ -27,6 +27,11 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
     # Without it each precompiled header holds the time, and ccache never finds what was compiled with it.
     target_compile_options(haloric_options INTERFACE "SHELL:-Xclang -fno-pch-timestamp")
 endif()
+if(CMAKE_SYSTEM_NAME STREQUAL "Darwin" OR NOT CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
+    # A product and a sum are rounded separately, so that geometry and pictures are the same everywhere. The compiler's
+    # default for x86-64 has no instruction that could do both at once.
+    target_compile_options(haloric_options INTERFACE -ffp-contract=off)
+endif()
 if(HALORIC_SANITIZERS)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         # The instrumentation hides from g++ 12 what std::optional and std::variant have initialised.

@@ -256,5 +256,73 @@ TEST_F(X11HotkeysTest, only_handlers_for_that_event_are_called_and_the_newest_fi
     EXPECT_EQ(pressesSeenByFocus, 0);
 }
 
+TEST_F(X11HotkeysTest, a_handler_that_is_removed_during_the_delivery_is_not_called)
+{
+    ASSERT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    constexpr std::int32_t kNotHandled = -9874;
+    hotkeys.installEventHandler(X11Hotkeys::kPressed, [&] {
+        hotkeys.removeEventHandler(handler);
+        return kNotHandled;
+    });
+    EXPECT_EQ(pressesOf(), 0);
+}
+
+TEST_F(X11HotkeysTest, a_handler_may_replace_itself)
+{
+    ASSERT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    constexpr std::int32_t kNotHandled = -9874;
+    const std::string text(100, 'x'); // in the memory of the handler, which the removal must not free
+    int replacements = 0;
+    EventHandlerRef replaced{};
+    replaced = hotkeys.installEventHandler(X11Hotkeys::kPressed, [&, text] {
+        hotkeys.removeEventHandler(replaced);
+        for (int other = 0; other < 20; ++other) // they need more memory than the list has
+            hotkeys.installEventHandler(X11Hotkeys::kPressed, [&replacements] {
+                ++replacements;
+                return kNotHandled;
+            });
+        EXPECT_EQ(text, std::string(100, 'x'));
+        return kNotHandled;
+    });
+    EXPECT_EQ(pressesOf(), 1);
+    EXPECT_EQ(replacements, 0) << "installed during the delivery";
+    EXPECT_EQ(pressesOf(), 1);
+    EXPECT_EQ(replacements, 20);
+}
+
+TEST_F(X11HotkeysTest, a_press_within_the_millisecond_of_another_keys_release_counts)
+{
+    constexpr Hotkey kOtherHotkey{.keyCode = 40, .modifiers = 6400, .signature = 0x484C5243, .number = 2};
+    constexpr std::uint8_t kKeyCodeOfK = 45;
+    ASSERT_NE(hotkeys.registerHotkey(kHotkey, 0), HotkeyRef::none);
+    ASSERT_NE(hotkeys.registerHotkey(kOtherHotkey, 0), HotkeyRef::none);
+    xcb_timestamp_t released = 0;
+    xcb_timestamp_t pressed = 1;
+    const auto releases = connection->onEvent<xcb_key_release_event_t>(
+        XCB_KEY_RELEASE, [&](const auto& event) { released = event.detail == kKeyCodeOfK ? event.time : released; });
+    const auto pressEvents = connection->onEvent<xcb_key_press_event_t>(
+        XCB_KEY_PRESS, [&](const auto& event) { pressed = event.detail == kKeyCodeOfF ? event.time : pressed; });
+    const auto fake = [&](std::uint8_t type, std::uint8_t key) {
+        xcb_test_fake_input(user.raw(), type, key, XCB_CURRENT_TIME, user.root(), 0, 0, 0);
+    };
+    for (const std::uint32_t key : kModifiers)
+        input.pressKey(key);
+    const Deadline deadline(kTimeout);
+    while (released != pressed && !deadline.isOver()) { // most of the time, the server is fast enough
+        waitAsAPersonDoes();
+        fake(XCB_KEY_PRESS, kKeyCodeOfK);
+        user.synchronize();
+        settle();
+        presses = 0;
+        fake(XCB_KEY_RELEASE, kKeyCodeOfK);
+        fake(XCB_KEY_PRESS, kKeyCodeOfF);
+        fake(XCB_KEY_RELEASE, kKeyCodeOfF);
+        user.synchronize();
+        settle();
+        EXPECT_EQ(presses, 1);
+    }
+    EXPECT_EQ(released, pressed);
+}
+
 } // namespace
 } // namespace haloric

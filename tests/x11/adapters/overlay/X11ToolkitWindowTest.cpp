@@ -64,6 +64,23 @@ TEST_F(X11ToolkitWindowTest, a_move_is_sent_at_once_and_draws_nothing)
     EXPECT_EQ(view.draws, draws);
 }
 
+TEST_F(X11ToolkitWindowTest, a_move_by_a_part_of_a_pixel_draws_again)
+{
+    adapters.scale.set({1.25, {0, 0, 1920, 1080}});
+    window->orderFront();
+    adapters.settle();
+    ASSERT_TRUE(adapters.waitUntil([&] { return view.draws > 0; }));
+    adapters.settle();
+    const int draws = view.draws;
+    window->setFrameOrigin({100.2, 600}); // the same pixels, a quarter of one to the right
+    EXPECT_TRUE(adapters.waitUntil([&] { return view.draws > draws; }));
+    adapters.settle();
+    const int after = view.draws;
+    window->setFrameOrigin({100.2, 592}); // ten pixels down
+    adapters.settle();
+    EXPECT_EQ(view.draws, after);
+}
+
 TEST_F(X11ToolkitWindowTest, requests_of_one_turn_are_drawn_together)
 {
     show();

@@ -88,5 +88,45 @@ TEST_F(X11DisplayLinksTest, without_refreshes_a_timer_takes_over)
     EXPECT_TRUE(adapters.waitUntil([&] { return ticks >= before + 20; }));
 }
 
+TEST_F(X11DisplayLinksTest, refreshes_that_the_link_did_not_ask_for_do_not_count)
+{
+    constexpr std::uint32_t kForeignSerial = 0xFFFFFF;
+    const auto isForeign = [](const xcb_generic_event_t& event) {
+        return eventAs<xcb_present_complete_notify_event_t>(event).serial == kForeignSerial;
+    };
+    const auto link = makeLink();
+    std::optional<int> before;
+    std::optional<int> after;
+    const auto first = adapters.connection->onGenericEvent(&xcb_present_id, [&](const xcb_generic_event_t& event) {
+        if (isForeign(event))
+            before = ticks;
+    });
+    link->addToMainRunLoop();
+    const auto last = adapters.connection->onGenericEvent(&xcb_present_id, [&](const xcb_generic_event_t& event) {
+        if (isForeign(event))
+            after = ticks;
+    });
+    ASSERT_TRUE(adapters.waitUntil([&] { return ticks >= 2; }));
+    for (const RootChild& child : session.observer().rootChildren()) {
+        if (!child.isMapped && child.process == getpid())
+            xcb_present_notify_msc(adapters.connection->raw(), child.window, kForeignSerial, 0, 1, 0);
+    }
+    ASSERT_TRUE(adapters.waitUntil([&] { return after.has_value(); }));
+    EXPECT_EQ(before, after);
+}
+
+TEST_F(X11DisplayLinksTest, a_tick_may_replace_its_link)
+{
+    const std::string text(100, 'x'); // in the memory of the tick, which the replacement must not free
+    std::unique_ptr<ScreenDisplayLink> link;
+    link = links.makeScreenLink(adapters.screens.all().front(), [this, text, &link] {
+        link = makeLink();
+        link->addToMainRunLoop();
+        EXPECT_EQ(text, std::string(100, 'x'));
+    });
+    link->addToMainRunLoop();
+    EXPECT_TRUE(adapters.waitUntil([&] { return ticks >= 2; }));
+}
+
 } // namespace
 } // namespace haloric

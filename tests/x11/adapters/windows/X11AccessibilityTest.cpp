@@ -19,6 +19,23 @@ TEST_P(X11AccessibilityTest, the_focused_window_has_its_attributes)
     EXPECT_EQ(adapters.attributeOf(element, "AXSubrole").error, AXError::attributeUnsupported);
 }
 
+TEST_P(X11AccessibilityTest, places_and_sizes_are_points)
+{
+    adapters.scale.set({2, {100, 50, 1920, 1080}});
+    const auto client = session.makeClient();
+    const AXElement window = focus(*client);
+    const auto button = [&] { return adapters.valueOf<AXElement>(window, "AXCloseButton").value_or(nullptr); };
+    EXPECT_TRUE(adapters.waitUntil([&] {
+        const ScreenRect frame = client->visibleFrame();
+        const double side = client->frameExtents()[2] / 4.0; // half of the title bar
+        return adapters.valueOf<Point>(window, "AXPosition") == Point{(frame.x - 100) / 2.0, (frame.y - 50) / 2.0} &&
+               adapters.valueOf<Size>(window, "AXSize") == Size{frame.width / 2.0, frame.height / 2.0} && button() &&
+               adapters.valueOf<Size>(button(), "AXSize") == Size{side, side} &&
+               adapters.valueOf<Point>(button(), "AXPosition") ==
+                   Point{(frame.x - 100) / 2.0 + (frame.width / 2.0 - side) / 2, (frame.y - 50) / 2.0 + side / 2};
+    }));
+}
+
 TEST_P(X11AccessibilityTest, equal_elements_have_equal_hashes)
 {
     const auto client = session.makeClient();

@@ -197,5 +197,36 @@ TEST(X11Clients, a_server_that_dies_is_survived)
     EXPECT_TRUE(adapters.listedWindows().empty());
 }
 
+TEST_F(BrokenLists, a_listed_window_that_is_replaced_by_one_with_its_number_is_read_again)
+{
+    const auto client = session.makeClient();
+    ASSERT_TRUE(client->show());
+    list("_NET_CLIENT_LIST_STACKING", {client->window()});
+    ASSERT_THAT(adapters.listedWindows(), testing::ElementsAre(client->window()));
+    xcb_connection_t* raw = client->connection().raw();
+    xcb_destroy_window(raw, client->window());
+    xcb_create_window(raw, XCB_COPY_FROM_PARENT, client->window(), other.root(), 5, 6, 70, 80, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_map_window(raw, client->window());
+    client->connection().synchronize();
+    adapters.settle();
+    EXPECT_EQ(adapters.listedBounds(client->window()), (Rect{5, 6, 70, 80}));
+}
+
+TEST_F(BrokenLists, a_window_in_too_many_others_is_left_out)
+{
+    constexpr int kMany = 20;
+    xcb_window_t innermost = other.root();
+    for (int depth = 0; depth < kMany; ++depth) {
+        const xcb_window_t parent = std::exchange(innermost, xcb_generate_id(other.raw()));
+        xcb_create_window(other.raw(), XCB_COPY_FROM_PARENT, innermost, parent, 0, 0, 50, 50, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        xcb_map_window(other.raw(), innermost);
+    }
+    list("_NET_CLIENT_LIST_STACKING", {innermost});
+    EXPECT_TRUE(adapters.listedWindows().empty());
+    EXPECT_EQ(adapters.clients.table().find(innermost), nullptr);
+}
+
 } // namespace
 } // namespace haloric

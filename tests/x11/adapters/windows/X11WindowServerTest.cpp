@@ -126,6 +126,18 @@ TEST_P(X11WindowServerTest, a_move_of_the_watched_window_is_delivered_in_the_tur
     EXPECT_TRUE(adapters.waitUntil([&] { return bounds(client->window()) == pointsOf(client->visibleFrame()); }));
 }
 
+TEST_P(X11WindowServerTest, moves_in_one_direction_are_notified)
+{
+    const auto client = showClient();
+    ASSERT_TRUE(watch(*client));
+    for (const auto& [x, y] : {std::pair{350, 320}, {350, 420}, {450, 420}}) {
+        clearNotes();
+        ASSERT_TRUE(client->moveTo(x, y));
+        EXPECT_TRUE(isNoted(Event::moved, *client)) << x << ", " << y;
+        EXPECT_FALSE(hasNote(Event::resized, *client));
+    }
+}
+
 TEST_P(X11WindowServerTest, resizes_of_the_watched_window_are_notified)
 {
     const auto client = showClient();

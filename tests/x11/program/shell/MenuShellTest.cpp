@@ -2,6 +2,9 @@
 #include "testing/x11/Key.h"
 #include "x11/program/shell/Shell.h"
 
+#include <filesystem>
+#include <fstream>
+
 namespace haloric {
 namespace {
 
@@ -75,6 +78,61 @@ TEST_P(MenuShell, the_last_item_ends_the_program_and_nothing_remains)
     EXPECT_EQ(haloric->process().waitForExit(), 0) << log();
     EXPECT_TRUE(haloric->waitForNothing());
     EXPECT_TRUE(waitForPixel(middleX(), frame().bottom() + 2, X11Session::kDesktopColor));
+}
+
+// An installed program has the items below the settings.
+class InstalledMenuShell : public Shell {
+protected:
+    void SetUp() override
+    {
+        install({{"SUFeedURL", "http://127.0.0.1:9/feed.xml"}});
+        startInTray();
+    }
+
+    std::filesystem::path autostart()
+    {
+        return std::filesystem::path(session.environment().at("XDG_CONFIG_HOME")) / "autostart";
+    }
+    [[nodiscard]] bool waitForEntry(bool isWanted)
+    {
+        return session.observer().waitUntil(
+            [&] { return std::filesystem::exists(autostart() / "com.kestrow.haloric.desktop") == isWanted; });
+    }
+    [[nodiscard]] bool waitUntilGone(const std::string& title)
+    {
+        return session.observer().waitUntil([&] { return shell->window(title) == XCB_WINDOW_NONE; });
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Desktops, InstalledMenuShell, testing::Values(kOpenboxPicom), nameOf);
+
+TEST_P(InstalledMenuShell, about_opens_its_panel_each_time)
+{
+    for (int time = 0; time < 2; ++time) {
+        ASSERT_TRUE(shell->choose(MenuEntry::about));
+        ASSERT_TRUE(shell->waitUntilActive("About Haloric")) << log();
+        press(Key::kEscape);
+        EXPECT_TRUE(waitUntilGone("About Haloric"));
+    }
+}
+
+TEST_P(InstalledMenuShell, launch_at_login_writes_the_entry_and_removes_it)
+{
+    ASSERT_TRUE(shell->choose(MenuEntry::launchAtLogin));
+    EXPECT_TRUE(waitForEntry(true));
+    ASSERT_TRUE(shell->choose(MenuEntry::launchAtLogin));
+    EXPECT_TRUE(waitForEntry(false));
+}
+
+TEST_P(InstalledMenuShell, launch_at_login_that_fails_shows_an_alert_and_can_be_tried_again)
+{
+    std::ofstream(autostart()) << "not a folder";
+    ASSERT_TRUE(shell->choose(MenuEntry::launchAtLogin));
+    ASSERT_TRUE(shell->waitUntilActive("Haloric")) << log();
+    press(Key::kReturn);
+    ASSERT_TRUE(waitUntilGone("Haloric"));
+    std::filesystem::remove(autostart());
+    ASSERT_TRUE(shell->choose(MenuEntry::launchAtLogin));
+    EXPECT_TRUE(waitForEntry(true));
 }
 
 } // namespace

@@ -188,5 +188,44 @@ TEST_F(LinuxRunLoopTest, stop_ends_the_run)
     loop.run();
 }
 
+TEST_F(LinuxRunLoopTest, every_hook_is_asked_in_each_round)
+{
+    std::string asked;
+    const auto first = loop.onBeforeWait([&] {
+        asked += "a";
+        return asked.size() < 3;
+    });
+    const auto second = loop.onBeforeWait([&] {
+        asked += "b";
+        return false;
+    });
+    loop.turn(Seconds(0));
+    EXPECT_EQ(asked, "abab");
+}
+
+TEST_F(LinuxRunLoopTest, a_timer_wakes_a_wait_inside_the_turn_that_has_read_its_descriptor)
+{
+    int ends[2] = {};
+    ASSERT_EQ(pipe(ends), 0);
+    pollfd set{loop.pollableDescriptor(), POLLIN, 0};
+    const auto timer = loop.scheduleOnce(Seconds(0.001), note(1));
+    ASSERT_TRUE(loop.prepareToWait());
+    ASSERT_EQ(poll(&set, 1, 10'000), 1) << "the timer is due, and first in the turn's order";
+    bool wakes = false;
+    const auto watch = loop.watch(ends[0], [&] {
+        char byte = 0;
+        EXPECT_EQ(read(ends[0], &byte, 1), 1);
+        EXPECT_TRUE(ran.empty());
+        EXPECT_TRUE(loop.prepareToWait());
+        wakes = poll(&set, 1, 10'000) == 1;
+    });
+    ASSERT_EQ(write(ends[1], "x", 1), 1);
+    loop.turn(Seconds(0));
+    EXPECT_TRUE(wakes);
+    EXPECT_EQ(ran, std::vector{1});
+    close(ends[0]);
+    close(ends[1]);
+}
+
 } // namespace
 } // namespace haloric

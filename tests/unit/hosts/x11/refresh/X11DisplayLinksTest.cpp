@@ -72,5 +72,18 @@ TEST_F(X11ScreenLinkOnTimer, a_tick_may_destroy_its_link)
     EXPECT_EQ(ticksInASecond(), 1);
 }
 
+TEST_F(X11ScreenLinkOnTimer, a_tick_may_replace_its_link)
+{
+    const std::string text(100, 'x'); // in the memory of the tick, which the replacement must not free
+    std::unique_ptr<X11ScreenLink> display;
+    display = std::make_unique<X11ScreenLink>(loop, nullptr, 60, [this, text, &display] {
+        display = link(60);
+        display->addToMainRunLoop();
+        EXPECT_EQ(text, std::string(100, 'x'));
+    });
+    display->addToMainRunLoop();
+    EXPECT_GE(ticksInASecond(), 50);
+}
+
 } // namespace
 } // namespace haloric

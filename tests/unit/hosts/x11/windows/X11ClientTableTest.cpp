@@ -172,5 +172,13 @@ TEST_F(X11ClientTableTest, the_active_window_may_be_unknown)
     EXPECT_EQ(table.active()->window, 3U);
 }
 
+TEST_F(X11ClientTableTest, a_frame_that_changes_in_one_direction_is_resized)
+{
+    const auto isResized = [this](const PixelRect& outer) { return table.configureFrame(1001, outer, 1)->resized; };
+    EXPECT_TRUE(isResized({0, 0, 100, 101}));
+    EXPECT_TRUE(isResized({0, 0, 101, 101}));
+    EXPECT_FALSE(isResized({7, 8, 101, 101}));
+}
+
 } // namespace
 } // namespace haloric

@@ -23,6 +23,7 @@
 #include "hosts/x11/X11Application.h"
 #include "hosts/x11/X11Desktop.h"
 #include "hosts/x11/input/X11Hotkeys.h"
+#include "hosts/x11/server/X11DisplayLoss.h"
 #include "hosts/x11/shell/X11FocusRequest.h"
 #include "hosts/x11/shell/X11QtWindowWatcher.h"
 #include "hosts/x11/tray/X11TrayIcon.h"
@@ -37,7 +38,6 @@ namespace haloric {
 
 namespace {
 
-constexpr int kDisplayLost = 1;
 constexpr Seconds kWindowManagerPatience{3};
 
 // Shown at launch while no window manager reports the focus. Its one button changes nothing.
@@ -93,7 +93,8 @@ struct Shell {
 class Contact {
 public:
     Contact(const InstanceStart& start, HaloricProgram& entry, X11Application& application)
-        : m_control(
+        : m_waitingForTheEnd(start.waitingForTheEnd),
+          m_control(
               start.runLoop, entry.settingsStore(), [&application] { application.reopen(); },
               [&application] { application.terminate(); })
     {
@@ -107,7 +108,16 @@ public:
                              });
     }
 
+    ~Contact()
+    {
+        if (m_server)
+            m_waitingForTheEnd = m_server->takeSockets();
+    }
+    Contact(const Contact&) = delete;
+    Contact& operator=(const Contact&) = delete;
+
 private:
+    std::vector<PosixDescriptor>& m_waitingForTheEnd;
     InstanceControl m_control;
     std::optional<InstanceServer> m_server;
 };
@@ -116,7 +126,8 @@ private:
 
 int runX11Program(const InstanceStart& start)
 {
-    Task displayLost; // called by both connections to the server, in any order
+    const X11DisplayLoss loss(start.connection.descriptor());
+    Task displayLost = X11DisplayLoss::report; // called by both connections to the server, in any order
     const QtApplication qt([&displayLost] { displayLost(); });
     QtEventLoop loop(start.runLoop);
     X11Desktop desktop(start.connection, start.runLoop, start.log);
@@ -128,8 +139,8 @@ int runX11Program(const InstanceStart& start)
 
     int exitCode = 0;
     displayLost = [&] {
-        if (std::exchange(exitCode, kDisplayLost) != kDisplayLost)
-            start.log.line("haloric: the X server has gone away");
+        exitCode = X11DisplayLoss::kExitCode;
+        X11DisplayLoss::report();
         application.terminate();
     };
     const auto lost = start.connection.onLost(displayLost);

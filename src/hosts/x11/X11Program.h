@@ -1,6 +1,10 @@
 // The program on a display: makes the adapters and runs HaloricProgram with them. Main thread.
 #pragma once
 
+#include "hosts/posix/PosixDescriptor.h"
+
+#include <vector>
+
 namespace haloric {
 
 class Log;
@@ -19,6 +23,7 @@ struct InstanceStart {
     Processes& processes;
     const InstanceLock* lock; // null: it could not be taken, so later starts do not find this instance
     bool opensSettings;
+    std::vector<PosixDescriptor>& waitingForTheEnd; // gets the sockets of peers that wait for the end of the program
 };
 
 // Runs the program until it is quit; returns its exit code.

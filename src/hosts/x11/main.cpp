@@ -10,8 +10,10 @@
 #include "hosts/x11/X11Desktop.h"
 #include "hosts/x11/X11Diagnostics.h"
 #include "hosts/x11/X11Program.h"
+#include "hosts/x11/server/X11InstanceSelection.h"
 #include "settings/SettingsStore.h"
 
+#include <filesystem>
 #include <iostream>
 #include <optional>
 #include <string>
@@ -25,6 +27,7 @@ namespace {
 constexpr int kSuccess = 0;
 constexpr int kNoDisplay = 1;
 constexpr int kWrongUsage = 2;
+constexpr Seconds kPatience{5}; // for another instance
 constexpr std::string_view kVersion = HALORIC_VERSION;
 constexpr const char* kDisplay = nullptr; // what DISPLAY names
 
@@ -35,11 +38,21 @@ int showDiagnostics(X11Connection& connection, LinuxRunLoop& runLoop, Log& log, 
     return kSuccess;
 }
 
+// The socket of the instance that holds the display.
+std::optional<std::filesystem::path> holderOfDisplay()
+{
+    LinuxRunLoop runLoop;
+    const auto connection = X11Connection::open(kDisplay, runLoop);
+    return connection ? X11InstanceSelection(*connection).holder() : std::nullopt;
+}
+
 InstanceStartup contactWithRunning(const Processes& processes)
 {
     const auto display = processes.environmentVariable("DISPLAY");
     return {display ? InstancePaths::find(processes, *display) : std::nullopt,
-            {.output = std::cout, .errors = std::cerr}};
+            {.output = std::cout, .errors = std::cerr},
+            kPatience,
+            display ? holderOfDisplay : InstanceStartup::Finder()};
 }
 
 // Those of the running instance, or the ones that the next instance will read.
@@ -52,26 +65,40 @@ int printSettings(const Processes& processes)
     return kSuccess;
 }
 
+std::string noDisplay(const std::optional<std::string>& name, const std::string& refusal)
+{
+    if (!name)
+        return "haloric: no X display: DISPLAY is not set";
+    const std::string display = "haloric: the X display \"" + *name + "\" ";
+    return refusal.empty() ? display + "does not answer" : display + "refuses the connection: " + refusal;
+}
+
 int runOnDisplay(CommandLine::Action action)
 {
     TerminationSignals::ignoreBrokenPipes();
+    std::vector<PosixDescriptor> waitingForTheEnd; // first: its sockets close after the connection and the lock
     LinuxRunLoop runLoop;
     StandardErrorLog log;
     PosixProcesses processes;
     const auto name = processes.environmentVariable("DISPLAY");
+    InstanceStartup contact = contactWithRunning(processes);
     InstanceStartup::Arrival arrival;
     if (name && action != CommandLine::Action::showDiagnostics)
-        arrival = contactWithRunning(processes).arrive();
+        arrival = contact.arrive();
     if (arrival.exitCode)
         return *arrival.exitCode;
-    const auto connection = X11Connection::open(kDisplay, runLoop);
+    std::string refusal;
+    const auto connection = X11Connection::open(kDisplay, runLoop, &refusal);
     if (!connection) {
-        log.line(name ? "haloric: the X display \"" + *name + "\" does not answer"
-                      : "haloric: no X display: DISPLAY is not set");
+        log.line(noDisplay(name, refusal));
         return kNoDisplay;
     }
     if (action == CommandLine::Action::showDiagnostics)
         return showDiagnostics(*connection, runLoop, log, processes);
+    X11InstanceSelection selection(*connection);
+    const auto ownSocket = arrival.lock ? contact.socket() : std::filesystem::path();
+    if (const auto exitCode = contact.giveWay([&] { return selection.claim(ownSocket); }))
+        return *exitCode;
     // Not earlier: a running instance or the server may keep a start waiting, and the signals must end it then. No
     // thread has been started so far.
     TerminationSignals signals;
@@ -81,7 +108,8 @@ int runOnDisplay(CommandLine::Action action)
                           .log = log,
                           .processes = processes,
                           .lock = arrival.lock.get(),
-                          .opensSettings = action == CommandLine::Action::openSettings});
+                          .opensSettings = action == CommandLine::Action::openSettings,
+                          .waitingForTheEnd = waitingForTheEnd});
 }
 
 } // namespace

@@ -29,6 +29,16 @@ InstanceServer::InstanceServer(LinuxRunLoop& runLoop, int listeningDescriptor, u
     startAccepting();
 }
 
+std::vector<PosixDescriptor> InstanceServer::takeSockets()
+{
+    std::vector<PosixDescriptor> sockets;
+    for (auto& [number, peer] : std::exchange(m_peers, {})) {
+        peer.watch.reset(); // while its descriptor is open
+        sockets.push_back(std::move(peer.socket));
+    }
+    return sockets;
+}
+
 void InstanceServer::startAccepting()
 {
     m_watch = m_runLoop.watch(m_listening, [this] { accept(); });

@@ -10,6 +10,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <sys/types.h>
 
@@ -37,6 +38,10 @@ public:
     InstanceServer& operator=(const InstanceServer&) = delete;
 
     std::size_t peerCount() const { return m_peers.size(); }
+
+    // Ends all conversations without closing the connections. For a program that ends: a peer that waits for its end
+    // sees it when the sockets are closed.
+    std::vector<PosixDescriptor> takeSockets();
 
 private:
     struct Peer {

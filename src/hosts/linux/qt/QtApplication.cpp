@@ -1,6 +1,7 @@
 #include "hosts/linux/qt/QtApplication.h"
 
 #include "foundation/ProductIdentity.h"
+#include "hosts/posix/PosixStandardError.h"
 
 #include <clocale>
 #include <cstdio>
@@ -24,6 +25,17 @@ constexpr int kNoDisplay = 1;
 constexpr std::string_view kConnectionBroke = "The X11 connection broke";
 
 Task displayLostHandler; // Qt passes no context to its message handler
+
+// What libxcb writes while Qt connects to the server.
+std::optional<PosixStandardError> startOutput;
+
+[[noreturn]] void endWithoutStart(const QString& message)
+{
+    const std::string refusal = startOutput ? startOutput->end() : std::string();
+    const std::string reason = refusal.empty() ? message.section(QLatin1Char('\n'), 0, 0).toStdString() : refusal;
+    std::fprintf(stderr, "haloric: the user interface does not start on this display: %s\n", reason.c_str());
+    std::_Exit(kNoDisplay);
+}
 
 // Sets a variable of the process's environment for its own lifetime. Use it before the first thread starts.
 class ScopedVariable {
@@ -54,11 +66,14 @@ private:
 void passOn(QtMsgType type, const QMessageLogContext&, const QString& message)
 {
     if (message.startsWith(QLatin1String(kConnectionBroke.data()))) {
+        startOutput.reset();
         if (displayLostHandler)
             displayLostHandler();
         std::_Exit(kNoDisplay); // Qt would run static destructors while other threads run
     }
-    if (type == QtCriticalMsg || type == QtFatalMsg) // Qt's warnings are for programmers
+    if (type == QtFatalMsg)
+        endWithoutStart(message);
+    if (type == QtCriticalMsg) // Qt's warnings are for programmers
         std::fprintf(stderr, "haloric: %s\n", qUtf8Printable(message));
 }
 
@@ -90,7 +105,9 @@ QtApplication::QtApplication(Task displayLost)
         // Only while Qt reads them: child processes must not inherit them.
         const ScopedVariable ownLoop("QT_NO_GLIB", "1");
         const ScopedVariable withoutOpenGL("QT_XCB_GL_INTEGRATION", "none"); // saves about 20 MB
+        startOutput.emplace();
         m_application = makeApplication();
+        startOutput.reset();
         [[maybe_unused]] const bool isSupported = QWindow().supportsOpenGL(); // Qt reads the variable now
     }
     std::setlocale(LC_NUMERIC, "C"); // Qt has set the user's locale; numbers in files need a fixed one

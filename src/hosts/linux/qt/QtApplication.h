@@ -16,8 +16,10 @@ namespace haloric {
 // At most one exists. Construct it before other threads start and after the display is known to answer.
 class QtApplication {
 public:
-    // `displayLost` is called when Qt finds the X server gone. Qt ends the process right after that, so the process
-    // ends with exit code 1 when the call returns.
+    // `displayLost` is called when Qt finds the X server gone, also during the construction. Qt ends the process right
+    // after that, so the process ends with exit code 1 when the call returns. If Qt cannot start for another reason,
+    // such as a server that accepts no further client, the process ends with exit code 1 and one line on standard
+    // error.
     explicit QtApplication(Task displayLost);
     ~QtApplication();
     QtApplication(const QtApplication&) = delete;

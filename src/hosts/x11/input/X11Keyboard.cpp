@@ -147,7 +147,7 @@ void X11Keyboard::readIfChanged()
     if (!std::exchange(m_hasChanged, false))
         return;
     xcb_connection_t* raw = m_connection.raw();
-    const xcb_setup_t* setup = xcb_get_setup(raw);
+    const xcb_setup_t* setup = &m_connection.setup();
     const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
     const auto keysCookie = xcb_get_keyboard_mapping(raw, setup->min_keycode, count);
     const auto modifiersCookie = xcb_get_modifier_mapping(raw);

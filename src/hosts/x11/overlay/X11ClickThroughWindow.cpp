@@ -18,7 +18,7 @@ bool hasOurLayout(const xcb_visualtype_t& visual)
 
 bool hasOurByteOrder(const X11Connection& connection)
 {
-    const bool serverIsLittle = xcb_get_setup(connection.raw())->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
+    const bool serverIsLittle = connection.setup().image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
     return serverIsLittle == (std::endian::native == std::endian::little);
 }
 

@@ -1,13 +1,39 @@
 #include "hosts/x11/server/X11Connection.h"
 
+#include "hosts/posix/PosixStandardError.h"
+
+#include <array>
+
+#include <poll.h>
+#include <sys/socket.h>
+
 namespace haloric {
 
-std::unique_ptr<X11Connection> X11Connection::open(const char* display, LinuxRunLoop& runLoop)
+namespace {
+
+// Ends the stream to the server and reads on until the server has ended its own.
+void awaitEnd(int descriptor)
+{
+    constexpr int kMilliseconds = 1000;
+    std::array<char, 4096> rest;
+    shutdown(descriptor, SHUT_WR);
+    for (pollfd readable{descriptor, POLLIN, 0};
+         poll(&readable, 1, kMilliseconds) > 0 && recv(descriptor, rest.data(), rest.size(), MSG_DONTWAIT) > 0;) {
+    }
+}
+
+} // namespace
+
+std::unique_ptr<X11Connection> X11Connection::open(const char* display, LinuxRunLoop& runLoop, std::string* refusal)
 {
     int screenNumber = 0;
+    PosixStandardError output;
     xcb_connection_t* connection = xcb_connect(display, &screenNumber);
+    const std::string text = output.end();
     if (xcb_connection_has_error(connection) != 0) {
         xcb_disconnect(connection); // also frees what a failed attempt left
+        if (refusal)
+            *refusal = text;
         return nullptr;
     }
     return std::unique_ptr<X11Connection>(new X11Connection(connection, screenNumber, runLoop));
@@ -15,11 +41,13 @@ std::unique_ptr<X11Connection> X11Connection::open(const char* display, LinuxRun
 
 X11Connection::X11Connection(xcb_connection_t* connection, int screenNumber, LinuxRunLoop& runLoop)
     : m_connection(connection),
+      m_setup(xcb_get_setup(connection)),
+      m_descriptor(xcb_get_file_descriptor(connection)),
       m_screenNumber(screenNumber),
-      m_screen(&findScreen(connection, screenNumber)),
+      m_screen(&findScreen(*m_setup, screenNumber)),
       m_atoms(connection, screenNumber)
 {
-    m_watch = runLoop.watch(xcb_get_file_descriptor(connection), [this] { dispatchPending(); });
+    m_watch = runLoop.watch(m_descriptor, [this] { dispatchPending(); });
     m_beforeWait = runLoop.onBeforeWait([this] {
         // Replies read meanwhile may have brought events along; the descriptor is not readable for those.
         bool worked = false;
@@ -36,12 +64,14 @@ X11Connection::~X11Connection()
 {
     m_beforeWait.reset();
     m_watch.reset();
+    if (xcb_flush(m_connection) > 0)
+        awaitEnd(m_descriptor);
     xcb_disconnect(m_connection);
 }
 
-const xcb_screen_t& X11Connection::findScreen(xcb_connection_t* connection, int number)
+const xcb_screen_t& X11Connection::findScreen(const xcb_setup_t& setup, int number)
 {
-    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    auto screens = xcb_setup_roots_iterator(&setup);
     for (; screens.rem > 1 && number > 0; --number)
         xcb_screen_next(&screens);
     return *screens.data;
@@ -60,13 +90,14 @@ Subscription X11Connection::onEvent(std::uint8_t type, EventHandler handler)
 
 std::uint8_t X11Connection::firstEvent(xcb_extension_t* extension) const
 {
-    return xcb_get_extension_data(m_connection, extension)->first_event;
+    const auto* data = xcb_get_extension_data(m_connection, extension);
+    return data ? data->first_event : std::uint8_t{0};
 }
 
 Subscription X11Connection::onGenericEvent(xcb_extension_t* extension, EventHandler handler)
 {
-    const std::uint8_t opcode = xcb_get_extension_data(m_connection, extension)->major_opcode;
-    return m_genericEvents[opcode].subscribe(std::move(handler));
+    const auto* data = xcb_get_extension_data(m_connection, extension);
+    return m_genericEvents[data ? data->major_opcode : std::uint8_t{0}].subscribe(std::move(handler));
 }
 
 void X11Connection::selectRootEvents(std::uint32_t mask)
@@ -79,9 +110,8 @@ void X11Connection::selectRootEvents(std::uint32_t mask)
 
 bool X11Connection::mayListenTo(xcb_window_t window) const
 {
-    const auto* setup = xcb_get_setup(m_connection);
     return window != XCB_WINDOW_NONE && window != root() &&
-           (window & ~setup->resource_id_mask) != setup->resource_id_base;
+           (window & ~m_setup->resource_id_mask) != m_setup->resource_id_base;
 }
 
 void X11Connection::listenTo(xcb_window_t window)

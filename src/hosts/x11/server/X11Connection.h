@@ -16,6 +16,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <string>
 #include <utility>
 
 #include <xcb/xcb.h>
@@ -26,13 +27,20 @@ class X11Connection {
 public:
     using EventHandler = std::function<void(const xcb_generic_event_t&)>;
 
-    // Connects to `display` (null: what DISPLAY names). Null when no server answers.
-    static std::unique_ptr<X11Connection> open(const char* display, LinuxRunLoop& runLoop);
+    // Connects to `display` (null: what DISPLAY names). Null when no server answers, or when it refuses the connection;
+    // `refusal` is the server's reason then, if it gives one. libxcb writes that to standard error; it is taken from
+    // there, so no other thread may write meanwhile.
+    static std::unique_ptr<X11Connection> open(const char* display, LinuxRunLoop& runLoop,
+                                               std::string* refusal = nullptr);
+
+    // Returns when the server has closed the connection and so removed the windows, a second later at most.
     ~X11Connection();
     X11Connection(const X11Connection&) = delete;
     X11Connection& operator=(const X11Connection&) = delete;
 
     xcb_connection_t* raw() const { return m_connection; }
+    const xcb_setup_t& setup() const { return *m_setup; } // libxcb itself has none once the server has gone
+    int descriptor() const { return m_descriptor; }
     const X11Atoms& atoms() const { return m_atoms; }
 
     // The screen that the display's name selects.
@@ -41,10 +49,9 @@ public:
     xcb_window_t root() const { return m_screen->root; }
 
     // The window that has the user's resources: the root of the first screen.
-    xcb_window_t resourceRoot() const { return findScreen(m_connection, 0).root; }
+    xcb_window_t resourceRoot() const { return findScreen(*m_setup, 0).root; }
 
-    // A screen of any connection.
-    static const xcb_screen_t& findScreen(xcb_connection_t* connection, int number);
+    static const xcb_screen_t& findScreen(const xcb_setup_t& setup, int number);
 
     // Whether the server has an extension.
     bool has(xcb_extension_t* extension) const;
@@ -59,7 +66,7 @@ public:
             handler(eventAs<Event>(event));
         });
     }
-    std::uint8_t firstEvent(xcb_extension_t* extension) const;
+    std::uint8_t firstEvent(xcb_extension_t* extension) const; // 0 once the server has gone
 
     // Generic events (XInput2, Present) of one extension.
     Subscription onGenericEvent(xcb_extension_t* extension, EventHandler handler);
@@ -91,6 +98,8 @@ private:
     bool noticeLoss();
 
     xcb_connection_t* m_connection;
+    const xcb_setup_t* m_setup;
+    int m_descriptor;
     int m_screenNumber;
     const xcb_screen_t* m_screen;
     X11Atoms m_atoms;

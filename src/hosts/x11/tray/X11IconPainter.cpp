@@ -17,7 +17,8 @@ bool isPremultipliedRgb(const xcb_render_pictforminfo_t& format)
 
 bool hasOurByteOrder(xcb_connection_t* connection)
 {
-    const bool serverIsLittle = xcb_get_setup(connection)->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
+    const auto* setup = xcb_get_setup(connection);
+    const bool serverIsLittle = setup && setup->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST; // none once it has gone
     return serverIsLittle == (std::endian::native == std::endian::little);
 }
 

@@ -23,8 +23,12 @@ bool isPlausible(std::optional<std::uint32_t> pid)
 
 X11ProcessIds::X11ProcessIds(xcb_connection_t* connection, std::span<const xcb_window_t> windows)
     : m_connection(connection),
-      m_resourceMask(xcb_get_setup(connection)->resource_id_mask)
+      m_resourceMask(0)
 {
+    const auto* setup = xcb_get_setup(connection);
+    if (!setup)
+        return; // the server has gone: no window will be read
+    m_resourceMask = setup->resource_id_mask;
     const auto* extension = xcb_get_extension_data(connection, &xcb_res_id);
     if (windows.empty() || !extension || extension->present == 0)
         return;

@@ -1,5 +1,6 @@
 // Start, end, and parts of the desktop that stop and start again meanwhile.
 #include "testing/x11/FileContents.h"
+#include "testing/x11/Key.h"
 #include "x11/program/scenes/Scene.h"
 
 #include <csignal>
@@ -185,6 +186,64 @@ TEST(ProgramScene, it_shows_that_a_window_manager_is_missing_until_one_starts)
     const auto client = session.makeClient();
     ASSERT_TRUE(client->showFocused());
     EXPECT_TRUE(haloric.waitForHighlight(client->visibleFrame()).has_value()) << haloric.process().standardError();
+}
+
+TEST(ProgramScene, a_signal_ends_it_while_it_shows_that_a_window_manager_is_missing)
+{
+    for (const int signal : {SIGTERM, SIGINT}) {
+        X11Session session(WindowManager::none);
+        HaloricProcess haloric(session, kStill);
+        const auto isShown = [&] {
+            const auto children = session.observer().rootChildren();
+            return std::any_of(children.begin(), children.end(), [&](const RootChild& child) {
+                return child.isMapped && session.observer().text(child.window, "WM_NAME") == "Haloric";
+            });
+        };
+        ASSERT_TRUE(session.observer().waitUntil(isShown)) << haloric.process().standardError();
+        haloric.process().signal(signal);
+        EXPECT_EQ(haloric.process().waitForExit(), 0) << haloric.process().standardError();
+        EXPECT_FALSE(isShown());
+    }
+}
+
+TEST(ProgramScene, a_server_that_accepts_no_further_client_is_an_error_of_one_line)
+{
+    // The server has room for the program's first connection at most.
+    X11Session session(WindowManager::none, Compositor::none, {.arguments = {"-maxclients", "64"}});
+    std::vector<std::unique_ptr<TestConnection>> crowd;
+    const auto isFull = [&] {
+        try {
+            crowd.push_back(std::make_unique<TestConnection>(session.display()));
+            return false;
+        } catch (const std::runtime_error&) {
+            return true;
+        }
+    };
+    while (!isFull()) {
+    }
+    for (int free = 0; free < 2; ++free) {
+        ChildProcess program(HaloricProcess::start({}, session.environment()));
+        EXPECT_EQ(program.waitForExit(), 1) << free;
+        const std::string& errors = program.standardError();
+        EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+        crowd.pop_back();
+    }
+}
+
+TEST_P(LifecycleScene, the_print_key_hides_the_overlays_and_escape_or_a_click_brings_them_back)
+{
+    const auto client = openFocused();
+    startAround(*client);
+    session.input().chord({Key::kPrint});
+    ASSERT_TRUE(haloric->waitForNothing()) << log();
+    session.input().chord({Key::kEscape});
+    EXPECT_TRUE(haloric->waitForHighlight(client->visibleFrame()).has_value()) << log();
+    EXPECT_TRUE(waitForBorder(*client)) << log();
+    session.input().chord({Key::kAlt, Key::kPrint});
+    ASSERT_TRUE(haloric->waitForNothing()) << log();
+    const ScreenRect inside = client->content();
+    session.input().clickAt(inside.x + inside.width / 2, inside.y + inside.height / 2);
+    EXPECT_TRUE(haloric->waitForHighlight(client->visibleFrame()).has_value()) << log();
 }
 
 TEST_P(CompositorScene, without_the_compositor_an_opaque_ring_remains_and_the_glow_returns_with_it)

@@ -1,6 +1,7 @@
 // Starts of the program while an instance runs, and the commands of its command line.
 #include "testing/x11/FileContents.h"
 #include "testing/x11/ProgramShell.h"
+#include "testing/x11/TemporaryFolder.h"
 #include "x11/program/scenes/Scene.h"
 
 #include <algorithm>
@@ -101,6 +102,75 @@ TEST_F(SecondStartScene, quit_ends_the_program_before_it_returns)
     EXPECT_EQ(quit.exitCode, 0) << quit.errors;
     EXPECT_EQ(first.process().waitForExit(), 0);
     EXPECT_TRUE(first.waitForNothing());
+}
+
+TEST_F(SecondStartScene, quit_returns_only_when_the_overlays_the_connection_and_the_lock_are_gone)
+{
+    for (int round = 0; round < 5; ++round) {
+        HaloricProcess running(session, kStill);
+        awaitHighlight(running);
+        ASSERT_EQ(start({"--quit"}).exitCode, 0);
+        for (const RootChild& child : session.observer().rootChildren())
+            EXPECT_NE(child.process, running.pid());
+        EXPECT_EQ(start({"--toggle", "glow"}).exitCode, 3);
+        client.reset();
+    }
+}
+
+TEST_F(SecondStartScene, starts_with_other_names_of_the_display_or_other_folders_find_the_first)
+{
+    HaloricProcess first(session, kStill);
+    awaitHighlight(first);
+    const std::string number = session.display(); // ":3"
+    const TemporaryFolder elsewhere;
+    std::vector<Environment> environments(3, session.environment());
+    environments[0]["DISPLAY"] = "unix" + number;
+    environments[1]["XDG_RUNTIME_DIR"] = elsewhere.path().string();
+    environments[2].erase("XDG_RUNTIME_DIR");
+    for (const Environment& environment : environments) {
+        const auto second = start({}, environment);
+        EXPECT_EQ(second.exitCode, 0) << second.errors;
+        EXPECT_EQ(start({"--toggle", "glow"}, environment).exitCode, 0);
+        EXPECT_TRUE(first.process().isRunning());
+    }
+    EXPECT_EQ(start({"--quit"}, environments[1]).exitCode, 0);
+    EXPECT_EQ(first.process().waitForExit(), 0);
+}
+
+TEST_F(SecondStartScene, a_runtime_folder_that_comes_later_hides_no_instance)
+{
+    const TemporaryFolder parent;
+    Environment environment = session.environment();
+    environment["XDG_RUNTIME_DIR"] = (parent.path() / "run").string();
+    HaloricProcess first(session, kStill, {}, environment);
+    awaitHighlight(first);
+    std::filesystem::create_directory(parent.path() / "run");
+    std::filesystem::permissions(parent.path() / "run", std::filesystem::perms::owner_all);
+    EXPECT_EQ(start({}, environment).exitCode, 0);
+    EXPECT_EQ(start({"--toggle", "glow"}, environment).exitCode, 0);
+    EXPECT_EQ(start({"--quit"}, environment).exitCode, 0);
+    EXPECT_EQ(first.process().waitForExit(), 0);
+}
+
+TEST_F(SecondStartScene, of_several_starts_with_different_folders_at_once_one_runs)
+{
+    std::vector<std::unique_ptr<TemporaryFolder>> folders;
+    std::vector<std::unique_ptr<HaloricProcess>> starts;
+    for (int index = 0; index < 4; ++index) {
+        folders.push_back(std::make_unique<TemporaryFolder>());
+        starts.push_back(
+            std::make_unique<HaloricProcess>(session, kStill, std::vector<std::string>{},
+                                             Environment{{"XDG_RUNTIME_DIR", folders.back()->path().string()}}));
+    }
+    const auto running = [&] {
+        return std::ranges::count_if(starts, [](const auto& each) { return each->process().isRunning(); });
+    };
+    ASSERT_TRUE(session.observer().waitUntil([&] { return running() == 1; }));
+    for (const auto& each : starts) {
+        if (!each->process().isRunning()) {
+            EXPECT_EQ(each->process().waitForExit(), 0) << each->process().standardError();
+        }
+    }
 }
 
 TEST_F(SecondStartScene, toggle_removes_the_border_and_brings_it_back)

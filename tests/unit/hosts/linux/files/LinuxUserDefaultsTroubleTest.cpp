@@ -140,6 +140,34 @@ TEST_F(LinuxUserDefaultsTroubleTest, only_temporary_files_of_killed_processes_ar
     EXPECT_EQ(defaults.data(kKey), "new");
 }
 
+TEST_F(LinuxUserDefaultsTroubleTest, a_temporary_file_of_another_users_process_stays)
+{
+    const std::string ofFirst = "." + std::string(kKey) + ".1.tmp"; // of a process that runs and belongs to root
+    defaults.setData(kKey, "old");
+    UserDefaultsFolder::write(folder.path() / ofFirst, "half");
+    const pid_t child = fork();
+    if (child == 0) {
+        for (fs::path path = folder.path(); path != folder.root().parent_path(); path = path.parent_path())
+            chmod(path.c_str(), 0777);
+        if (geteuid() == 0 && setuid(65534) != 0)
+            _exit(1);
+        LinuxUserDefaults(folder.path().string()).setData(kKey, "new");
+        _exit(0);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(defaults.data(kKey), "new");
+    EXPECT_EQ(folder.names(), (Names{ofFirst, kKey}));
+}
+
+TEST_F(LinuxUserDefaultsTroubleTest, a_file_that_cannot_be_read_to_its_end_is_absent)
+{
+    fs::create_directories(folder.path());
+    fs::create_symlink("/proc/self/mem", folder.file()); // an ordinary file of which the first page cannot be read
+    EXPECT_FALSE(defaults.data(kKey).has_value());
+}
+
 TEST_F(LinuxUserDefaultsTroubleTest, a_link_in_place_of_the_temporary_file_is_not_followed)
 {
     const fs::path victim = folder.root() / "victim";

@@ -8,6 +8,9 @@
 #include <cerrno>
 #include <memory>
 
+#include <poll.h>
+#include <sys/resource.h>
+
 namespace haloric {
 namespace {
 
@@ -202,6 +205,40 @@ TEST_F(InstanceServerTest, a_peer_that_does_not_read_is_disconnected_in_time)
     say(socket, "hello\n");
     ASSERT_TRUE(waitUntil([&] { return server->peerCount() == 1; }));
     EXPECT_TRUE(waitUntil([&] { return server->peerCount() == 0; }));
+}
+
+TEST_F(InstanceServerTest, without_a_descriptor_left_it_rests_and_answers_later)
+{
+    const auto socket = connected();
+    say(socket, "hello\n");
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+    rlimit none = before;
+    none.rlim_cur = 3; // standard input, output and error are open
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+    loop.turn(Seconds(10));
+    pollfd waiting{loop.pollableDescriptor(), POLLIN, 0};
+    const bool isPrepared = loop.prepareToWait();
+    const int ready = poll(&waiting, 1, 0);
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_TRUE(isPrepared);
+    EXPECT_EQ(ready, 0) << "the peer that waits does not keep the loop awake";
+    EXPECT_TRUE(waitForReply(socket, reply));
+}
+
+TEST_F(InstanceServerTest, sockets_that_are_taken_stay_open_until_they_are_closed)
+{
+    const auto socket = connected();
+    say(socket, "quit\n");
+    ASSERT_TRUE(waitForReply(socket, reply));
+    auto taken = server->takeSockets();
+    EXPECT_EQ(server->peerCount(), 0U);
+    server.reset();
+    std::string text;
+    EXPECT_TRUE(hear(socket, text));
+    ASSERT_EQ(taken.size(), 1U);
+    taken.clear();
+    EXPECT_TRUE(waitForEnd(socket));
 }
 
 } // namespace

@@ -162,5 +162,51 @@ TEST_F(InstanceStartupTest, without_usable_paths_the_start_continues_and_reports
     }
 }
 
+TEST_F(InstanceStartupTest, a_command_goes_to_the_instance_that_is_found_elsewhere)
+{
+    const RunningInstance running(paths, succeed);
+    const InstancePaths own{.socket = folder.path() / "own.socket", .lock = folder.path() / "own.lock"};
+    InstanceStartup start(own, {.output = output, .errors = errors}, Seconds(20), [this] { return paths.socket; });
+    EXPECT_EQ(start.command({Kind::toggle, "glow"}), 0);
+    EXPECT_EQ(output.str(), "glow");
+    InstanceStartup without({}, {.output = output, .errors = errors}, Seconds(20), [this] { return paths.socket; });
+    EXPECT_EQ(without.command({Kind::toggle, "glow"}), 0);
+}
+
+TEST_F(InstanceStartupTest, an_instance_that_is_found_and_does_not_listen_is_not_reached)
+{
+    InstanceStartup start(paths, {.output = output, .errors = errors}, kShort, [] { return std::filesystem::path(); });
+    EXPECT_EQ(start.command({Kind::quit, ""}), 3);
+    EXPECT_EQ(errors.str(), "haloric: the running instance does not answer\n");
+}
+
+TEST_F(InstanceStartupTest, a_start_gives_way_to_the_instance_that_has_the_display)
+{
+    std::vector<InstanceCommand> commands;
+    const RunningInstance running(paths, [&](const InstanceCommand& command) {
+        commands.push_back(command);
+        return succeed(command);
+    });
+    EXPECT_EQ(startup().giveWay([this] { return std::optional(paths.socket); }), 0);
+    EXPECT_THAT(commands, testing::ElementsAre(InstanceCommand{Kind::reopen, ""}));
+}
+
+TEST_F(InstanceStartupTest, a_start_that_gets_the_display_goes_on_also_after_a_while)
+{
+    EXPECT_EQ(startup().giveWay([] { return std::optional<std::filesystem::path>(); }), std::nullopt);
+    int asked = 0;
+    EXPECT_EQ(startup().giveWay([&] {
+        return ++asked < 3 ? std::optional(paths.socket) : std::nullopt; // the holder is ending
+    }),
+              std::nullopt);
+    EXPECT_EQ(errors.str(), "");
+}
+
+TEST_F(InstanceStartupTest, a_holder_of_the_display_without_a_socket_here_is_an_error)
+{
+    EXPECT_EQ(startup().giveWay([] { return std::optional(std::filesystem::path()); }), 3);
+    EXPECT_NE(errors.str(), "");
+}
+
 } // namespace
 } // namespace haloric

@@ -46,7 +46,10 @@ InstanceReply InstanceControl::toggle(const std::string& effect)
     if (!field)
         return {.done = false, .text = "there is no effect of that name\n"};
     m_store.update([field](Settings& settings) { settings.*field = !(settings.*field); });
-    return {.done = true, .text = effect + (m_store.settings().*field ? " is on\n" : " is off\n")};
+    const std::string state = effect + (m_store.settings().*field ? " is on" : " is off");
+    if (const auto& error = m_store.saveError())
+        return {.done = false, .text = state + ", but that is not saved: " + error->localizedDescription + "\n"};
+    return {.done = true, .text = state + "\n"};
 }
 
 } // namespace haloric

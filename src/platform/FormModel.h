@@ -93,6 +93,10 @@ struct FormSection {
 struct FormModel {
     std::vector<FormSection> sections; // grouped, top to bottom
     std::vector<FormRow> buttons;      // a row below them, left to right; only FormButton
+
+    // What the user must know whatever part of the form is scrolled into view; empty for none. A host that can always
+    // store the settings need not show it.
+    std::string notice = {};
 };
 
 } // namespace haloric

@@ -37,10 +37,16 @@ Subscription SettingsStore::subscribe(std::function<void(const Settings&)> handl
     return subscription;
 }
 
+Subscription SettingsStore::onSaveErrorChange(Task handler) { return m_saveErrorChanged.subscribe(std::move(handler)); }
+
 void SettingsStore::save()
 {
-    if (const auto bytes = SettingsCodec::encode(m_settings))
-        m_defaults.setData(kDefaultsKey, *bytes);
+    const auto bytes = SettingsCodec::encode(m_settings);
+    auto error =
+        bytes ? m_defaults.setData(kDefaultsKey, *bytes)
+              : PlatformError{.localizedDescription = "The settings hold a number or a name that cannot be stored."};
+    if (std::exchange(m_saveError, error) != error)
+        m_saveErrorChanged.publish();
 }
 
 } // namespace haloric

@@ -1,4 +1,5 @@
-// The one owner of the settings record: loads it once, publishes every change and saves it at once. Main thread.
+// The one owner of the settings record: loads it once, publishes every change and saves it at once. A record that
+// cannot be saved stays in force. Main thread.
 #pragma once
 
 #include "foundation/Publisher.h"
@@ -7,6 +8,7 @@
 #include "settings/Settings.h"
 
 #include <functional>
+#include <optional>
 #include <string_view>
 
 namespace haloric {
@@ -40,6 +42,12 @@ public:
     // may write: the deliveries that are still due then carry the newest record.
     Subscription subscribe(std::function<void(const Settings&)> handler);
 
+    // Why the last write was not saved; no value if it was, and before the first write.
+    const std::optional<PlatformError>& saveError() const { return m_saveError; }
+
+    // Called after a write that changed `saveError`.
+    Subscription onSaveErrorChange(Task handler);
+
 private:
     void save();
 
@@ -47,6 +55,8 @@ private:
     Settings m_settings;
     Publisher<> m_willChange;
     Publisher<> m_published;
+    std::optional<PlatformError> m_saveError;
+    Publisher<> m_saveErrorChanged;
 };
 
 } // namespace haloric

@@ -33,11 +33,12 @@ SettingsView::SettingsView(const SettingsViewDependencies& platform, SettingsSto
       m_loginItem(platform.bundle, platform.loginItems),
       m_launchAtLogin(launchAtLogin)
 {
-    m_storeSubscription = m_store.subscribe([this](const Settings& settings) {
+    m_subscriptions.push_back(m_store.subscribe([this](const Settings& settings) {
         if (settings.dimApps != m_dimApps)
             readDimApps();
         publish();
-    });
+    }));
+    m_subscriptions.push_back(m_store.onSaveErrorChange([this] { publish(); }));
 }
 
 FormModel SettingsView::form() const
@@ -45,7 +46,17 @@ FormModel SettingsView::form() const
     return {.sections = {generalSection(), SettingsSections::border(m_controls), SettingsSections::glow(m_controls),
                          SettingsSections::tint(m_controls), dimSection(), SettingsSections::pulse(m_controls),
                          SettingsSections::shortcut(m_controls)},
-            .buttons = buttons()};
+            .buttons = buttons(),
+            .notice = notice()};
+}
+
+std::string SettingsView::notice() const
+{
+    const auto& error = m_store.saveError();
+    if (!error)
+        return {};
+    const std::string& suggestion = error->localizedRecoverySuggestion;
+    return "Your changes are not saved. " + error->localizedDescription + (suggestion.empty() ? "" : " " + suggestion);
 }
 
 void SettingsView::setOnFormChange(Task handler) { m_onFormChange = std::move(handler); }

@@ -24,8 +24,9 @@ public:
     // The current form. Its controls do nothing once the view is gone.
     FormModel form() const;
 
-    // Called when `form` may return another form: after every write to the store, when the form has come on screen, and
-    // when the switch for the login item was used. Replaces the previous handler; may be empty.
+    // Called when `form` may return another form: after every write to the store, when writes begin or cease to be
+    // saved, when the form has come on screen, and when the switch for the login item was used. Replaces the previous
+    // handler; may be empty.
     void setOnFormChange(Task handler);
 
     // The switch's value: the state of the login item when it was last read, or the user's choice while it is applied.
@@ -45,6 +46,7 @@ private:
     FormRow dimAppRow(std::string id, const std::string& bundleIdentifier) const;
     std::vector<FormMenuItem> runningAppsToAdd() const;
     std::vector<FormRow> buttons() const;
+    std::string notice() const;
 
     void removeDimApp(const std::string& bundleIdentifier);
     void setLaunchAtLogin(bool enabled);
@@ -60,7 +62,7 @@ private:
     std::vector<std::string> m_dimApps; // those that the rows are made of
     std::vector<FormRow> m_dimAppRows;  // kept, because names and icons come from the system's catalogue
     Task m_onFormChange;
-    Subscription m_storeSubscription;
+    std::vector<Subscription> m_subscriptions;
     WeakAnchor<SettingsView> m_anchor{*this};
 };
 

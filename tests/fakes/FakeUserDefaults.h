@@ -15,7 +15,7 @@ public:
     std::map<std::string, std::string, std::less<>> stored;
     mutable std::vector<std::string> reads;                  // keys
     std::vector<std::pair<std::string, std::string>> writes; // keys and bytes, also of refused writes
-    bool refusesToStore = false;
+    std::optional<PlatformError> refusal;                    // of every write
 
     std::optional<std::string> data(std::string_view key) const override
     {
@@ -24,11 +24,13 @@ public:
         return found == stored.end() ? std::nullopt : std::optional(found->second);
     }
 
-    void setData(std::string_view key, std::string_view bytes) override
+    std::optional<PlatformError> setData(std::string_view key, std::string_view bytes) override
     {
         writes.emplace_back(key, bytes);
-        if (!refusesToStore)
-            stored.insert_or_assign(std::string(key), std::string(bytes));
+        if (refusal)
+            return refusal;
+        stored.insert_or_assign(std::string(key), std::string(bytes));
+        return std::nullopt;
     }
 };
 

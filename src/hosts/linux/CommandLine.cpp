@@ -76,7 +76,8 @@ std::string_view CommandLine::helpText()
            "  HALORIC_DISABLE_WINDOWSERVER_FAST_PATH  1 switches the fast path for moving windows off\n"
            "\n"
            "Exit status: 0 at a normal end, 1 without a display, when the display went away, or when the running\n"
-           "program refused; 2 for a wrong option; 3 when no running program could be reached.\n";
+           "program refused or could not save the change; 2 for a wrong option; 3 when no running program could be\n"
+           "reached.\n";
 }
 
 } // namespace haloric

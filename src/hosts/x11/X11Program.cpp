@@ -122,6 +122,30 @@ private:
     std::optional<InstanceServer> m_server;
 };
 
+// Writes to the log, once, that the settings cannot be saved.
+class SaveReport {
+public:
+    // Both outlive it.
+    SaveReport(SettingsStore& store, Log& log)
+        : m_store(store),
+          m_log(log),
+          m_changes(store.onSaveErrorChange([this] { report(); }))
+    {
+    }
+
+private:
+    void report()
+    {
+        if (const auto& error = m_store.saveError(); error && !std::exchange(m_isReported, true))
+            m_log.line("haloric: the settings are not saved: " + error->localizedDescription);
+    }
+
+    SettingsStore& m_store;
+    Log& m_log;
+    bool m_isReported = false;
+    Subscription m_changes;
+};
+
 } // namespace
 
 int runX11Program(const InstanceStart& start)
@@ -131,7 +155,7 @@ int runX11Program(const InstanceStart& start)
     const QtApplication qt([&displayLost] { displayLost(); });
     QtEventLoop loop(start.runLoop);
     X11Desktop desktop(start.connection, start.runLoop, start.log);
-    LinuxUserDefaults userDefaults(LinuxUserDefaults::standardFolder(start.processes));
+    LinuxUserDefaults userDefaults(LinuxUserDefaults::standardFolder(start.processes), &start.log);
     Shell shell(start, desktop, userDefaults);
     LinuxSerialQueues serialQueues(start.runLoop);
     const X11ApplicationWindows applicationWindows(desktop.clients.table(), desktop.scale);
@@ -175,6 +199,7 @@ int runX11Program(const InstanceStart& start)
                           .processes = start.processes,
                           .log = start.log,
                           .onboardingAlert = onboarding});
+    const SaveReport saveReport(entry.settingsStore(), start.log);
     const Contact contact(start, entry, application);
     desktop.windowManager.waitUntilRunning(start.runLoop, kWindowManagerPatience,
                                            [&application] { return application.isTerminated(); });

@@ -60,7 +60,8 @@ int printSettings(const Processes& processes)
 {
     if (const auto exitCode = contactWithRunning(processes).command({.kind = InstanceCommand::Kind::printSettings}))
         return *exitCode;
-    LinuxUserDefaults userDefaults(LinuxUserDefaults::standardFolder(processes));
+    StandardErrorLog log;
+    LinuxUserDefaults userDefaults(LinuxUserDefaults::standardFolder(processes), &log);
     std::cout << InstanceControl::printedSettings(SettingsStore(userDefaults)).text;
     return kSuccess;
 }

@@ -43,6 +43,14 @@ TEST_F(InstanceControlTest, toggling_switches_only_that_effect_and_saves)
     EXPECT_EQ(store.settings(), Settings::defaults());
 }
 
+TEST_F(InstanceControlTest, a_toggle_that_cannot_be_saved_is_in_force_and_refused)
+{
+    defaults.refusal = PlatformError{.localizedDescription = "The disk is full."};
+    EXPECT_EQ(control.perform({Kind::toggle, "border"}),
+              (InstanceReply{false, "border is off, but that is not saved: The disk is full.\n"}));
+    EXPECT_FALSE(store.settings().borderEnabled);
+}
+
 TEST_F(InstanceControlTest, an_unknown_effect_changes_nothing)
 {
     EXPECT_FALSE(control.perform({Kind::toggle, "sound"}).done);

@@ -12,16 +12,18 @@ namespace haloric {
 namespace {
 
 constexpr const char* kKey = "Haloric.settings.v1";
+const PlatformError kFull{.localizedDescription = "The disk is full."};
 
 // Stored data that notifies the test of writes.
 class WatchedDefaults final : public UserDefaults {
 public:
     explicit WatchedDefaults(std::vector<std::string>& journal) : m_journal(journal) {}
     std::optional<std::string> data(std::string_view) const override { return std::nullopt; }
-    void setData(std::string_view key, std::string_view bytes) override
+    std::optional<PlatformError> setData(std::string_view key, std::string_view bytes) override
     {
         m_journal.push_back("saved " + std::string(key) + " " +
                             std::to_string(SettingsCodec::decode(bytes)->borderWidth));
+        return std::nullopt;
     }
 
 private:
@@ -185,9 +187,30 @@ TEST_F(SettingsStoreTest, a_record_that_cannot_be_encoded_is_in_force_but_leaves
 TEST_F(SettingsStoreTest, a_record_that_cannot_be_stored_stays_in_force)
 {
     SettingsStore store(defaults);
-    defaults.refusesToStore = true;
+    defaults.refusal = kFull;
     store.setSettings(withBorderWidth(5));
     EXPECT_EQ(store.settings(), withBorderWidth(5));
+}
+
+TEST_F(SettingsStoreTest, the_reason_why_a_write_is_not_saved_is_told_until_one_is)
+{
+    SettingsStore store(defaults);
+    std::vector<std::string> told;
+    const auto changes = store.onSaveErrorChange([&] {
+        const auto& error = store.saveError();
+        told.push_back(error ? error->localizedDescription : "saved");
+    });
+    store.setSettings(withBorderWidth(5));
+    EXPECT_EQ(store.saveError(), std::nullopt);
+    defaults.refusal = kFull;
+    store.setSettings(withBorderWidth(6));
+    EXPECT_EQ(store.saveError(), kFull);
+    store.setSettings(withBorderWidth(7));
+    store.setSettings(withBorderWidth(std::numeric_limits<double>::infinity()));
+    defaults.refusal.reset();
+    store.setSettings(withBorderWidth(8));
+    EXPECT_EQ(told, (std::vector<std::string>{"The disk is full.",
+                                              "The settings hold a number or a name that cannot be stored.", "saved"}));
 }
 
 } // namespace

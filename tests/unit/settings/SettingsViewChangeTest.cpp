@@ -35,6 +35,19 @@ TEST_F(SettingsViewChangeTest, a_write_from_elsewhere_gives_a_new_form)
     EXPECT_FALSE(controlOf<FormToggle>(forms[0], "glowEnabled").isOn);
 }
 
+TEST_F(SettingsViewChangeTest, the_form_tells_while_changes_are_not_saved)
+{
+    EXPECT_EQ(view->form().notice, "");
+    defaults.refusal =
+        PlatformError{.localizedDescription = "The disk is full.", .localizedRecoverySuggestion = "Make some room."};
+    control<FormSlider>("cornerRadius").set(5);
+    ASSERT_FALSE(forms.empty());
+    EXPECT_EQ(forms.back().notice, "Your changes are not saved. The disk is full. Make some room.");
+    defaults.refusal.reset();
+    control<FormSlider>("cornerRadius").set(6);
+    EXPECT_EQ(forms.back().notice, "");
+}
+
 TEST_F(SettingsViewChangeTest, appearing_on_screen_gives_a_new_form_with_the_current_state)
 {
     accessibility.trusted = false;

@@ -51,6 +51,23 @@ TEST_F(FormPlace, on_a_small_screen_the_window_keeps_its_width_and_the_form_scro
     EXPECT_TRUE(session.observer().waitUntil([&] { return harness.place("choose").bottom() <= end; }));
 }
 
+TEST_F(FormPlace, a_notice_is_visible_above_the_buttons_while_there_is_one)
+{
+    X11Session session(WindowManager::openbox);
+    FormHarness harness(session);
+    harness.send("scope 1");
+    ASSERT_TRUE(harness.showForm());
+    EXPECT_FALSE(harness.isVisible("notice"));
+    harness.send("notice Your changes are not saved. The disk has no room left for ~/.config. Make some room, "
+                 "then try again.");
+    const ScreenRect notice = harness.place("notice");
+    const ScreenRect button = harness.place("Reset to Defaults");
+    EXPECT_GT(notice.height, 0);
+    EXPECT_LE(notice.bottom(), button.y);
+    harness.send("notice ");
+    EXPECT_TRUE(session.observer().waitUntil([&] { return !harness.isVisible("notice"); }));
+}
+
 TEST_F(FormPlace, after_the_screen_has_shrunk_the_window_reopens_inside_it)
 {
     X11Session session(WindowManager::openbox, Compositor::none, {.kind = X11ServerKind::dummy});

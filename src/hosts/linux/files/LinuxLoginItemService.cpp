@@ -1,12 +1,12 @@
 #include "hosts/linux/files/LinuxLoginItemService.h"
 
 #include "foundation/ProductIdentity.h"
+#include "hosts/linux/files/FileTrouble.h"
 #include "hosts/linux/files/XdgFolders.h"
 #include "hosts/posix/PosixFile.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <system_error>
 
 #include <unistd.h>
 
@@ -14,32 +14,6 @@ namespace haloric {
 namespace {
 
 constexpr std::size_t kMaximumSize = 65536; // bytes; more than an entry with translations into every language
-constexpr const char* kErrorDomain = "POSIX";
-
-struct Reason {
-    std::string description;
-    std::string suggestion;
-};
-
-Reason reasonFor(int number, const std::string& folder)
-{
-    switch (number) {
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        return {"The folder " + folder + " cannot be changed.", "Make it writable, then try again."};
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-        return {"The disk has no room left for " + folder + ".", "Make some room, then try again."};
-    case ENOTDIR:
-    case EEXIST:
-    case EISDIR:
-        return {"Something else is in the way of " + folder + ".", "Move it away, then try again."};
-    default:
-        return {"The folder " + folder + " does not answer: " + std::generic_category().message(number) + ".", ""};
-    }
-}
 
 constexpr std::string_view kBlanks = " \t\r";
 
@@ -183,10 +157,8 @@ LoginItemStatus LinuxLoginItemService::status() const
 std::optional<PlatformError> LinuxLoginItemService::registerApplication()
 {
     constexpr std::string_view kFailure = "Haloric will not start at login.";
-    if (m_folder.empty()) {
-        return PlatformError{kErrorDomain, ENOENT,
-                             std::string(kFailure) + " Neither XDG_CONFIG_HOME nor HOME names a folder.", ""};
-    }
+    if (m_folder.empty())
+        return errorFor(ENOENT, kFailure);
     int error = PosixFile::makeFolders(m_folder);
     if (error == 0) {
         const std::string temporary = "." + AutostartEntry::fileName() + "." + std::to_string(getpid()) + ".tmp";
@@ -204,8 +176,9 @@ std::optional<PlatformError> LinuxLoginItemService::unregisterApplication()
 
 PlatformError LinuxLoginItemService::errorFor(int number, std::string_view failure) const
 {
-    Reason reason = reasonFor(number, m_folder.string());
-    return {kErrorDomain, number, std::string(failure) + " " + reason.description, std::move(reason.suggestion)};
+    PlatformError error = m_folder.empty() ? noUserFolder() : fileTrouble(number, m_folder.string());
+    error.localizedDescription = std::string(failure) + " " + error.localizedDescription;
+    return error;
 }
 
 } // namespace haloric

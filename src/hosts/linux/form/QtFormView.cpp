@@ -1,7 +1,9 @@
 #include "hosts/linux/form/QtFormView.h"
 
 #include "hosts/linux/form/QtFormStyle.h"
+#include "hosts/linux/qt/QtText.h"
 
+#include <QLabel>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -24,6 +26,7 @@ QtFormView::QtFormView(QWidget* parent)
       m_scroll(new QScrollArea(this)),
       m_content(new QWidget),
       m_column(new QVBoxLayout(m_content)),
+      m_notice(new QLabel(this)),
       m_line(new QtFlowLayout),
       m_sections(*m_column),
       m_buttons(*m_line)
@@ -41,10 +44,17 @@ QtFormView::QtFormView(QWidget* parent)
     m_scroll->setWidget(m_content);
     m_scroll->verticalScrollBar()->setStyle(&QtFormStyle::shared());
 
+    m_notice->setObjectName("notice");
+    m_notice->setTextFormat(Qt::PlainText);
+    m_notice->setWordWrap(true);
+    m_notice->setContentsMargins(kMargin, kButtonMargin, kMargin, 0);
+    m_notice->hide();
+
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->setSpacing(0);
     all->addWidget(m_scroll, 1);
+    all->addWidget(m_notice);
     all->addLayout(m_line);
 }
 
@@ -54,6 +64,16 @@ void QtFormView::show(const FormModel& form)
     m_buttons.show(form.buttons);
     m_buttons.forEach([](QtFormRow& row) { row.makeCompact(); });
     orderTabs();
+    showNotice(form.notice);
+}
+
+void QtFormView::showNotice(const std::string& notice)
+{
+    const QString text = notice.empty() ? QString() : QString::fromUtf8("⚠ ") + qtText(notice);
+    if (text == m_notice->text())
+        return;
+    m_notice->setText(text);
+    m_notice->setVisible(!text.isEmpty());
 }
 
 // Tab moves from top to bottom, whatever the order in which the widgets were made.

@@ -1,4 +1,4 @@
-// A form: sections that scroll, and fixed buttons below them. Main thread.
+// A form: sections that scroll, and a notice and buttons fixed below them. Main thread.
 #pragma once
 
 #include "hosts/linux/form/QtFlowLayout.h"
@@ -7,10 +7,12 @@
 #include "hosts/linux/form/QtKeyedWidgets.h"
 #include "platform/FormModel.h"
 
+#include <string>
 #include <vector>
 
 #include <QWidget>
 
+class QLabel;
 class QScrollArea;
 class QVBoxLayout;
 
@@ -30,10 +32,12 @@ protected:
 
 private:
     void orderTabs();
+    void showNotice(const std::string& notice);
 
     QScrollArea* m_scroll;
     QWidget* m_content;
     QVBoxLayout* m_column;
+    QLabel* m_notice; // between the sections and the buttons
     QtFlowLayout* m_line;
     QtKeyedWidgets<QtFormSection> m_sections;
     QtKeyedWidgets<QtFormRow, QtFlowLayout> m_buttons;

@@ -12,10 +12,11 @@ std::optional<std::string> MacUserDefaults::data(std::string_view key) const
     return std::string(static_cast<const char*>(data.bytes), data.length);
 }
 
-void MacUserDefaults::setData(std::string_view key, std::string_view bytes)
+std::optional<PlatformError> MacUserDefaults::setData(std::string_view key, std::string_view bytes)
 {
     NSData* data = [NSData dataWithBytes:bytes.data() length:bytes.size()];
     [NSUserDefaults.standardUserDefaults setObject:data forKey:nsStringFrom(key)];
+    return std::nullopt;
 }
 
 } // namespace haloric

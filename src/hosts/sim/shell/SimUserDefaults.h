@@ -19,11 +19,13 @@ public:
         return found == m_data.end() ? std::nullopt : std::optional(found->second);
     }
 
-    void setData(std::string_view key, std::string_view bytes) override
+    std::optional<PlatformError> setData(std::string_view key, std::string_view bytes) override
     {
         m_desktop.journal.note(SimJournal::Kind::save, key);
-        if (!m_desktop.faults.savesFail)
-            m_data.insert_or_assign(std::string(key), std::string(bytes));
+        if (m_desktop.faults.savesFail)
+            return PlatformError{.localizedDescription = "The simulated disk is full."};
+        m_data.insert_or_assign(std::string(key), std::string(bytes));
+        return std::nullopt;
     }
 
     // Stores without a journal entry, as an earlier run did.

@@ -6,6 +6,9 @@
 
 #include <algorithm>
 #include <csignal>
+#include <filesystem>
+
+#include <sys/stat.h>
 
 namespace haloric {
 namespace {
@@ -60,6 +63,29 @@ TEST_F(SecondStartScene, a_second_start_exits_and_the_first_keeps_running)
     }
     EXPECT_TRUE(first.process().isRunning());
     EXPECT_EQ(first.stop(), 0);
+}
+
+TEST_F(SecondStartScene, a_change_that_cannot_be_saved_is_reported_and_a_pipe_in_place_of_the_settings_stays)
+{
+    const auto file = HaloricProcess::settingsFile(session.environment());
+    std::filesystem::create_directories(file.parent_path());
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    HaloricProcess first(session);
+    awaitHighlight(first);
+    for (const char* state : {"on", "off"}) {
+        const auto toggled = start({"--toggle", "dim"});
+        EXPECT_EQ(toggled.exitCode, 1);
+        EXPECT_EQ(toggled.errors, "haloric: dim is " + std::string(state) +
+                                      ", but that is not saved: " + file.string() + " is no ordinary file.\n");
+    }
+    EXPECT_TRUE(std::filesystem::is_fifo(file));
+    EXPECT_EQ(first.stop(), 0);
+    const std::string log = first.process().standardError();
+    const std::string unsaved = "haloric: the settings are not saved: " + file.string() + " is no ordinary file.\n";
+    EXPECT_NE(log.find("haloric: " + file.string() + " is no ordinary file; it is not read\n"), std::string::npos)
+        << log;
+    EXPECT_NE(log.find(unsaved), std::string::npos) << log;
+    EXPECT_EQ(log.find(unsaved), log.rfind(unsaved)) << log;
 }
 
 TEST_F(SecondStartScene, of_several_starts_at_once_one_runs)

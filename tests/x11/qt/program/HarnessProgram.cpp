@@ -138,6 +138,10 @@ void HarnessProgram::addWindowVerbs()
         m_settings.scope = std::stoul(value);
         m_settings.changed();
     };
+    m_verbs["notice"] = [this](const std::string& text) {
+        m_settings.notice = text;
+        m_settings.changed();
+    };
     m_verbs["well"] = [this](const std::string& value) {
         m_settings.isWellEnabled = value == "on";
         m_settings.changed();

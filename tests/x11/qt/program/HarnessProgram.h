@@ -5,6 +5,7 @@
 //   reveal TITLE             shows a hidden menu item
 //   show, center             the form's window
 //   width NUMBER, scope N    changes a value of the form, as if another part of the program did
+//   notice TEXT              sets or removes the form's notice
 //   well on|off              enables or disables the colour well
 //   alert, error, about, choose
 //

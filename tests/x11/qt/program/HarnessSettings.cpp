@@ -106,6 +106,7 @@ FormModel HarnessSettings::form()
     FormModel form{{controls(), applicationList()}, {}};
     for (const char* title : {"Reset to Defaults", "Grant Accessibility…", "Restart", "Quit Haloric"})
         form.buttons.push_back({title, FormButton{title, [this, title] { report(std::string("button ") + title); }}});
+    form.notice = notice;
     return form;
 }
 

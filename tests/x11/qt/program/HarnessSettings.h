@@ -23,6 +23,7 @@ public:
     double width = 3;
     Color color{0.04, 0.52, 1, 1};
     std::size_t scope = 0;
+    std::string notice;
     std::vector<std::string> applications{"openbox", "python3.11"};
 
 private:

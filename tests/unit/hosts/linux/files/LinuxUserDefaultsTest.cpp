@@ -108,7 +108,9 @@ TEST(LinuxUserDefaults, the_folder_is_in_the_users_configuration)
 TEST(LinuxUserDefaults, without_a_folder_nothing_is_stored)
 {
     LinuxUserDefaults defaults{""};
-    defaults.setData("Haloric.settings.v1", "x");
+    const auto error = defaults.setData("Haloric.settings.v1", "x");
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->localizedDescription, "Neither XDG_CONFIG_HOME nor HOME names a folder.");
     EXPECT_FALSE(defaults.data("Haloric.settings.v1").has_value());
     EXPECT_FALSE(fs::exists("/Haloric.settings.v1"));
 }

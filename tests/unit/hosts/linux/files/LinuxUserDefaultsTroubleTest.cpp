@@ -1,5 +1,7 @@
 // Full disks, read-only folders, links, and files of other kinds.
 #include "hosts/linux/files/LinuxUserDefaults.h"
+
+#include "fakes/FakeLog.h"
 #include "unit/hosts/linux/files/UserDefaultsFolder.h"
 
 #include <csignal>
@@ -21,7 +23,15 @@ protected:
     static constexpr const char* kKey = UserDefaultsFolder::kKey;
 
     UserDefaultsFolder folder;
-    LinuxUserDefaults defaults{folder.path().string()};
+    FakeLog log;
+    LinuxUserDefaults defaults{folder.path().string(), &log};
+
+    // The line for a file that is there and is not read.
+    std::string unread(const std::string& reason) const
+    {
+        return "haloric: " + folder.file().string() + " " + reason + "; it is not read";
+    }
+    bool isPipe() const { return fs::symlink_status(folder.file()).type() == fs::file_type::fifo; }
 };
 
 TEST_F(LinuxUserDefaultsTroubleTest, a_full_disk_keeps_the_old_value_and_leaves_no_temporary_file)
@@ -33,21 +43,26 @@ TEST_F(LinuxUserDefaultsTroubleTest, a_full_disk_keeps_the_old_value_and_leaves_
     for (const rlim_t room : {rlim_t{0}, rlim_t{1000}}) {
         const rlimit little{room, before.rlim_max};
         setrlimit(RLIMIT_FSIZE, &little);
-        defaults.setData(kKey, std::string(5000, 'n'));
+        const auto error = defaults.setData(kKey, std::string(5000, 'n'));
         setrlimit(RLIMIT_FSIZE, &before);
+        ASSERT_TRUE(error.has_value());
+        EXPECT_EQ(error->localizedDescription, "The disk has no room left for " + folder.path().string() + ".");
         EXPECT_EQ(defaults.data(kKey), "old");
         EXPECT_EQ(folder.names(), Names{kKey});
     }
     std::signal(SIGXFSZ, handler);
-    defaults.setData(kKey, "new");
+    EXPECT_FALSE(defaults.setData(kKey, "new").has_value());
     EXPECT_EQ(defaults.data(kKey), "new");
 }
 
 TEST_F(LinuxUserDefaultsTroubleTest, without_a_folder_that_can_be_created_nothing_is_stored)
 {
     UserDefaultsFolder::write(folder.path().parent_path(), "a file in the way");
-    defaults.setData(kKey, "x");
+    const auto error = defaults.setData(kKey, "x");
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->localizedDescription, "Something else is in the way of " + folder.path().string() + ".");
     EXPECT_FALSE(defaults.data(kKey).has_value());
+    EXPECT_TRUE(log.lines.empty());
 }
 
 TEST_F(LinuxUserDefaultsTroubleTest, a_folder_that_cannot_be_written_keeps_the_old_value)
@@ -61,8 +76,9 @@ TEST_F(LinuxUserDefaultsTroubleTest, a_folder_that_cannot_be_written_keeps_the_o
         chmod(folder.path().c_str(), 0555);
         if (geteuid() == 0 && setuid(65534) != 0)
             _exit(1);
-        LinuxUserDefaults(folder.path().string()).setData(kKey, "new");
-        _exit(access(folder.path().c_str(), W_OK) == 0 ? 2 : 0);
+        const auto error = LinuxUserDefaults(folder.path().string()).setData(kKey, "new");
+        const bool isReported = error && error->localizedRecoverySuggestion == "Make it writable, then try again.";
+        _exit(access(folder.path().c_str(), W_OK) == 0 ? 2 : isReported ? 0 : 3);
     }
     int status = -1;
     waitpid(child, &status, 0);
@@ -72,23 +88,77 @@ TEST_F(LinuxUserDefaultsTroubleTest, a_folder_that_cannot_be_written_keeps_the_o
     EXPECT_EQ(folder.names(), Names{kKey});
 }
 
-TEST_F(LinuxUserDefaultsTroubleTest, a_file_that_is_not_regular_is_absent_and_does_not_block)
+TEST_F(LinuxUserDefaultsTroubleTest, a_pipe_is_neither_read_nor_replaced)
 {
     fs::create_directories(folder.path());
     mkfifo(folder.file().c_str(), 0600);
     EXPECT_FALSE(defaults.data(kKey).has_value());
-    fs::remove(folder.file());
-    fs::create_directories(folder.file());
-    EXPECT_FALSE(defaults.data(kKey).has_value());
-    defaults.setData(kKey, "x");
-    EXPECT_EQ(folder.names(), Names{kKey}) << "a folder in the way is not replaced";
+    const auto error = defaults.setData(kKey, "x");
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->localizedDescription, folder.file().string() + " is no ordinary file.");
+    EXPECT_EQ(error->localizedRecoverySuggestion, "Move it away, then try again.");
+    EXPECT_TRUE(isPipe());
+    EXPECT_EQ(folder.names(), Names{kKey});
+    EXPECT_EQ(log.lines, Names{unread("is no ordinary file")});
 }
 
-TEST_F(LinuxUserDefaultsTroubleTest, a_file_that_is_too_large_is_absent)
+TEST_F(LinuxUserDefaultsTroubleTest, a_folder_in_place_of_the_file_is_neither_read_nor_replaced)
+{
+    fs::create_directories(folder.file());
+    EXPECT_FALSE(defaults.data(kKey).has_value());
+    EXPECT_TRUE(defaults.setData(kKey, "x").has_value());
+    EXPECT_TRUE(fs::is_directory(folder.file()));
+    EXPECT_EQ(folder.names(), Names{kKey});
+}
+
+TEST_F(LinuxUserDefaultsTroubleTest, a_link_to_a_device_or_a_pipe_stays_and_so_does_its_target)
+{
+    fs::create_directories(folder.path());
+    const fs::path pipe = folder.root() / "pipe";
+    mkfifo(pipe.c_str(), 0600);
+    for (const fs::path& target : {fs::path("/dev/null"), pipe}) {
+        fs::remove(folder.file());
+        fs::create_symlink(target, folder.file());
+        log.lines.clear();
+        EXPECT_FALSE(defaults.data(kKey).has_value());
+        const auto error = defaults.setData(kKey, "x");
+        ASSERT_TRUE(error.has_value()) << target;
+        EXPECT_EQ(error->localizedDescription, folder.file().string() + " is a link to what is no ordinary file.");
+        EXPECT_EQ(fs::read_symlink(folder.file()), target);
+        EXPECT_EQ(log.lines, Names{unread("is a link to what is no ordinary file")});
+    }
+    EXPECT_TRUE(fs::is_fifo(pipe));
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST_F(LinuxUserDefaultsTroubleTest, a_file_that_is_too_large_is_absent_and_stays)
 {
     UserDefaultsFolder::write(folder.file(), "");
     fs::resize_file(folder.file(), std::uintmax_t{1} << 40); // a sparse file
     EXPECT_FALSE(defaults.data(kKey).has_value());
+    UserDefaultsFolder::write(folder.file(), std::string(LinuxUserDefaults::kMaximumSize + 1, ' '));
+    EXPECT_FALSE(defaults.data(kKey).has_value());
+    EXPECT_EQ(fs::file_size(folder.file()), LinuxUserDefaults::kMaximumSize + 1);
+    EXPECT_EQ(log.lines, Names(2, unread("is larger than 1 MiB")));
+    UserDefaultsFolder::write(folder.file(), std::string(LinuxUserDefaults::kMaximumSize, ' '));
+    EXPECT_TRUE(defaults.data(kKey).has_value());
+}
+
+TEST_F(LinuxUserDefaultsTroubleTest, a_file_of_nested_brackets_is_absent_and_stays)
+{
+    const std::string bad = std::string(65, '[') + std::string(65, ']');
+    UserDefaultsFolder::write(folder.file(), bad);
+    EXPECT_FALSE(defaults.data(kKey).has_value());
+    EXPECT_EQ(UserDefaultsFolder::contents(folder.file()), bad);
+    EXPECT_EQ(log.lines, Names{unread("is nested more than 64 levels deep")});
+    UserDefaultsFolder::write(folder.file(), bad.substr(1, 128));
+    EXPECT_TRUE(defaults.data(kKey).has_value());
+}
+
+TEST_F(LinuxUserDefaultsTroubleTest, a_missing_file_is_not_reported)
+{
+    EXPECT_FALSE(defaults.data(kKey).has_value());
+    EXPECT_TRUE(log.lines.empty());
 }
 
 TEST_F(LinuxUserDefaultsTroubleTest, a_symbolic_link_stays_and_its_target_is_replaced)
@@ -105,16 +175,18 @@ TEST_F(LinuxUserDefaultsTroubleTest, a_symbolic_link_stays_and_its_target_is_rep
     EXPECT_EQ(folder.names(), Names{kKey});
 }
 
-TEST_F(LinuxUserDefaultsTroubleTest, a_dangling_symbolic_link_is_replaced)
+TEST_F(LinuxUserDefaultsTroubleTest, a_link_that_leads_nowhere_stays)
 {
     fs::create_directories(folder.path());
     for (const fs::path& goal : {folder.root() / "gone", folder.file()}) {
         fs::remove(folder.file());
         fs::create_symlink(goal, folder.file());
+        log.lines.clear();
         EXPECT_FALSE(defaults.data(kKey).has_value());
-        defaults.setData(kKey, "new");
-        EXPECT_FALSE(fs::is_symlink(folder.file()));
-        EXPECT_EQ(defaults.data(kKey), "new");
+        EXPECT_EQ(log.lines, Names{unread("is a link that leads nowhere")});
+        EXPECT_TRUE(defaults.setData(kKey, "new").has_value());
+        EXPECT_EQ(fs::read_symlink(folder.file()), goal);
+        EXPECT_FALSE(fs::exists(folder.root() / "gone"));
     }
 }
 

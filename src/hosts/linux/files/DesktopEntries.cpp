@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 #include <filesystem>
+#include <tuple>
 
 #include <gio/gdesktopappinfo.h>
 
@@ -81,6 +82,22 @@ bool equalRegardlessOfCase(std::string_view a, std::string_view b)
     return std::ranges::equal(a, b, {}, lower, lower);
 }
 
+// Other text cannot be stored as JSON.
+bool isUtf8(const std::string& text)
+{
+    return g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr) != FALSE;
+}
+
+// Whether `a` is the better of two entries that match the name alike.
+bool isBetter(const DesktopEntries::Entry& a, const DesktopEntries::Entry& b, std::string_view name)
+{
+    const auto rank = [name](const DesktopEntries::Entry& entry) {
+        return std::tuple(!entry.isShown, entry.identifier != name, !equalRegardlessOfCase(entry.identifier, name),
+                          std::string_view(entry.identifier));
+    };
+    return rank(a) < rank(b);
+}
+
 } // namespace
 
 // Reports whether the set of installed applications has changed. GIO delivers the signal to the thread-default context
@@ -131,10 +148,13 @@ std::optional<std::string> DesktopEntries::match(const ApplicationNames& names, 
         for (const auto equal : {&equalAsWritten, &equalRegardlessOfCase}) {
             for (const std::string_view name :
                  {std::string_view(names.className), std::string_view(names.instanceName)}) {
-                const auto found = std::ranges::find_if(
-                    entries, [&](const Entry& entry) { return !name.empty() && equal(entry.*key, name); });
-                if (found != entries.end())
-                    return found->identifier;
+                const Entry* best = nullptr;
+                for (const Entry& entry : entries) {
+                    if (!name.empty() && equal(entry.*key, name) && (!best || isBetter(entry, *best, name)))
+                        best = &entry;
+                }
+                if (best)
+                    return best->identifier;
             }
         }
     }
@@ -143,30 +163,36 @@ std::optional<std::string> DesktopEntries::match(const ApplicationNames& names, 
 
 std::optional<std::string> DesktopEntries::identifier(const ApplicationNames& names)
 {
-    if (!names.applicationId.empty())
+    if (!names.applicationId.empty() && isUtf8(names.applicationId))
         return names.applicationId;
-    if (names.className.empty() && names.instanceName.empty())
+    const auto key =
+        std::pair(isUtf8(names.className) ? names.className : "", isUtf8(names.instanceName) ? names.instanceName : "");
+    const auto& [className, instanceName] = key;
+    if (className.empty() && instanceName.empty())
         return std::nullopt;
     if (m_changes->take()) {
         m_known.clear();
         m_installed.reset();
     }
-    const auto key = std::pair(names.className, names.instanceName);
     if (const auto known = m_known.find(key); known != m_known.end())
         return known->second;
     if (!m_installed)
-        readInstalled();
-    const std::string& ownName = names.className.empty() ? names.instanceName : names.className;
-    return m_known.emplace(key, match(names, *m_installed).value_or(ownName)).first->second;
+        m_installed = readInstalled();
+    const std::string& ownName = className.empty() ? instanceName : className;
+    const auto found = match({{}, instanceName, className}, *m_installed);
+    return m_known.emplace(key, found.value_or(ownName)).first->second;
 }
 
-void DesktopEntries::readInstalled()
+std::vector<DesktopEntries::Entry> DesktopEntries::readInstalled()
 {
-    std::vector<Entry>& installed = m_installed.emplace();
+    std::vector<Entry> installed;
     forEachInstalled([&installed](GDesktopAppInfo* entry) {
-        installed.push_back({withoutSuffix(textOrEmpty(g_app_info_get_id(G_APP_INFO(entry)))),
-                             textOrEmpty(g_desktop_app_info_get_startup_wm_class(entry))});
+        std::string identifier = withoutSuffix(textOrEmpty(g_app_info_get_id(G_APP_INFO(entry))));
+        if (isUtf8(identifier))
+            installed.push_back({std::move(identifier), textOrEmpty(g_desktop_app_info_get_startup_wm_class(entry)),
+                                 g_app_info_should_show(G_APP_INFO(entry)) != FALSE});
     });
+    return installed;
 }
 
 std::optional<std::string> DesktopEntries::pathOf(std::string_view identifier)
@@ -178,10 +204,13 @@ std::optional<std::string> DesktopEntries::pathOf(std::string_view identifier)
 
 std::optional<std::string> DesktopEntries::identifierAt(const std::string& path)
 {
-    if (!entryAt(path))
+    const EntryInfo entry = entryAt(path);
+    const std::string name = entry ? withoutSuffix(nameBelowApplications(path)) : std::string();
+    if (name.empty() || !isUtf8(name))
         return std::nullopt;
-    const std::string name = withoutSuffix(nameBelowApplications(path));
-    return name.empty() ? std::nullopt : std::optional(name);
+    // Another entry may claim the same windows. Without a claim, the windows are taken to be named like the entry.
+    const std::string claimed = textOrEmpty(g_desktop_app_info_get_startup_wm_class(entry.get()));
+    return match({{}, {}, claimed.empty() ? name : claimed}, readInstalled()).value_or(name);
 }
 
 std::optional<ApplicationFile> DesktopEntries::at(const std::string& path)
@@ -194,7 +223,7 @@ std::vector<ApplicationFile> DesktopEntries::shown()
 {
     std::vector<ApplicationFile> files;
     forEachInstalled([&files](GDesktopAppInfo* entry) {
-        if (g_app_info_should_show(G_APP_INFO(entry)))
+        if (g_app_info_should_show(G_APP_INFO(entry)) && isUtf8(textOrEmpty(g_app_info_get_id(G_APP_INFO(entry)))))
             files.push_back(fileOf(entry));
     });
     return files;

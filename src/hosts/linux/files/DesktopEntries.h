@@ -34,36 +34,40 @@ public:
     DesktopEntries(const DesktopEntries&) = delete;
     DesktopEntries& operator=(const DesktopEntries&) = delete;
 
-    // The identifier of the application that a window belongs to: its application id; otherwise the entry that claims
-    // its class or instance name, then the entry named like one of them, each first case-sensitively and then not;
-    // otherwise the class name. Absent if all names are empty. The installed entries are read again only after they
-    // have changed.
+    // The identifier of the application that a window belongs to: its application id; otherwise the entry that `match`
+    // finds; otherwise the class name. Absent if all names are empty or not UTF-8. The installed entries are read again
+    // only after they have changed.
     std::optional<std::string> identifier(const ApplicationNames& names);
 
     struct Entry {
         std::string identifier;
         std::string windowClass; // StartupWMClass; may be empty
+        bool isShown = true;     // in menus
     };
 
-    // The entry that matches the class or instance name, as above; absent if none does.
+    // The entry that claims the class or instance name, then the entry named like one of them, each first
+    // case-sensitively and then not. Of several that match alike: one that menus show, then the one named like the
+    // class, then the first by identifier. Absent if none matches.
     static std::optional<std::string> match(const ApplicationNames& names, const std::vector<Entry>& entries);
 
     // The path of the entry with that identifier; absent if there is none, or the user has deleted it.
     static std::optional<std::string> pathOf(std::string_view identifier);
 
-    // The identifier of the entry at that path; absent if there is no application's desktop entry.
+    // The identifier that `identifier` returns for the windows of the application at that path; absent if there is no
+    // application's desktop entry, or its name is not UTF-8.
     static std::optional<std::string> identifierAt(const std::string& path);
 
     // The application at that path; absent if there is no application's desktop entry.
     static std::optional<ApplicationFile> at(const std::string& path);
 
-    // The applications that menus show, in no particular order.
+    // The applications that menus show and that have an identifier, in no particular order.
     static std::vector<ApplicationFile> shown();
 
 private:
     class Changes;
 
-    void readInstalled();
+    // All entries whose names are UTF-8.
+    static std::vector<Entry> readInstalled();
 
     std::unique_ptr<Changes> m_changes;
     std::map<std::pair<std::string, std::string>, std::string> m_known; // by class and instance name

@@ -63,6 +63,18 @@ std::string_view X11Property::text(std::size_t part) const
     return rest.substr(0, rest.find('\0'));
 }
 
+std::string X11Property::latin1Text(std::size_t part) const
+{
+    std::string converted;
+    for (const char character : text(part)) {
+        const auto code = static_cast<unsigned char>(character);
+        if (code >= 0x80)
+            converted += static_cast<char>(0xC0 | code >> 6);
+        converted += static_cast<char>(code >= 0x80 ? 0x80 | (code & 0x3F) : code);
+    }
+    return converted;
+}
+
 X11PropertyRequest::X11PropertyRequest(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property,
                                        std::uint32_t maximumWords)
     : m_connection(connection),

@@ -43,6 +43,9 @@ public:
     // The part of 8-bit text with zero bytes between parts; empty past the last one.
     std::string_view text(std::size_t part) const;
 
+    // Such a part of text in Latin-1, as UTF-8.
+    std::string latin1Text(std::size_t part) const;
+
 private:
     xcb_atom_t m_type = XCB_ATOM_NONE;
     std::uint8_t m_format = 0;

@@ -160,8 +160,8 @@ std::optional<X11ClientRecord> X11ClientReader::takeFacts(xcb_window_t window, F
     client.opacity = facts.opacity.take().cardinal().value_or(std::numeric_limits<std::uint32_t>::max()) /
                      double{std::numeric_limits<std::uint32_t>::max()};
     const X11Property windowClass = facts.windowClass.take();
-    record.names = {std::string(facts.applicationId.take().text()), std::string(windowClass.text(0)),
-                    std::string(windowClass.text(1))};
+    record.names = {std::string(facts.applicationId.take().text()), windowClass.latin1Text(0),
+                    windowClass.latin1Text(1)};
     return record;
 }
 

@@ -133,6 +133,14 @@ TEST_P(X11WorkspaceTest, an_application_is_identified_by_its_windows)
         [&] { return adapters.workspace.bundleIdentifier(ProcessID{kFirst}) == "org.example.Told"; }));
 }
 
+TEST_P(X11WorkspaceTest, a_class_in_latin_1_identifies_an_application_that_can_be_stored)
+{
+    const auto client = session.makeClient({.className = "Caf\xe9", .processId = kFirst});
+    ASSERT_TRUE(client->showFocused());
+    ASSERT_TRUE(isFrontmost(kFirst));
+    EXPECT_EQ(adapters.workspace.bundleIdentifier(ProcessID{kFirst}), "Café");
+}
+
 INSTANTIATE_TEST_SUITE_P(Under, X11WorkspaceTest,
                          testing::Values(WindowManager::openbox, WindowManager::xfwm4, WindowManager::metacity),
                          nameOfParameter);

@@ -53,6 +53,22 @@ TEST(DesktopEntries, empty_names_match_nothing)
     EXPECT_EQ(DesktopEntries::match(windowClass("", "unknown"), kEntries), std::nullopt);
 }
 
+TEST(DesktopEntries, of_several_claims_the_shown_entry_wins_then_the_one_named_like_the_class_then_the_first_by_name)
+{
+    const Entry handler{"app-url-handler", "App", false};
+    const Entry shown{"z.shown", "App"};
+    const Entry other{"b.other", "App"};
+    const Entry named{"App", "App"};
+    const Entry hiddenNamed{"App", "App", false};
+    EXPECT_EQ(DesktopEntries::match(windowClass("", "App"), {handler, shown}), "z.shown");
+    EXPECT_EQ(DesktopEntries::match(windowClass("", "App"), {hiddenNamed, shown}), "z.shown");
+    EXPECT_EQ(DesktopEntries::match(windowClass("", "App"), {shown, other, named}), "App");
+    EXPECT_EQ(DesktopEntries::match(windowClass("", "App"), {{"app", "App"}, other}), "app");
+    EXPECT_EQ(DesktopEntries::match(windowClass("", "App"), {shown, other}), "b.other");
+    EXPECT_EQ(DesktopEntries::match(windowClass("", "App"), {other, shown}), "b.other");
+    EXPECT_EQ(DesktopEntries::match(windowClass("", "APP"), {{"aPP", "", false}, {"app", ""}}), "app");
+}
+
 // Reports whether a file of a folder has been opened since construction.
 class EntryReads {
 public:
@@ -125,6 +141,20 @@ TEST_F(InstalledEntries, without_an_entry_the_class_name_is_the_identifier)
     EXPECT_EQ(entries.identifier({}), std::nullopt);
 }
 
+TEST_F(InstalledEntries, names_that_are_not_utf8_are_not_offered)
+{
+    const std::string bad = "Caf\xe9";
+    install(bad, "");
+    DesktopEntries entries;
+    EXPECT_EQ(entries.identifier({bad, "x", "painter-main"}), "org.example.Painter");
+    EXPECT_EQ(entries.identifier(windowClass("inst", bad)), "inst");
+    EXPECT_EQ(entries.identifier(windowClass(bad, bad)), std::nullopt);
+    EXPECT_EQ(DesktopEntries::identifierAt(applications() / (bad + ".desktop")), std::nullopt);
+    for (const ApplicationFile& file : DesktopEntries::shown())
+        EXPECT_NE(file.path, (applications() / (bad + ".desktop")).string());
+    uninstall(bad);
+}
+
 // GIO receives changes on a separate thread, so the test waits for them.
 bool waitFor(const std::function<bool()>& predicate)
 {
@@ -152,6 +182,24 @@ TEST_F(InstalledEntries, installing_and_removing_applications_takes_effect)
     EXPECT_TRUE(isFoundAs("org.example.Later"));
     uninstall("org.example.Later");
     EXPECT_TRUE(isFoundAs("late-main"));
+}
+
+TEST_F(InstalledEntries, a_chosen_entry_has_the_identifier_of_its_windows)
+{
+    install("net.example.Chat", "StartupWMClass=chat-main\n");
+    install("net.example.Chat-handler", "StartupWMClass=chat-main\nNoDisplay=true\n");
+    install("net.example.ChatPrivate", "StartupWMClass=chat-main\n");
+    install("chat-main", "");
+    DesktopEntries entries;
+    ASSERT_TRUE(waitFor([&] { return entries.identifier(windowClass("x", "chat-main")) == "net.example.Chat"; }));
+    for (const char* chosen :
+         {"net.example.Chat", "net.example.Chat-handler", "net.example.ChatPrivate", "chat-main"}) {
+        const auto path = applications() / (std::string(chosen) + ".desktop");
+        EXPECT_EQ(DesktopEntries::identifierAt(path), "net.example.Chat") << chosen;
+    }
+    EXPECT_EQ(DesktopEntries::identifierAt(applications() / "plain.desktop"), "plain");
+    for (const char* each : {"net.example.Chat", "net.example.Chat-handler", "net.example.ChatPrivate", "chat-main"})
+        uninstall(each);
 }
 
 TEST_F(InstalledEntries, an_unknown_class_does_not_cause_entries_to_be_read_again)

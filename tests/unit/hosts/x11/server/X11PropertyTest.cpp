@@ -69,5 +69,14 @@ TEST(X11Property, text_is_read_in_parts)
     EXPECT_EQ(X11Property(XCB_ATOM_STRING, 8, "alone").text(1), "");
 }
 
+TEST(X11Property, latin_1_text_is_converted_to_utf8)
+{
+    using namespace std::string_literals;
+    const X11Property both(XCB_ATOM_STRING, 8, "plain\0Caf\xe9 \xbf\xc0\xff\x80\0"s);
+    EXPECT_EQ(both.latin1Text(0), "plain");
+    EXPECT_EQ(both.latin1Text(1), "Café ¿Àÿ\xc2\x80");
+    EXPECT_EQ(both.latin1Text(2), "");
+}
+
 } // namespace
 } // namespace haloric

@@ -143,6 +143,7 @@ bool substitute::activationRefused = false;
 }
 - (SMAppServiceStatus)status
 {
+    ++substitute::questions()["status"];
     return SMAppServiceStatusNotRegistered;
 }
 - (BOOL)registerAndReturnError:(NSError**)e

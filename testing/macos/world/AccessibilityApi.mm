@@ -112,7 +112,11 @@ static id axPair(AXValueType type, double a, double b)
 
 extern "C" {
 const CFStringRef kAXTrustedCheckOptionPrompt = CFSTR("AXTrustedCheckOptionPrompt");
-Boolean AXIsProcessTrusted() { return true; }
+Boolean AXIsProcessTrusted()
+{
+    ++substitute::questions()["AXIsProcessTrusted"];
+    return true;
+}
 Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef) { return true; }
 CFTypeID AXUIElementGetTypeID() { return (CFTypeID)RTElement.class; }
 CFTypeID AXValueGetTypeID() { return (CFTypeID)RTAXValue.class; }

@@ -104,6 +104,7 @@ bool activate(int pid)
 }
 - (NSArray*)runningApplications
 {
+    ++substitute::questions()["runningApplications"];
     NSMutableArray* all = [NSMutableArray array];
     for (const auto& [pid, hidden] : World::the().applications)
         [all addObject:[NSRunningApplication runningApplicationWithProcessIdentifier:pid]];
@@ -111,6 +112,7 @@ bool activate(int pid)
 }
 - (NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)identifier
 {
+    ++substitute::questions()["URLForApplicationWithBundleIdentifier:"];
     return nil;
 }
 - (NSImage*)iconForFile:(NSString*)path

@@ -10,6 +10,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace substitute {
@@ -60,6 +61,9 @@ extern std::vector<Display> displays;
 // From the world to the stand-ins; `World::lock` is held.
 void tellAccessibility(int pid, const char* name, unsigned number);
 void forgetWindowServerClients();
+
+// How often a question was put to another process since it was last cleared, by the name of the call. Main thread.
+std::map<std::string, int>& questions();
 
 // Makes the application frontmost and tells the workspace's observers. False for one that does not run.
 bool activate(int pid);

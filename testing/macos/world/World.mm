@@ -16,6 +16,11 @@ World& World::the()
     return *one;
 }
 namespace substitute {
+std::map<std::string, int>& questions()
+{
+    static auto* const all = new std::map<std::string, int>;
+    return *all;
+}
 Window* World::find(unsigned number)
 {
     for (auto& w : windows)

@@ -5,9 +5,9 @@
 
 #include "desktop/MovementWatcher.h"
 #include "desktop/Percentiles.h"
-#include "desktop/ProcessFigures.h"
 #include "desktop/UiBench.h"
 #include "testing/x11/HaloricProcess.h"
+#include "testing/x11/ProcessFigures.h"
 #include "testing/x11/Require.h"
 
 #include <chrono>

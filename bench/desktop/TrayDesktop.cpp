@@ -1,7 +1,7 @@
 #include "desktop/TrayDesktop.h"
 
-#include "desktop/ProcessFigures.h"
 #include "testing/x11/Key.h"
+#include "testing/x11/ProcessFigures.h"
 #include "testing/x11/Require.h"
 
 namespace haloric {

@@ -1,9 +1,10 @@
-// The kernel's counters of a process: processor time, wake-ups and memory.
+// The kernel's counters of a process: processor time, wake-ups, memory and descriptors.
 #pragma once
 
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 
 #include <sys/types.h>
@@ -15,6 +16,7 @@ struct ProcessFigures {
     std::uint64_t voluntarySwitches = 0;  // of all threads; each is one wake-up
     std::uint64_t mainThreadSwitches = 0; // of the main thread
     double proportionalMegabytes = 0;     // memory (PSS): shared pages are divided by the number of their users
+    std::size_t descriptors = 0;          // open files, sockets and the like
 
     static ProcessFigures of(pid_t process)
     {
@@ -30,6 +32,8 @@ struct ProcessFigures {
                 figures.mainThreadSwitches = switches;
         }
         figures.proportionalMegabytes = static_cast<double>(number(folder / "smaps_rollup", "Pss:")) / 1024;
+        figures.descriptors = static_cast<std::size_t>(
+            std::distance(std::filesystem::directory_iterator(folder / "fd"), std::filesystem::directory_iterator()));
         return figures;
     }
 

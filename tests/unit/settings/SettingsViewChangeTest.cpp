@@ -142,7 +142,7 @@ TEST_F(SettingsViewChangeTest, a_handler_that_replaces_itself_lives_until_it_ret
 {
     auto mark = std::make_shared<int>(0);
     bool alive = false;
-    view->setOnFormChange([this, mark, &alive](const FormModel&) {
+    view->setOnFormChange([this, mark, &alive] {
         const std::weak_ptr<int> self = mark;
         view->setOnFormChange(nullptr);
         alive = !self.expired();

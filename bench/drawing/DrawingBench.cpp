@@ -162,9 +162,34 @@ void coldPatch(benchmark::State& state)
 {
     constexpr int unit = DeviceShape::kUnit;
     const auto key = GlowKey::of({0, 0, 1200 * unit, 800 * unit, 11 * unit}, static_cast<double>(state.range(0)),
-                                 {0, 0.5, 1, 0.8}, {0, 0.5, 1, 1});
+                                 {{0, 0.5, 1, 0.8}, {0, 0.5, 1, 1}});
     for (auto _ : state)
         benchmark::DoNotOptimize(GlowPatch(*key));
+}
+
+// One frame of 3840x2160 pixels whose highlight has any stored values, with nothing cached. The arguments are the
+// corner radius and the glow radius in points, and the scale.
+void anyValue(benchmark::State& state)
+{
+    constexpr int width = 3840;
+    constexpr int height = 2160;
+    const auto scale = static_cast<double>(state.range(2));
+    const Size view{width / scale, height / scale};
+    HighlightView highlight;
+    highlight.settings.cornerRadius = static_cast<double>(state.range(0));
+    highlight.settings.glowRadius = static_cast<double>(state.range(1));
+    highlight.settings.borderWidth = 12;
+    highlight.settings.tintEnabled = true;
+    highlight.tintHeight = view.height;
+    highlight.windowRect = Rect{0, 0, view.width, view.height}.insetBy(view.height / 8 + 0.3);
+    const PixelBuffer buffer{BenchOverlay::memory().pixels.data(), width, height,
+                             width * static_cast<int>(sizeof(std::uint32_t))};
+    for (auto _ : state) {
+        RasterResources resources;
+        RasterCanvas canvas(resources, buffer, {scale, view, 0, 0}, RasterContents::cleared);
+        highlight.draw(canvas, {0, 0, view.width, view.height});
+        benchmark::ClobberMemory();
+    }
 }
 
 PeerGlow peerGlow(const BenchOverlay& overlay)
@@ -210,6 +235,9 @@ BENCHMARK(writeWholeOverlay)->Apply(sizes);
 BENCHMARK(dimHole)->Apply(sizes);
 BENCHMARK(dimHoleMoves)->Apply(sizes);
 BENCHMARK(coldPatch)->Unit(benchmark::kMillisecond)->Arg(4)->Arg(18)->Arg(60)->Arg(120);
+BENCHMARK(anyValue)
+    ->Unit(benchmark::kMillisecond)
+    ->ArgsProduct({{0, 11, 300, 1'000'000}, {1, 18, 60, 1'000'000}, {1, 2, 4}});
 BENCHMARK(peerNinePatch)->Apply(sizes);
 BENCHMARK(peerBoxBlurs)->Apply(sizes);
 

@@ -14,7 +14,7 @@ namespace haloric {
 
 class GlowKernel {
 public:
-    // Larger blurs, in pixels, are drawn with this one: wider than any visible edge.
+    // Larger blurs, in pixels, are drawn with this one: the largest glow of the views at four pixels a point.
     static constexpr double kMaxBlurRadius = 512;
 
     // `blurRadius` in pixels; limited to 0...kMaxBlurRadius.

@@ -13,9 +13,9 @@ namespace haloric {
 
 class HighlightView final : public ContentView {
 public:
-    // How far the glow is drawn from the window, in points; zero or less for none. Stored radii have no limit, but
-    // past this one the glow is a haze over every screen, and a surface for it would only grow.
-    static constexpr double kLargestGlowRadius = 1000;
+    // How far the glow is drawn from the window, in points; zero or less for none. Stored radii have no limit. A larger
+    // one is drawn as this one, twice what the settings window offers: its cost in time and memory is bounded.
+    static constexpr double kLargestGlowRadius = 128;
     static double glowReach(const Settings& settings);
 
     // The rectangles (view space) in which two positions of the pulse can differ, so that a step of the pulse

@@ -126,6 +126,20 @@ std::vector<RasterScene> RasterScenes::all()
     return scenes;
 }
 
+std::vector<RasterScene> RasterScenes::otherScales()
+{
+    std::vector<RasterScene> scenes;
+    for (const double scale : {1.75, 2.25, 3.0, 4.0}) {
+        const Rect between{kMargin + 0.3, kMargin + 0.6, 41.45, 30.2};
+        scenes.push_back(highlightScene("all", scale, settingsWith(glow | tint | border), {kMargin, kMargin, 60, 40}));
+        scenes.push_back(
+            highlightScene("between-pixels", scale, settingsWith(glow | tint | border), between, 0.35, 17.3));
+        scenes.push_back(dimScene("dim-hole-between-pixels", scale, Rect{30.3, 20.7, 80.4, 50.2}));
+        scenes.push_back(appDimScene(scale));
+    }
+    return scenes;
+}
+
 std::vector<RasterScene> RasterScenes::singleShapes()
 {
     std::vector<RasterScene> scenes;

@@ -12,6 +12,9 @@ struct RasterScenes {
     static std::vector<RasterScene> dimming();
     static std::vector<RasterScene> all();
 
+    // Some of these at scales without a golden picture.
+    static std::vector<RasterScene> otherScales();
+
     // The same without a glow and in one colour at a time, drawn only by exact coverage.
     static std::vector<RasterScene> singleShapes();
 };

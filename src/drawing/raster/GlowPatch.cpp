@@ -1,18 +1,16 @@
 #include "drawing/raster/GlowPatch.h"
 
 #include "drawing/RowCoverage.h"
-#include "drawing/raster/Blend.h"
-#include "drawing/raster/GlowStrips.h"
+#include "drawing/raster/GlowRows.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace haloric {
 
 namespace {
 
 constexpr int kUnit = DeviceShape::kUnit;
-constexpr long kMaxPatchPixels = 8L << 20;
+constexpr long kMaxPatchPixels = 2L << 20;
 
 // The end, in units, of the smallest side that can replace a side from `begin`, in pixel 0, to `end`: long enough that
 // the middle pixel and its two neighbours are affected by neither corner. A shorter side is not replaced.
@@ -27,43 +25,24 @@ int smallestEnd(int begin, int end, int radius, int reach)
 // Whether a pattern between these ends reads the same from both sides.
 bool isSymmetrical(int begin, int end) { return ((begin + end) & (kUnit - 1)) == 0; }
 
-// The glow's pixel where the rectangle covers `coverage` of it: the shadow and over it the rectangle itself, both
-// clipped to the outside. Rounded once.
-std::uint32_t glowPixel(const GlowKey& key, float blurred, float coverage)
-{
-    const double open = 1 - static_cast<double>(coverage);
-    if (open <= 0)
-        return 0;
-    const double fill = std::clamp(key.fillColor.alpha, 0.0, 1.0) * static_cast<double>(coverage) * open;
-    const double shadow = std::clamp(key.shadowColor.alpha, 0.0, 1.0) * std::clamp(key.fillColor.alpha, 0.0, 1.0) *
-                          static_cast<double>(blurred) * open * (1 - fill);
-    const double alpha = fill + shadow;
-    if (!(alpha > 0))
-        return 0;
-    const double fillPart = fill / alpha;
-    const auto mixed = [&](double fillComponent, double shadowComponent) {
-        return fillPart * fillComponent + (1 - fillPart) * shadowComponent;
-    };
-    return premultiplied({mixed(key.fillColor.red, key.shadowColor.red),
-                          mixed(key.fillColor.green, key.shadowColor.green),
-                          mixed(key.fillColor.blue, key.shadowColor.blue), alpha},
-                         1);
-}
-
 } // namespace
 
-std::optional<GlowKey> GlowKey::of(const DeviceShape& shape, double blurRadius, const Color& shadowColor,
-                                   const Color& fillColor)
+std::optional<GlowKey> GlowKey::of(const DeviceShape& shape, double blurRadius, const GlowColors& colors)
 {
+    GlowKey key = ofWhole(shape, blurRadius, colors);
     const int reach = GlowKernel::marginOf(blurRadius);
+    const int apart = reach + GlowRows::stepOf(reach) - 1; // interpolated rows depend on those beside them
+    key.shape.x1 = smallestEnd(key.shape.x0, key.shape.x1, shape.radius, apart);
+    key.shape.y1 = smallestEnd(key.shape.y0, key.shape.y1, shape.radius, apart);
+    const long pixels = static_cast<long>(pixelCeil(key.shape.x1) + 2 * reach) * (pixelCeil(key.shape.y1) + 2 * reach);
+    return pixels > kMaxPatchPixels ? std::nullopt : std::optional(key);
+}
+
+GlowKey GlowKey::ofWhole(const DeviceShape& shape, double blurRadius, const GlowColors& colors)
+{
     const int x = shape.x0 & (kUnit - 1);
     const int y = shape.y0 & (kUnit - 1);
-    const int right = smallestEnd(x, x + shape.width(), shape.radius, reach);
-    const int bottom = smallestEnd(y, y + shape.height(), shape.radius, reach);
-    const long pixels = static_cast<long>(pixelCeil(right) + 2 * reach) * (pixelCeil(bottom) + 2 * reach);
-    if (pixels > kMaxPatchPixels)
-        return std::nullopt;
-    return GlowKey{{x, y, right, bottom, shape.radius}, blurRadius, shadowColor, fillColor};
+    return {{x, y, x + shape.width(), y + shape.height(), shape.radius}, blurRadius, colors};
 }
 
 GlowPatch::GlowPatch(const GlowKey& key)
@@ -85,23 +64,14 @@ void GlowPatch::compute(const GlowKey& key)
     const bool mirrorsRows = isSymmetrical(key.shape.y0, key.shape.y1);
     const int columns = mirrorsColumns ? (m_width + 1) / 2 : m_width;
     const int rows = mirrorsRows ? (m_height + 1) / 2 : m_height;
-    const std::vector<float> across = strips.acrossColumns(-m_reach, columns);
-    std::vector<float> blurred(static_cast<std::size_t>(columns));
+    GlowRows glow(strips, m_reach, -m_reach, columns);
 
     for (int y = 0; y < rows; ++y) {
-        std::fill(blurred.begin(), blurred.end(), 0.0F);
-        for (std::size_t strip = 0; strip < strips.count(); ++strip) {
-            const float share = strips.downRow(strip, y - m_reach);
-            if (share == 0)
-                continue;
-            const float* sides = across.data() + strip * blurred.size();
-            for (std::size_t x = 0; x < blurred.size(); ++x)
-                blurred[x] += share * sides[x];
-        }
+        const float* blurred = glow.row(y - m_reach);
         const RowCoverage coverage(key.shape, y - m_reach);
         std::uint32_t* row = m_pixels.data() + index(y);
         for (int x = 0; x < columns; ++x)
-            row[x] = glowPixel(key, blurred[static_cast<std::size_t>(x)], coverage.at(x - m_reach));
+            row[x] = key.colors.pixel(blurred[x], coverage.at(x - m_reach));
         if (mirrorsColumns)
             std::reverse_copy(row, row + m_width / 2, row + columns);
     }

@@ -10,7 +10,7 @@
 
 #include "drawing/DeviceShape.h"
 #include "drawing/GlowKernel.h"
-#include "foundation/Color.h"
+#include "drawing/raster/GlowColors.h"
 
 #include <cstdint>
 #include <optional>
@@ -23,12 +23,13 @@ struct GlowKey {
     // The smallest rectangle, its upper left corner within pixel (0, 0).
     DeviceShape shape;
     double blurRadius = 0; // pixels
-    Color shadowColor;
-    Color fillColor; // of the rectangle; visible only through the smoothed edge of the clip
+    GlowColors colors;
 
     // No value if the patch would be too large to keep.
-    static std::optional<GlowKey> of(const DeviceShape& shape, double blurRadius, const Color& shadowColor,
-                                     const Color& fillColor);
+    static std::optional<GlowKey> of(const DeviceShape& shape, double blurRadius, const GlowColors& colors);
+
+    // With the whole shape, moved by whole pixels.
+    static GlowKey ofWhole(const DeviceShape& shape, double blurRadius, const GlowColors& colors);
 
     friend bool operator==(const GlowKey&, const GlowKey&) = default;
 };

@@ -8,9 +8,12 @@ namespace haloric {
 namespace {
 
 constexpr double kPixels = 1.0 / DeviceShape::kUnit;
+constexpr int kMaxStrips = 8192; // for corners far larger than any screen
 
-// A wide blur hides larger steps than a narrow one.
-double wantedStripHeight(const GlowKernel& kernel) { return std::clamp(kernel.margin() / 32.0, 0.25, 1.0); }
+// A wide blur hides larger steps than a narrow one: an eighth of its standard deviation.
+double wantedStripHeight(const GlowKernel& kernel) { return std::clamp(kernel.margin() / 32.0, 0.25, 16.0); }
+
+std::size_t sharesOf(const GlowKernel& kernel) { return 2 * static_cast<std::size_t>(kernel.margin()) + 3; }
 
 // The area between the arc of a corner and its square's top, from the top down to `depth`.
 double areaBesideArc(double radius, double depth)
@@ -23,47 +26,53 @@ double areaBesideArc(double radius, double depth)
 
 } // namespace
 
-GlowStrips::GlowStrips(const DeviceShape& shape, const GlowKernel& kernel) : m_shape(shape), m_kernel(kernel)
+GlowStrips::GlowStrips(const DeviceShape& shape, const GlowKernel& kernel)
+    : m_kernel(kernel),
+      m_left(shape.x0 * kPixels),
+      m_right(shape.x1 * kPixels),
+      m_top(shape.y0 * kPixels),
+      m_bottom(shape.y1 * kPixels)
 {
     const double radius = shape.radius * kPixels;
     if (radius > 0) {
-        const int strips = std::max(1, static_cast<int>(std::ceil(radius / wantedStripHeight(kernel))));
+        const int strips = std::clamp(static_cast<int>(std::ceil(radius / wantedStripHeight(kernel))), 1, kMaxStrips);
         m_stripHeight = radius / strips;
+        double above = 0;
         for (int i = 0; i < strips; ++i) {
-            const double area =
-                areaBesideArc(radius, (i + 1) * m_stripHeight) - areaBesideArc(radius, i * m_stripHeight);
-            m_inset.push_back(area / m_stripHeight);
+            const double area = areaBesideArc(radius, (i + 1) * m_stripHeight);
+            addEdges((area - above) / m_stripHeight);
+            above = area;
         }
     }
-    m_inset.push_back(0);
+    addEdges(0);
 }
 
-std::vector<float> GlowStrips::acrossColumns(int first, int columns) const
+void GlowStrips::addEdges(double inset)
 {
-    std::vector<float> shares;
-    shares.reserve(count() * static_cast<std::size_t>(columns));
-    for (const double inset : m_inset) {
-        const double left = m_shape.x0 * kPixels + inset;
-        const double right = m_shape.x1 * kPixels - inset;
-        for (int column = first; column < first + columns; ++column)
-            shares.push_back(m_kernel.cumulative(column + 0.5 - left) - m_kernel.cumulative(column + 0.5 - right));
+    for (const double edge : {m_left + inset, m_right - inset}) {
+        const int first = static_cast<int>(std::floor(edge)) - m_kernel.margin() - 1;
+        m_firstColumns.push_back(first);
+        for (std::size_t i = 0; i < sharesOf(m_kernel); ++i)
+            m_shares.push_back(m_kernel.cumulative(first + static_cast<double>(i) + 0.5 - edge));
     }
-    return shares;
 }
 
-float GlowStrips::downRow(std::size_t strip, int row) const
+GlowStrips::Range GlowStrips::stripsNear(double depth) const
 {
-    const double centre = row + 0.5;
-    const auto between = [&](double top, double bottom) {
-        return m_kernel.cumulative(centre - top) - m_kernel.cumulative(centre - bottom);
-    };
-    const double top = m_shape.y0 * kPixels;
-    const double bottom = m_shape.y1 * kPixels;
-    if (strip + 1 == count())
-        return between(top + m_shape.radius * kPixels, bottom - m_shape.radius * kPixels);
-    const double from = static_cast<double>(strip) * m_stripHeight;
-    const double to = from + m_stripHeight;
-    return between(top + from, top + to) + between(bottom - to, bottom - from);
+    if (m_stripHeight == 0)
+        return {};
+    const double reach = m_kernel.margin() + 1;
+    const auto strips = static_cast<double>(m_firstColumns.size() / 2 - 1);
+    const double begin = std::clamp(std::floor((depth - reach) / m_stripHeight), 0.0, strips);
+    const double end = std::clamp(std::ceil((depth + reach) / m_stripHeight), 0.0, strips);
+    return {static_cast<std::size_t>(begin), static_cast<std::size_t>(end)};
+}
+
+GlowStrips::Edge GlowStrips::edge(std::size_t strip, std::size_t side) const
+{
+    const std::size_t count = sharesOf(m_kernel);
+    const std::size_t index = 2 * strip + side;
+    return {m_firstColumns[index], count, m_shares.data() + index * count};
 }
 
 } // namespace haloric

@@ -110,12 +110,20 @@ void GlowTiles::makeRoom()
     }
 }
 
-bool GlowTiles::paint(const CoveragePainter& target, const PixelRect& area, const DeviceShape& shape, double blurRadius,
-                      const Color& shadowColor, const Color& fillColor, PaintMode mode)
+LargeGlow& GlowTiles::largeGlowFor(const GlowKey& key)
 {
-    const std::optional<GlowKey> key = GlowKey::of(shape, blurRadius, shadowColor, fillColor);
-    if (!key)
-        return false;
+    return m_large && m_large->key() == key ? *m_large : m_large.emplace(key);
+}
+
+void GlowTiles::paint(const CoveragePainter& target, const PixelRect& area, const DeviceShape& shape, double blurRadius,
+                      const GlowColors& colors, PaintMode mode)
+{
+    const std::optional<GlowKey> key = GlowKey::of(shape, blurRadius, colors);
+    if (!key) {
+        largeGlowFor(GlowKey::ofWhole(shape, blurRadius, colors))
+            .paint(target, area, pixelFloor(shape.x0), pixelFloor(shape.y0), mode);
+        return;
+    }
     const GlowPatch& patch = patchFor(*key);
     const int extraColumns = (shape.width() + key->shape.x0 - key->shape.x1) / DeviceShape::kUnit;
     const int extraRows = (shape.height() + key->shape.y0 - key->shape.y1) / DeviceShape::kUnit;
@@ -127,7 +135,6 @@ bool GlowTiles::paint(const CoveragePainter& target, const PixelRect& area, cons
         const int beyondMiddle = std::max(patch.middleRow(), down - extraRows);
         rows.put(std::min(down, beyondMiddle), y);
     }
-    return true;
 }
 
 } // namespace haloric

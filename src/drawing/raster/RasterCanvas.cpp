@@ -150,9 +150,8 @@ bool RasterCanvas::paintGlow(const Color& color, FillRule rule)
         return false;
     const PaintMode mode = m_transparent ? PaintMode::write : PaintMode::over;
     for (const PixelRect& area : m_resources.area.rects())
-        if (!m_resources.glows.paint(m_resources.coverage, area, *filled->outer, shadow->blurRadius, shadow->color,
-                                     color, mode))
-            return false;
+        m_resources.glows.paint(m_resources.coverage, area, *filled->outer, shadow->blurRadius, {shadow->color, color},
+                                mode);
     m_transparent = false;
     return true;
 }

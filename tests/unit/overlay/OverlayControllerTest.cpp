@@ -69,7 +69,7 @@ TEST_F(OverlayControllerTest, the_margin_has_room_for_glow_and_pulse)
     controller->setState(focused());
     for (const Case& c : {Case{true, 20, true, 44}, Case{true, 10, true, 32}, Case{false, 20, false, 2},
                           Case{true, 20, false, 44}, Case{true, 0, false, 4}, Case{true, -30, false, 2},
-                          Case{false, 20, true, 32}, Case{true, 1e308, true, 2004}}) {
+                          Case{false, 20, true, 32}, Case{true, 1e308, true, 260}}) {
         edit([&c](Settings& s) {
             s.glowEnabled = c.glow;
             s.glowRadius = c.radius;

@@ -65,6 +65,7 @@ std::vector<Glow> glows()
     for (const double blur : {1.0, 2.0, 4.0, 6.0, 8.0, 18.0, 37.0, 60.0})
         for (const double corner : {0.0, 5.0, 11.0, 20.0})
             all.push_back({{2 * blur + 5, 2 * blur + 6, 160, 120}, corner, blur, 1});
+    all.push_back({{210, 215, 60, 50}, 20, 100, 1}); // rows that are interpolated
     for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
         all.push_back({{50.25, 51.6, 90.3, 70.7}, 11, 18, scale}); // edges between pixels
         all.push_back({{20.5, 19.25, 150, 90.125}, 8, 4, scale});

@@ -42,8 +42,10 @@ TEST_P(RasterBands, parts_have_the_pixels_of_the_whole)
     for (const RasterWays ways : {RasterWays::fast, RasterWays::generalOnly}) {
         const Picture whole = scene.whole(ways);
         const auto difference = PictureDifference::of(whole, inParts(scene, partsOf(scene.pixels()), ways));
-        EXPECT_EQ(difference.pixels, 0) << (ways == RasterWays::fast ? "fast" : "general") << ", by up to "
-                                        << difference.largest << " at " << difference.x << ", " << difference.y;
+        // Cairo's larger curves depend slightly on the rendered area.
+        const int allowed = ways == RasterWays::generalOnly && scene.scale > 2 ? 1 : 0;
+        EXPECT_LE(difference.largest, allowed) << (ways == RasterWays::fast ? "fast" : "general") << ", by up to "
+                                               << difference.largest << " at " << difference.x << ", " << difference.y;
     }
 }
 
@@ -80,6 +82,7 @@ TEST_P(RasterBands, drawing_over_nothing_is_the_same_as_drawing_on_nothing)
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenes, RasterBands, testing::ValuesIn(RasterScenes::all()));
+INSTANTIATE_TEST_SUITE_P(OtherScales, RasterBands, testing::ValuesIn(RasterScenes::otherScales()));
 
 } // namespace
 } // namespace haloric

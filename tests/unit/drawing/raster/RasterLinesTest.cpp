@@ -163,14 +163,15 @@ TEST_F(RasterLines, lines_and_widths_beyond_all_bounds_do_no_harm)
 
 TEST(RasterLinesInParts, a_part_has_the_pixels_of_the_whole)
 {
+    const Color red{1, 0, 0, 1};
     constexpr RasterView kWhole{1.5, {40, 30}, 0, 0};
     const std::vector<Polyline> lines{{{{3.3, 28}, {20, 2.7}, {38, 25}}}};
     RasterResources resources;
     Picture whole(60, 45);
-    RasterCanvas(resources, whole.buffer(), kWhole, RasterContents::transparent).strokeLines(lines, kRed, kRound);
+    RasterCanvas(resources, whole.buffer(), kWhole, RasterContents::transparent).strokeLines(lines, red, kRound);
     Picture part(23, 45);
     RasterCanvas(resources, part.buffer(), {1.5, {40, 30}, 17, 0}, RasterContents::transparent)
-        .strokeLines(lines, kRed, kRound);
+        .strokeLines(lines, red, kRound);
     for (int y = 0; y < 45; ++y)
         for (int x = 0; x < 23; ++x)
             ASSERT_EQ(part.at(x, y), whole.at(x + 17, y)) << x << ", " << y;

@@ -14,10 +14,13 @@ TEST_P(RasterWaysAlike, fast_and_general_give_the_same_picture)
 {
     const RasterScene& scene = GetParam();
     const auto difference = PictureDifference::of(scene.whole(RasterWays::fast), scene.whole(RasterWays::generalOnly));
-    EXPECT_LE(difference.largest, kCairoError) << "at " << difference.x << ", " << difference.y;
+    // Where layers lie over one another at a large scale, their errors add up.
+    const int allowed = scene.scale > 2 ? kCairoError + 2 : kCairoError;
+    EXPECT_LE(difference.largest, allowed) << "at " << difference.x << ", " << difference.y;
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenes, RasterWaysAlike, testing::ValuesIn(RasterScenes::all()));
+INSTANTIATE_TEST_SUITE_P(OtherScales, RasterWaysAlike, testing::ValuesIn(RasterScenes::otherScales()));
 
 // Sampled 8 times as finely each way, Cairo errs by 1 of 255, and rounding takes half as much. Its circles are cubic
 // curves, up to 0.0003 of the radius off: 0.012 of a pixel, 3 of 255, for the largest radius here, 41 pixels.

@@ -70,11 +70,12 @@ TEST_F(X11ToolkitWindowTest, a_move_by_a_part_of_a_pixel_draws_again)
     window->orderFront();
     adapters.settle();
     ASSERT_TRUE(adapters.waitUntil([&] { return view.draws > 0; }));
-    adapters.settle();
+    for (int turn = 0; turn < 5; ++turn)
+        adapters.settle(); // exposures have been answered
     const int draws = view.draws;
     window->setFrameOrigin({100.2, 600}); // the same pixels, a quarter of one to the right
-    EXPECT_TRUE(adapters.waitUntil([&] { return view.draws > draws; }));
     adapters.settle();
+    EXPECT_GT(view.draws, draws);
     const int after = view.draws;
     window->setFrameOrigin({100.2, 592}); // ten pixels down
     adapters.settle();

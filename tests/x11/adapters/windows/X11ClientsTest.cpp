@@ -211,6 +211,7 @@ TEST_F(BrokenLists, a_listed_window_that_is_replaced_by_one_with_its_number_is_r
     client->connection().synchronize();
     adapters.settle();
     EXPECT_EQ(adapters.listedBounds(client->window()), (Rect{5, 6, 70, 80}));
+    EXPECT_THAT(adapters.listedWindows(), testing::ElementsAre(client->window()));
 }
 
 TEST_F(BrokenLists, a_window_in_too_many_others_is_left_out)

@@ -26,6 +26,10 @@ public:
 
     // A text value of the information dictionary; absent if it is missing or not text.
     virtual std::optional<std::string> infoString(std::string_view key) const = 0;
+
+    // A number of the information dictionary, or 1 or 0 for a boolean; absent if it is missing or of another type. This
+    // one is for hosts whose frameworks read such values by themselves.
+    virtual std::optional<double> infoNumber(std::string_view) const { return {}; }
 };
 
 } // namespace haloric

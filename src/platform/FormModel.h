@@ -87,7 +87,7 @@ struct FormSection {
     std::string title;
     std::vector<FormRow> rows = {};
     std::string footer = {}; // empty for none
-    Task onAppear = {};      // when the section comes on screen with its window; may be empty
+    Task onAppear = {};      // when the section comes on screen with its window, or the window gets the focus; may be empty
 };
 
 struct FormModel {

@@ -14,6 +14,7 @@ class FakeBundle final : public Bundle {
 public:
     std::string bundlePath = "/Applications/Haloric.app";
     std::map<std::string, std::string, std::less<>> info;
+    std::map<std::string, double, std::less<>> numbers;
     std::set<std::string, std::less<>> otherInfo; // keys whose values are no text
 
     std::string path() const override { return bundlePath; }
@@ -24,6 +25,12 @@ public:
     {
         const auto found = info.find(key);
         return found == info.end() ? std::nullopt : std::optional(found->second);
+    }
+
+    std::optional<double> infoNumber(std::string_view key) const override
+    {
+        const auto found = numbers.find(key);
+        return found == numbers.end() ? std::nullopt : std::optional(found->second);
     }
 };
 

@@ -19,6 +19,7 @@
 #include "hosts/linux/shell/QtUpdateProgress.h"
 #include "hosts/linux/tray/TrayStatusItems.h"
 #include "hosts/linux/update/AppcastFetcher.h"
+#include "hosts/linux/update/BackgroundThread.h"
 #include "hosts/linux/update/LinuxUpdaterFramework.h"
 #include "hosts/x11/X11Application.h"
 #include "hosts/x11/X11Desktop.h"
@@ -59,9 +60,9 @@ AlertModel onboardingAlert()
 struct Shell {
     Shell(const InstanceStart& start, X11Desktop& desktop, UserDefaults& userDefaults)
         : qtWindows(desktop.ownWindows),
+          foreground(x11FocusRequest(start.connection)),
           trayIcons(start.connection, start.runLoop, desktop.ownWindows),
           statusItems(start.runLoop, trayIcons, trayMenus, start.processes),
-          formWindows(x11FocusRequest(start.connection)),
           hotkeys(start.connection, desktop.keyboard, start.runLoop),
           loginItems(LinuxLoginItemService::standardFolder(start.processes), bundle.executable()),
           updaterFramework({.runLoop = start.runLoop,
@@ -69,23 +70,26 @@ struct Shell {
                             .progress = updateProgress,
                             .alerts = alerts,
                             .workspace = desktop.workspace,
-                            .userDefaults = userDefaults},
+                            .userDefaults = userDefaults,
+                            .runInBackground = [this](Task work) { background.run(std::move(work)); }},
                            bundle)
     {
     }
 
     LinuxBundle bundle;
     X11QtWindowWatcher qtWindows;
-    QtAlerts alerts;
-    QtPanels panels;
+    QtForeground foreground;
+    QtAlerts alerts{foreground};
+    QtPanels panels{foreground};
     X11TrayIcons trayIcons;
     QtTrayMenus trayMenus;
     TrayStatusItems statusItems;
-    QtFormWindows formWindows;
+    QtFormWindows formWindows{foreground};
     X11Hotkeys hotkeys;
     LinuxLoginItemService loginItems;
     AppcastFetcher appcasts;
-    QtUpdateProgress updateProgress;
+    QtUpdateProgress updateProgress{foreground};
+    BackgroundThread background;
     LinuxUpdaterFramework updaterFramework;
 };
 

@@ -1,6 +1,7 @@
 #include "hosts/linux/files/LinuxBundle.h"
 
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <fstream>
 #include <iterator>
@@ -131,6 +132,20 @@ std::optional<std::string> decoded(std::string_view text)
     return out;
 }
 
+// The number or boolean that ends with the tag; absent for other values and for text that is no finite number.
+std::optional<double> numberIn(const Tag& tag)
+{
+    if (tag.name == "true" || tag.name == "false")
+        return tag.name == "true" ? 1 : 0;
+    if ((tag.name != "integer" && tag.name != "real") || tag.kind != Tag::Kind::closing)
+        return {};
+    double number = 0;
+    const auto [end, error] =
+        std::from_chars(tag.textBefore.data(), tag.textBefore.data() + tag.textBefore.size(), number);
+    const bool isWhole = error == std::errc() && end == tag.textBefore.data() + tag.textBefore.size();
+    return isWhole && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
 std::filesystem::path runningExecutable()
 {
     std::error_code error;
@@ -190,9 +205,17 @@ InfoPlist InfoPlist::parse(std::string_view xml)
             if (auto value = hasText ? decoded(tag->textBefore) : std::string())
                 result.m_strings.emplace(*key, std::move(*value));
         }
+        if (const auto number = key ? numberIn(*tag) : std::nullopt)
+            result.m_numbers.emplace(*key, *number);
         key.reset();
     }
     return result;
+}
+
+std::optional<double> InfoPlist::number(std::string_view key) const
+{
+    const auto found = m_numbers.find(key);
+    return found == m_numbers.end() ? std::nullopt : std::optional(found->second);
 }
 
 std::optional<std::string> InfoPlist::string(std::string_view key) const

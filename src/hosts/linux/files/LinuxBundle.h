@@ -14,19 +14,22 @@
 
 namespace haloric {
 
-// The keys and string values of an information dictionary (an XML property list). Only the entries of the outermost
-// dictionary count. Values of other types are skipped, but their keys are kept. Parsing ends at the first error.
+// The keys, texts, numbers and booleans of an information dictionary (an XML property list). Only the entries of the
+// outermost dictionary count. Values of other types are skipped, but their keys are kept. Parsing ends at the first
+// error.
 class InfoPlist {
 public:
     InfoPlist() = default;
     static InfoPlist parse(std::string_view xml);
 
     std::optional<std::string> string(std::string_view key) const;
+    std::optional<double> number(std::string_view key) const; // 1 or 0 for a boolean
     bool contains(std::string_view key) const { return m_keys.contains(key); }
     bool isEmpty() const { return m_strings.empty(); }
 
 private:
     std::map<std::string, std::string, std::less<>> m_strings;
+    std::map<std::string, double, std::less<>> m_numbers;
     std::set<std::string, std::less<>> m_keys;
 };
 
@@ -49,6 +52,7 @@ public:
     std::optional<std::string> identifier() const override { return infoString("CFBundleIdentifier"); }
     bool hasInfo(std::string_view key) const override { return m_info.contains(key); }
     std::optional<std::string> infoString(std::string_view key) const override { return m_info.string(key); }
+    std::optional<double> infoNumber(std::string_view key) const override { return m_info.number(key); }
 
 private:
     std::filesystem::path m_executable;

@@ -5,7 +5,6 @@
 #include "platform/WindowStyle.h"
 
 #include <algorithm>
-#include <utility>
 
 #include <QGuiApplication>
 #include <QHideEvent>
@@ -43,9 +42,9 @@ QPoint clamped(const QRect& frame, const QRect& area)
 
 } // namespace
 
-QtFormWindow::QtFormWindow(QtFocusRequest requestFocus, const FormWindowConfiguration& configuration,
+QtFormWindow::QtFormWindow(QtForeground& foreground, const FormWindowConfiguration& configuration,
                            const FormModel& form)
-    : m_requestFocus(std::move(requestFocus)),
+    : m_foreground(foreground),
       m_contentSize(QSizeF(configuration.contentSize.width, configuration.contentSize.height).toSize()),
       m_isResizable((configuration.styleMask & WindowStyle::kResizable) != 0),
       m_view(new QtFormView(this))
@@ -93,17 +92,16 @@ void QtFormWindow::center()
 
 void QtFormWindow::makeKeyAndOrderFront()
 {
-    m_wantsFocus = true;
-    if (QWidget::isVisible()) {
-        setWindowState(windowState() & ~Qt::WindowMinimized);
-        raise();
-        activateWindow();
-        askForFocus();
-        return;
-    }
-    moveOntoScreen();
-    QWidget::show();
-    activateWindow();
+    const bool appears = !QWidget::isVisible();
+    if (appears)
+        moveOntoScreen();
+    m_foreground.bring(*this);
+    if (appears)
+        notifySections();
+}
+
+void QtFormWindow::notifySections()
+{
     for (const Task& onAppear : m_view->onAppear())
         onAppear();
 }
@@ -127,28 +125,18 @@ void QtFormWindow::hideEvent(QHideEvent* event)
     QWidget::hideEvent(event);
 }
 
+// What the form shows of the desktop may have changed while other windows had the focus.
 bool QtFormWindow::event(QEvent* event)
 {
-    if (event->type() == QEvent::WindowActivate)
-        m_wantsFocus = false;
     const bool isHandled = QWidget::event(event);
-    if (event->type() == QEvent::Paint && m_wantsFocus)
-        askForFocus();
+    if (event->type() == QEvent::WindowActivate)
+        notifySections();
     return isHandled;
-}
-
-// Window managers refuse activateWindow() for a program without recent user input, and this window may be opened by a
-// hotkey that the window manager does not see.
-void QtFormWindow::askForFocus()
-{
-    m_wantsFocus = false;
-    if (m_requestFocus)
-        m_requestFocus(winId());
 }
 
 std::unique_ptr<FormWindow> QtFormWindows::make(const FormWindowConfiguration& configuration, const FormModel& form)
 {
-    return std::make_unique<QtFormWindow>(m_requestFocus, configuration, form);
+    return std::make_unique<QtFormWindow>(m_foreground, configuration, form);
 }
 
 } // namespace haloric

@@ -4,9 +4,9 @@
 #pragma once
 
 #include "hosts/linux/form/QtFormView.h"
+#include "hosts/linux/qt/QtForeground.h"
 #include "platform/FormWindows.h"
 
-#include <functional>
 #include <optional>
 
 #include <QPoint>
@@ -15,12 +15,10 @@
 
 namespace haloric {
 
-// Asks the window manager to focus one of the program's windows, given by its native id, on behalf of the user.
-using QtFocusRequest = std::function<void(WId window)>;
-
 class QtFormWindow final : public QWidget, public FormWindow {
 public:
-    QtFormWindow(QtFocusRequest requestFocus, const FormWindowConfiguration& configuration, const FormModel& form);
+    // `foreground` outlives it.
+    QtFormWindow(QtForeground& foreground, const FormWindowConfiguration& configuration, const FormModel& form);
     ~QtFormWindow() override;
 
     // FormWindow
@@ -36,25 +34,24 @@ protected:
 private:
     void fitInto(const QScreen& screen);
     void moveOntoScreen();
-    void askForFocus();
+    void notifySections();
 
-    QtFocusRequest m_requestFocus;
+    QtForeground& m_foreground;
     QSize m_contentSize; // where the screen is high enough
     bool m_isResizable;
     QtFormView* m_view;
     std::optional<QPoint> m_position; // of the frame, while hidden
-    bool m_wantsFocus = false;
 };
 
 class QtFormWindows final : public FormWindows {
 public:
-    // Requires QtApplication.
-    explicit QtFormWindows(QtFocusRequest requestFocus) : m_requestFocus(std::move(requestFocus)) {}
+    // Requires QtApplication. `foreground` outlives the windows.
+    explicit QtFormWindows(QtForeground& foreground) : m_foreground(foreground) {}
 
     std::unique_ptr<FormWindow> make(const FormWindowConfiguration& configuration, const FormModel& form) override;
 
 private:
-    QtFocusRequest m_requestFocus;
+    QtForeground& m_foreground;
 };
 
 } // namespace haloric

@@ -3,8 +3,11 @@
 #include "hosts/linux/qt/QtImages.h"
 #include "hosts/linux/qt/QtText.h"
 
+#include <algorithm>
+
 #include <QLabel>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 namespace haloric {
@@ -26,11 +29,9 @@ void emphasise(const QMessageBox& box)
     }
 }
 
-} // namespace
-
-std::int64_t QtAlerts::runModal(const AlertModel& alert)
+// Makes the box show the alert. Returns its buttons in the alert's order.
+std::vector<QPushButton*> fill(QMessageBox& box, const AlertModel& alert)
 {
-    QMessageBox box;
     box.setWindowTitle(kTitle);
     box.setTextFormat(Qt::PlainText);
     box.setText(qtText(alert.messageText));
@@ -48,7 +49,17 @@ std::int64_t QtAlerts::runModal(const AlertModel& alert)
         box.setDefaultButton(buttons.front());
         box.setEscapeButton(buttons.back());
     }
+    return buttons;
+}
+
+} // namespace
+
+std::int64_t QtAlerts::runModal(const AlertModel& alert)
+{
+    QMessageBox box;
+    const std::vector<QPushButton*> buttons = fill(box, alert);
     m_open.push_back(&box);
+    m_foreground.expect(box);
     box.exec();
     std::erase(m_open, &box);
     for (std::size_t index = 0; index < buttons.size(); ++index) {
@@ -56,6 +67,31 @@ std::int64_t QtAlerts::runModal(const AlertModel& alert)
             return kFirstButton + static_cast<std::int64_t>(index);
     }
     return kFirstButton + static_cast<std::int64_t>(buttons.empty() ? 0 : buttons.size() - 1);
+}
+
+Subscription QtAlerts::show(const AlertModel& alert, Answer answer)
+{
+    auto* box = new QMessageBox;
+    const std::vector<QPushButton*> buttons = fill(*box, alert);
+    box->setModal(false);
+    // On a later turn, because the answer may destroy the box.
+    QObject::connect(
+        box, &QMessageBox::finished, box,
+        [box, buttons, answer = std::move(answer)] {
+            const auto chosen = std::ranges::find(buttons, box->clickedButton());
+            const auto index = static_cast<std::size_t>(chosen - buttons.begin());
+            const Answer call = answer; // a copy, because it may destroy the box
+            call(index < buttons.size() ? index : buttons.size() - 1);
+        },
+        Qt::QueuedConnection);
+    m_foreground.bring(*box);
+    return Subscription([box = QPointer<QMessageBox>(box)] {
+        if (box) {
+            box->disconnect();
+            box->hide();
+            box->deleteLater();
+        }
+    });
 }
 
 void QtAlerts::dismiss(const std::string& messageText)

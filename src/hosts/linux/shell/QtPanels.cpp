@@ -64,7 +64,7 @@ QLabel* QtAboutPanel::addText()
     return label;
 }
 
-void QtAboutPanel::show(const AboutPanel& panel)
+void QtAboutPanel::setContent(const AboutPanel& panel)
 {
     setWindowTitle("About " + qtText(panel.applicationName));
     m_name->setText(qtText(panel.applicationName));
@@ -78,21 +78,20 @@ void QtAboutPanel::show(const AboutPanel& panel)
         font.setPointSizeF(panel.creditsFontSize * kFontPointsPerPoint);
         m_credits->setFont(font);
     }
-    QDialog::show();
-    raise();
-    activateWindow();
 }
 
 void QtPanels::orderFrontStandardAboutPanel(const AboutPanel& panel)
 {
     if (!m_about)
         m_about = std::make_unique<QtAboutPanel>();
-    m_about->show(panel);
+    m_about->setContent(panel);
+    m_foreground.bring(*m_about);
 }
 
 std::optional<std::string> QtPanels::runModalOpenPanel(const OpenPanel& panel)
 {
     QtApplicationChooser chooser(panel.prompt);
+    m_foreground.expect(chooser);
     return chooser.exec() == QDialog::Accepted ? chooser.chosen() : std::nullopt;
 }
 

@@ -1,6 +1,7 @@
 // The About panel, and the dialog for choosing an application. Main thread.
 #pragma once
 
+#include "hosts/linux/qt/QtForeground.h"
 #include "platform/Panels.h"
 
 #include <memory>
@@ -16,7 +17,8 @@ class QtAboutPanel final : public QDialog {
 public:
     QtAboutPanel();
 
-    void show(const AboutPanel& panel);
+    // What it shows from now on.
+    void setContent(const AboutPanel& panel);
 
 private:
     QLabel* addText();
@@ -28,6 +30,9 @@ private:
 
 class QtPanels final : public Panels {
 public:
+    // `foreground` outlives it.
+    explicit QtPanels(QtForeground& foreground) : m_foreground(foreground) {}
+
     void orderFrontStandardAboutPanel(const AboutPanel& panel) override;
 
     // Lists all installed applications and ignores the panel's directory, because desktop entries are in several
@@ -35,6 +40,7 @@ public:
     std::optional<std::string> runModalOpenPanel(const OpenPanel& panel) override;
 
 private:
+    QtForeground& m_foreground;
     std::unique_ptr<QtAboutPanel> m_about; // created on first use
 };
 

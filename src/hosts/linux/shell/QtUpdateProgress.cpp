@@ -20,7 +20,7 @@ constexpr int kMinimumWidth = 280;
 
 } // namespace
 
-QtUpdateProgress::QtUpdateProgress() = default;
+QtUpdateProgress::QtUpdateProgress(QtForeground& foreground) : m_foreground(foreground) {}
 
 QtUpdateProgress::~QtUpdateProgress() = default;
 
@@ -55,9 +55,7 @@ Subscription QtUpdateProgress::show(Task onCancel)
     if (!m_dialog)
         makeDialog();
     m_onCancel = std::move(onCancel);
-    m_dialog->show();
-    m_dialog->raise();
-    m_dialog->activateWindow();
+    m_foreground.bring(*m_dialog);
     return Subscription([this] {
         m_onCancel = nullptr;
         m_dialog->hide();

@@ -1,6 +1,7 @@
 // A small window during a check for updates, with a button to cancel it. Closing the window cancels, too. Main thread.
 #pragma once
 
+#include "hosts/linux/qt/QtForeground.h"
 #include "hosts/linux/update/UpdaterDependencies.h"
 
 #include <memory>
@@ -11,7 +12,8 @@ namespace haloric {
 
 class QtUpdateProgress final : public UpdateProgress {
 public:
-    QtUpdateProgress();
+    // `foreground` outlives it.
+    explicit QtUpdateProgress(QtForeground& foreground);
     ~QtUpdateProgress() override;
 
     // At most one handle exists; this object outlives it.
@@ -20,6 +22,7 @@ public:
 private:
     void makeDialog();
 
+    QtForeground& m_foreground;
     std::unique_ptr<QDialog> m_dialog; // created on first use
     Task m_onCancel;
 };

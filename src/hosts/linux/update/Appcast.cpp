@@ -1,6 +1,7 @@
 #include "hosts/linux/update/Appcast.h"
 
 #include <QByteArray>
+#include <QDeadlineTimer>
 #include <QString>
 #include <QStringList>
 #include <QXmlStreamReader>
@@ -11,16 +12,79 @@ namespace {
 // The publicly documented namespace of appcasts; it is never fetched.
 constexpr QStringView kNamespace = u"http://www.andymatuschak.org/xml-namespaces/sparkle";
 constexpr std::size_t kMaximumItems = 1000;
+constexpr std::size_t kMaximumAttributes = 64; // of an element; a usual one has less than ten
 constexpr qsizetype kMaximumDepth = 32; // nested elements; a usual feed has four or five
+
+constexpr std::string_view kEntities = "The update feed defines entities, which are not read.";
+constexpr std::string_view kAttributes = "The update feed is damaged: an element has too many attributes.";
+constexpr std::string_view kEncoding = "The update feed is not written in UTF-8.";
+
+// Reads markup before the parser does, in linear time, to refuse what costs the parser more: it compares each attribute
+// of an element with each other, and it reads a whole document type before it reports it.
+class MarkupScan {
+public:
+    explicit MarkupScan(std::string_view bytes) : m_rest(bytes) {}
+
+    // Why the feed is not parsed; empty if it may be.
+    std::string_view refusal()
+    {
+        if (m_rest.find('\0') != std::string_view::npos)
+            return kEncoding;
+        while (skipPast("<")) {
+            if (m_rest.starts_with("!--"))
+                skipPast("-->");
+            else if (m_rest.starts_with("![CDATA["))
+                skipPast("]]>");
+            else if (m_rest.starts_with('?'))
+                skipPast("?>");
+            else if (m_rest.starts_with('!'))
+                return kEntities;
+            else if (attributesOfTag() > kMaximumAttributes)
+                return kAttributes;
+        }
+        return {};
+    }
+
+private:
+    // False, and nothing is left, if the mark is missing.
+    bool skipPast(std::string_view mark)
+    {
+        const auto found = m_rest.find(mark);
+        m_rest.remove_prefix(found == std::string_view::npos ? m_rest.size() : found + mark.size());
+        return found != std::string_view::npos;
+    }
+
+    // Reads to the end of the tag. Counts the signs of equality outside of quotes.
+    std::size_t attributesOfTag()
+    {
+        std::size_t count = 0;
+        while (!m_rest.empty()) {
+            const char character = m_rest.front();
+            m_rest.remove_prefix(1);
+            if (character == '>')
+                break;
+            if (character == '=')
+                ++count;
+            else if (character == '"' || character == '\'')
+                skipPast(std::string_view(&character, 1));
+        }
+        return count;
+    }
+
+    std::string_view m_rest;
+};
 
 class Reader {
 public:
-    explicit Reader(const QByteArray& bytes) : m_xml(bytes) {}
+    Reader(const QByteArray& bytes, std::chrono::milliseconds limit) : m_xml(bytes), m_deadline(limit) {}
 
     Appcast read()
     {
-        while (!m_xml.atEnd() && m_appcast.error.empty())
+        while (!m_xml.atEnd() && m_appcast.error.empty()) {
             take(m_xml.readNext());
+            if (m_deadline.hasExpired())
+                m_appcast.error = "The update feed takes too long to read.";
+        }
         if (m_appcast.error.empty() && m_xml.hasError())
             m_appcast.error = "The update feed is damaged: " + m_xml.errorString().toStdString();
         if (!m_appcast.error.empty())
@@ -34,7 +98,7 @@ private:
         switch (token) {
         case QXmlStreamReader::DTD:
         case QXmlStreamReader::EntityReference:
-            m_appcast.error = "The update feed defines entities, which are not read.";
+            m_appcast.error = kEntities;
             break;
         case QXmlStreamReader::StartElement:
             start();
@@ -122,6 +186,7 @@ private:
     }
 
     QXmlStreamReader m_xml;
+    QDeadlineTimer m_deadline;
     QStringList m_path;
     QString m_text;
     Appcast m_appcast;
@@ -129,9 +194,11 @@ private:
 
 } // namespace
 
-Appcast Appcast::parse(std::string_view bytes)
+Appcast Appcast::parse(std::string_view bytes, std::chrono::milliseconds limit)
 {
-    return Reader(QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()))).read();
+    if (const std::string_view refusal = MarkupScan(bytes).refusal(); !refusal.empty())
+        return {.items = {}, .page = {}, .error = std::string(refusal)};
+    return Reader(QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size())), limit).read();
 }
 
 } // namespace haloric

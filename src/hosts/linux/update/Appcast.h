@@ -1,6 +1,7 @@
 // A feed of updates: RSS with the appcast's namespace, parsed from text in memory. Pure.
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,9 +24,10 @@ struct Appcast {
     std::string page;  // the web page of the whole feed
     std::string error; // why the feed cannot be read; empty on success
 
-    // Rejects feeds that define entities, because entities can expand without bounds, and feeds nested deeper than 32
-    // elements. The time is linear in the size for all input.
-    static Appcast parse(std::string_view bytes);
+    // Rejects feeds that define entities, because entities can expand without bounds, feeds nested deeper than 32
+    // elements, and elements with more than 64 attributes, whose names the parser compares pair by pair. Gives up after
+    // `limit`. Any thread.
+    static Appcast parse(std::string_view bytes, std::chrono::milliseconds limit = std::chrono::seconds(2));
 };
 
 } // namespace haloric

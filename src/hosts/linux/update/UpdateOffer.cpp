@@ -96,6 +96,7 @@ std::optional<UpdateOffer> UpdateOffer::find(const Appcast& appcast, std::string
         return {};
     return UpdateOffer{
         .version = ReleaseNotes::plainText(newest->displayVersion.empty() ? newest->version : newest->displayVersion),
+        .build = newest->version,
         .notes = ReleaseNotes::plainText(newest->description),
         .page = firstSecurePage(*newest, appcast),
     };

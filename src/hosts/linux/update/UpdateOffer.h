@@ -25,6 +25,7 @@ std::weak_ordering compare(std::string_view a, std::string_view b);
 
 struct UpdateOffer {
     std::string version; // for display
+    std::string build;   // for comparison
     std::string notes;   // plain text; may be empty
     std::string page;    // the https address of a page for the download; empty if the feed has none
 

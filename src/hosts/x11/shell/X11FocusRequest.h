@@ -1,7 +1,7 @@
 // Asks the window manager to focus one of the program's windows. Main thread.
 #pragma once
 
-#include "hosts/linux/form/QtFormWindows.h"
+#include "hosts/linux/qt/QtForeground.h"
 #include "hosts/x11/server/X11Connection.h"
 
 namespace haloric {

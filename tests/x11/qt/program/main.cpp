@@ -39,9 +39,10 @@ int main(int argumentCount, char** arguments)
     QtTrayMenus trayMenus;
     const PosixProcesses processes;
     TrayStatusItems statusItems(runLoop, trayIcons, trayMenus, processes);
-    QtFormWindows formWindows(x11FocusRequest(*connection));
-    QtAlerts alerts;
-    QtPanels panels;
+    QtForeground foreground(x11FocusRequest(*connection));
+    QtFormWindows formWindows(foreground);
+    QtAlerts alerts(foreground);
+    QtPanels panels(foreground);
     const auto termination = signals.watch(runLoop, [&application] { application.terminate(); });
     HarnessProgram harness({statusItems, formWindows, alerts, panels});
     const auto commands = harness.obey(runLoop, std::atoi(arguments[1]));

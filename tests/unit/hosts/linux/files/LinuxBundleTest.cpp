@@ -107,6 +107,20 @@ TEST(InfoPlist, values_that_are_not_text_are_skipped)
     EXPECT_EQ(value("<key>other</key><true/><string>stray</string>"), std::nullopt);
 }
 
+TEST(InfoPlist, numbers_and_booleans_are_read)
+{
+    const auto dictionary = InfoPlist::parse(
+        "<plist><dict><key>on</key><true/><key>off</key><false/><key>whole</key><integer>3600</integer><key>part</key>"
+        "<real>1.5</real><key>text</key><string>7</string><key>bad</key><integer>7x</integer><key>endless</key>"
+        "<real>inf</real></dict></plist>");
+    EXPECT_EQ(dictionary.number("on"), 1);
+    EXPECT_EQ(dictionary.number("off"), 0);
+    EXPECT_EQ(dictionary.number("whole"), 3600);
+    EXPECT_EQ(dictionary.number("part"), 1.5);
+    for (const char* key : {"text", "bad", "endless", "missing"})
+        EXPECT_EQ(dictionary.number(key), std::nullopt) << key;
+}
+
 TEST(InfoPlist, inner_dictionaries_and_lists_are_ignored)
 {
     EXPECT_EQ(value("<key>a</key><dict><key>key</key><string>inner</string></dict>"), std::nullopt);

@@ -94,6 +94,32 @@ TEST(Appcast, the_number_of_items_is_limited)
     EXPECT_EQ(parse(items).error, "The update feed is too long.");
 }
 
+std::string withAttributes(int count)
+{
+    std::string element = "<item";
+    for (int number = 0; number < count; ++number)
+        element += " a" + std::to_string(number) + "=\"=\"";
+    return element + "/>";
+}
+
+TEST(Appcast, the_number_of_attributes_is_limited)
+{
+    const std::string tooMany = "The update feed is damaged: an element has too many attributes.";
+    EXPECT_EQ(parse(withAttributes(64)).error, "");
+    EXPECT_EQ(parse(withAttributes(65)).error, tooMany);
+    EXPECT_EQ(parse("<!-- ' --><?p ' ?><title><![CDATA['<]]></title>" + withAttributes(65)).error, tooMany);
+    EXPECT_EQ(parse("<title><![CDATA[<a b=c " + std::string(100, '=') + "]]></title>").error, "");
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(parse(withAttributes(80'000)).error, tooMany); // about 1 MiB
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+}
+
+TEST(Appcast, reading_gives_up_after_its_time)
+{
+    EXPECT_EQ(Appcast::parse(kHead + std::string(kTail), std::chrono::milliseconds(0)).error,
+              "The update feed takes too long to read.");
+}
+
 std::string nested(int levels)
 {
     std::string opened;

@@ -94,7 +94,8 @@ void AppDelegate::showOnboarding()
 {
     // Otherwise the alert of an accessory application opens behind the frontmost application.
     m_platform.application.activateIgnoringOtherApps();
-    if (m_platform.alerts.runModal(m_platform.onboardingAlert.value_or(onboardingAlert())) == Alerts::kFirstButton)
+    const auto answer = m_platform.alerts.runModal(m_platform.onboardingAlert.value_or(onboardingAlert()));
+    if (answer == Alerts::kFirstButton && m_platform.accessibility.canBeGranted())
         grantAccessibility(m_platform.accessibility, m_platform.workspace);
 }
 

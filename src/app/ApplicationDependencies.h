@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/Alerts.h"
+#include "settings/HostTexts.h"
 
 #include <optional>
 
@@ -63,6 +64,8 @@ struct ApplicationDependencies {
     // Shown at launch without Accessibility access, by hosts where something other than the permission of macOS is
     // missing; absent: the default text.
     std::optional<AlertModel> onboardingAlert = {};
+
+    HostTexts texts = {};
 };
 
 } // namespace haloric

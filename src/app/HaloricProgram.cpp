@@ -92,6 +92,7 @@ StatusBarDependencies HaloricProgram::statusBarDependencies(const ApplicationDep
         .alerts = platform.alerts,
         .application = platform.application,
         .restart = restart,
+        .texts = platform.texts,
     };
     return {
         .runLoop = platform.runLoop,

@@ -113,8 +113,9 @@ void StatusBarController::readState()
 void StatusBarController::readSystemState()
 {
     m_systemStateReadAt = m_platform.runLoop.systemUptime();
-    m_menu->showLaunchAtLogin(m_platform.launchAtLogin.isAvailable(), m_platform.launchAtLogin.isEnabled());
-    m_menu->showAccessibility(m_platform.accessibility.isProcessTrusted());
+    m_menu->showLaunchAtLogin(m_platform.launchAtLogin.isAvailable(), m_platform.launchAtLogin.isEnabled(),
+                              m_platform.settingsView.texts.loginItemToolTip);
+    m_menu->showAccessibility(!m_platform.accessibility.isProcessTrusted() && m_platform.accessibility.canBeGranted());
 }
 
 void StatusBarController::toggle(bool Settings::*effect)

@@ -61,15 +61,15 @@ void StatusMenu::showEffects(const Settings& settings)
     at(m_pulseItem).isOn = settings.pulseEnabled;
 }
 
-void StatusMenu::showLaunchAtLogin(bool isAvailable, bool isEnabled)
+void StatusMenu::showLaunchAtLogin(bool isAvailable, bool isEnabled, const std::string& unavailableToolTip)
 {
     MenuItem& item = at(m_loginItem);
     item.isOn = isEnabled;
     item.isEnabled = isAvailable;
-    item.toolTip = isAvailable ? "" : "Available when running from Haloric.app";
+    item.toolTip = isAvailable ? "" : unavailableToolTip;
 }
 
-void StatusMenu::showAccessibility(bool isTrusted) { at(m_axItem).isHidden = isTrusted; }
+void StatusMenu::showAccessibility(bool canBeGranted) { at(m_axItem).isHidden = !canBeGranted; }
 
 std::size_t StatusMenu::add(MenuItem item)
 {

@@ -37,8 +37,8 @@ public:
     const MenuModel& model() const { return m_model; }
 
     void showEffects(const Settings& settings);
-    void showLaunchAtLogin(bool isAvailable, bool isEnabled);
-    void showAccessibility(bool isTrusted);
+    void showLaunchAtLogin(bool isAvailable, bool isEnabled, const std::string& unavailableToolTip);
+    void showAccessibility(bool canBeGranted); // the grant is missing, and there is one
 
 private:
     std::size_t add(MenuItem item);

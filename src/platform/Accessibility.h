@@ -79,7 +79,10 @@ public:
     // Main thread; neither blocks nor allocates.
     virtual bool isProcessTrusted() const = 0;
 
-    // As above; with `prompt` the system also shows its request if trust is missing. Main thread.
+    // Whether the user can grant trust. Without that, a missing trust means that something else is missing.
+    virtual bool canBeGranted() const { return true; }
+
+    // As isProcessTrusted; with `prompt` the system also shows its request if trust is missing. Main thread.
     virtual bool isProcessTrustedWithPrompt(bool prompt) = 0;
 
     // The following: Accessibility queue.

@@ -40,6 +40,7 @@ struct FormColorWell {
     Color color;
     bool isEnabled = true;
     std::function<void(const Color&)> set;
+    std::string title = {}; // of the panel that it opens: what is coloured; empty: the label
 };
 
 struct FormPicker {
@@ -87,7 +88,7 @@ struct FormSection {
     std::string title;
     std::vector<FormRow> rows = {};
     std::string footer = {}; // empty for none
-    Task onAppear = {};      // when the section comes on screen with its window, or the window gets the focus; may be empty
+    Task onAppear = {}; // when the section comes on screen with its window, or the window gets the focus; may be empty
 };
 
 struct FormModel {

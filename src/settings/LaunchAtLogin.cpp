@@ -13,6 +13,11 @@ bool LaunchAtLogin::isAvailable() const { return std::filesystem::path(m_bundle.
 
 bool LaunchAtLogin::isEnabled() const { return isAvailable() && m_service.status() == LoginItemStatus::enabled; }
 
+bool LaunchAtLogin::awaitsApproval() const
+{
+    return isAvailable() && m_service.status() == LoginItemStatus::requiresApproval;
+}
+
 std::optional<PlatformError> LaunchAtLogin::set(bool enabled)
 {
     if (!isAvailable())

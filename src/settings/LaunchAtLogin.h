@@ -22,6 +22,9 @@ public:
     // False if not available, whatever the registration, and while the user has not approved it yet.
     bool isEnabled() const;
 
+    // Available and registered, but not in force until the user approves.
+    bool awaitsApproval() const;
+
     // Registers or unregisters the application. Returns the system's error, or no value on success. Does nothing, and
     // returns no value, if not available.
     std::optional<PlatformError> set(bool enabled);

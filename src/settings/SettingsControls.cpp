@@ -48,7 +48,8 @@ FormColorWell SettingsControls::boundColorWell(const std::string& label, Member 
         if (isFinite(color))
             self.write(member, rgbaFrom(color));
     };
-    return {.label = label, .color = colorFrom(std::invoke(member, settings())), .set = m_anchor.bind(set)};
+    return {
+        .label = label, .color = colorFrom(std::invoke(member, settings())), .set = m_anchor.bind(set), .title = label};
 }
 
 FormRow SettingsControls::toggle(std::string id, const std::string& label, bool Settings::*field) const
@@ -83,6 +84,7 @@ void SettingsControls::appendEffectColor(FormSection& section, const std::string
     const auto useAccent = [field](auto& record) -> auto& { return (record.*field).useAccent; };
     const auto custom = [field](auto& record) -> auto& { return (record.*field).custom; };
     FormColorWell well = boundColorWell("Custom color", custom);
+    well.title = section.title + " color";
     well.isEnabled = !useAccent(settings());
     section.rows.push_back({id + ".useAccent", boundToggle("Use accent color", useAccent)});
     section.rows.push_back({id + ".custom", std::move(well)});

@@ -74,20 +74,17 @@ FormSection SettingsSections::dim(const SettingsControls& controls)
     return section;
 }
 
-FormSection SettingsSections::pulse(const SettingsControls& controls)
+FormSection SettingsSections::pulse(const SettingsControls& controls, const HostTexts& texts)
 {
     FormSection section{.id = "pulse", .title = "Pulse"};
-    section.rows.push_back(
-        controls.toggle("pulseEnabled", "Pulse when focus changes or Space switches", &Settings::pulseEnabled));
+    section.rows.push_back(controls.toggle("pulseEnabled", texts.pulseLabel, &Settings::pulseEnabled));
     return section;
 }
 
-FormSection SettingsSections::shortcut(const SettingsControls& controls)
+FormSection SettingsSections::shortcut(const SettingsControls& controls, const HostTexts& texts)
 {
-    FormSection section{
-        .id = "shortcut", .title = "Shortcut", .footer = "Handy when the menu-bar icon is hidden behind the notch."};
-    section.rows.push_back(
-        controls.toggle("hotkeyEnabled", "Open Settings with ⌃⌥⌘F from anywhere", &Settings::hotkeyEnabled));
+    FormSection section{.id = "shortcut", .title = "Shortcut", .footer = texts.shortcutFooter};
+    section.rows.push_back(controls.toggle("hotkeyEnabled", texts.shortcutLabel, &Settings::hotkeyEnabled));
     return section;
 }
 

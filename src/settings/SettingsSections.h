@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/FormModel.h"
+#include "settings/HostTexts.h"
 
 namespace haloric {
 
@@ -19,8 +20,8 @@ FormSection tint(const SettingsControls& controls);
 // Without the list of applications.
 FormSection dim(const SettingsControls& controls);
 
-FormSection pulse(const SettingsControls& controls);
-FormSection shortcut(const SettingsControls& controls);
+FormSection pulse(const SettingsControls& controls, const HostTexts& texts);
+FormSection shortcut(const SettingsControls& controls, const HostTexts& texts);
 
 } // namespace SettingsSections
 

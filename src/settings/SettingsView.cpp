@@ -44,8 +44,9 @@ SettingsView::SettingsView(const SettingsViewDependencies& platform, SettingsSto
 FormModel SettingsView::form() const
 {
     return {.sections = {generalSection(), SettingsSections::border(m_controls), SettingsSections::glow(m_controls),
-                         SettingsSections::tint(m_controls), dimSection(), SettingsSections::pulse(m_controls),
-                         SettingsSections::shortcut(m_controls)},
+                         SettingsSections::tint(m_controls), dimSection(),
+                         SettingsSections::pulse(m_controls, m_platform.texts),
+                         SettingsSections::shortcut(m_controls, m_platform.texts)},
             .buttons = buttons(),
             .notice = notice()};
 }
@@ -70,7 +71,9 @@ FormSection SettingsView::generalSection() const
                                                         .isEnabled = isAvailable,
                                                         .set = m_anchor.bind(&SettingsView::setLaunchAtLogin)}});
     if (!isAvailable)
-        section.footer = "Launch at login is available when running from Haloric.app.";
+        section.footer = m_platform.texts.loginItemFooter;
+    else if (m_awaitsApproval)
+        section.footer = m_platform.texts.approvalFooter;
     section.onAppear = m_anchor.bind(&SettingsView::appeared);
     return section;
 }
@@ -131,7 +134,7 @@ std::vector<FormRow> SettingsView::buttons() const
     row.push_back({"resetToDefaults", FormButton{"Reset to Defaults", m_anchor.bind([](SettingsView& self) {
                                                      self.m_store.setSettings(Settings::defaults());
                                                  })}});
-    if (!m_platform.accessibility.isProcessTrusted())
+    if (!m_platform.accessibility.isProcessTrusted() && m_platform.accessibility.canBeGranted())
         row.push_back({"grantAccessibility", FormButton{"Grant Accessibility…", m_anchor.bind([](SettingsView& self) {
                                                             grantAccessibility(self.m_platform.accessibility,
                                                                                self.m_platform.workspace);
@@ -186,6 +189,7 @@ void SettingsView::appeared()
 void SettingsView::readLaunchAtLogin()
 {
     m_launchAtLogin = m_loginItem.isEnabled();
+    m_awaitsApproval = m_loginItem.awaitsApproval();
     publish();
 }
 

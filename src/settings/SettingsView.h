@@ -59,6 +59,7 @@ private:
     SettingsControls m_controls;
     LaunchAtLogin m_loginItem;
     bool m_launchAtLogin;
+    bool m_awaitsApproval = false;      // the login item, when it was last read
     std::vector<std::string> m_dimApps; // those that the rows are made of
     std::vector<FormRow> m_dimAppRows;  // kept, because names and icons come from the system's catalogue
     Task m_onFormChange;

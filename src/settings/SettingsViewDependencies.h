@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/Task.h"
+#include "settings/HostTexts.h"
 
 namespace haloric {
 
@@ -24,6 +25,7 @@ struct SettingsViewDependencies {
     Alerts& alerts;
     Application& application;
     Task restart; // ends the program and has it opened again
+    HostTexts texts = {};
 };
 
 } // namespace haloric

@@ -31,6 +31,7 @@ public:
     using ObserverRef = std::shared_ptr<Observer>;
 
     bool trusted = true;
+    bool grantable = true;
     mutable int trustQuestions = 0; // without a prompt
     std::vector<bool> prompts;
     std::map<ProcessID, FakeAXElementRef> applications;
@@ -60,6 +61,7 @@ public:
         return trusted;
     }
 
+    bool canBeGranted() const override { return grantable; }
     bool isProcessTrustedWithPrompt(bool prompt) override
     {
         prompts.push_back(prompt);

@@ -74,6 +74,7 @@ std::string_view CommandLine::helpText()
            "Environment:\n"
            "  DISPLAY                                 the X display to run on\n"
            "  HALORIC_DISABLE_WINDOWSERVER_FAST_PATH  1 switches the fast path for moving windows off\n"
+           "  HALORIC_VERBOSE                         1 writes more to the log\n"
            "\n"
            "Exit status: 0 at a normal end, 1 without a display, when the display went away, or when the running\n"
            "program refused or could not save the change; 2 for a wrong option; 3 when no running program could be\n"

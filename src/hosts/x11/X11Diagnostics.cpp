@@ -1,5 +1,6 @@
 #include "hosts/x11/X11Diagnostics.h"
 
+#include "hosts/linux/WaylandSession.h"
 #include "hosts/x11/X11Desktop.h"
 #include "platform/Processes.h"
 #include "windowserver/WindowServer.h"
@@ -33,6 +34,7 @@ X11Diagnostics X11Diagnostics::gather(const X11Connection& connection, const X11
     X11Diagnostics found;
     found.version = version;
     found.display = processes.environmentVariable("DISPLAY").value_or("");
+    found.isWaylandSession = WaylandSession::isPresent(processes);
     found.windowManager = desktop.windowManager.isRunning() ? desktop.windowManager.name() : "";
     if (desktop.windowManager.isRunning() && found.windowManager.empty())
         found.windowManager = "one without a name";
@@ -62,6 +64,8 @@ std::string X11Diagnostics::text() const
     std::ostringstream out;
     out << "Haloric " << version << '\n';
     out << "Display: " << display << '\n';
+    if (isWaylandSession)
+        out << "Session: Wayland; only windows of X11 programs under Xwayland can be highlighted\n";
     out << "Window manager: " << (windowManager.empty() ? "none that follows EWMH" : windowManager) << '\n';
     out << "Compositor: "
         << (!hasCompositor       ? "none"

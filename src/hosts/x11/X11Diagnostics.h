@@ -21,6 +21,7 @@ struct X11Diagnostics {
 
     std::string version;
     std::string display;
+    bool isWaylandSession = false;
     std::string windowManager; // empty: none runs
     bool hasCompositor = false;
     std::string compositor; // may be empty even when one runs

@@ -3,6 +3,8 @@
 #include "app/ApplicationDependencies.h"
 #include "app/HaloricProgram.h"
 #include "app/InstanceControl.h"
+#include "hosts/linux/LinuxTexts.h"
+#include "hosts/linux/WaylandSession.h"
 #include "hosts/linux/files/LinuxBundle.h"
 #include "hosts/linux/files/LinuxLoginItemService.h"
 #include "hosts/linux/files/LinuxUserDefaults.h"
@@ -12,6 +14,7 @@
 #include "hosts/linux/loop/LinuxRunLoop.h"
 #include "hosts/linux/loop/LinuxSerialQueues.h"
 #include "hosts/linux/loop/TerminationSignals.h"
+#include "hosts/linux/qt/OptionalLog.h"
 #include "hosts/linux/qt/QtApplication.h"
 #include "hosts/linux/shell/QtAlerts.h"
 #include "hosts/linux/shell/QtPanels.h"
@@ -150,6 +153,23 @@ private:
     Subscription m_changes;
 };
 
+// Tells the user, at the start, that a Wayland session hides most windows from the program.
+class WaylandNotice {
+public:
+    WaylandNotice(const InstanceStart& start, ModelessAlerts& alerts)
+    {
+        if (!WaylandSession::isPresent(start.processes))
+            return;
+        start.log.line(WaylandSession::kLogLine);
+        m_alert = alerts.show(WaylandSession::alert(), [this](std::size_t) { m_alert.reset(); });
+    }
+    WaylandNotice(const WaylandNotice&) = delete;
+    WaylandNotice& operator=(const WaylandNotice&) = delete;
+
+private:
+    Subscription m_alert; // while it is open
+};
+
 } // namespace
 
 int runX11Program(const InstanceStart& start)
@@ -158,7 +178,8 @@ int runX11Program(const InstanceStart& start)
     Task displayLost = X11DisplayLoss::report; // called by both connections to the server, in any order
     const QtApplication qt([&displayLost] { displayLost(); });
     QtEventLoop loop(start.runLoop);
-    X11Desktop desktop(start.connection, start.runLoop, start.log);
+    OptionalLog desktopLog(start.log, start.processes);
+    X11Desktop desktop(start.connection, start.runLoop, desktopLog);
     LinuxUserDefaults userDefaults(LinuxUserDefaults::standardFolder(start.processes), &start.log);
     Shell shell(start, desktop, userDefaults);
     LinuxSerialQueues serialQueues(start.runLoop);
@@ -202,11 +223,13 @@ int runX11Program(const InstanceStart& start)
                           .userDefaults = userDefaults,
                           .processes = start.processes,
                           .log = start.log,
-                          .onboardingAlert = onboarding});
+                          .onboardingAlert = onboarding,
+                          .texts = linuxTexts()});
     const SaveReport saveReport(entry.settingsStore(), start.log);
     const Contact contact(start, entry, application);
     desktop.windowManager.waitUntilRunning(start.runLoop, kWindowManagerPatience,
                                            [&application] { return application.isTerminated(); });
+    const WaylandNotice waylandNotice(start, shell.alerts);
     entry.run();
     return exitCode;
 }

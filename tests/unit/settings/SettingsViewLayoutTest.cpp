@@ -112,5 +112,40 @@ TEST_F(SettingsViewLayoutTest, showing_the_form_writes_nothing)
     EXPECT_TRUE(loginItems.changes.empty());
 }
 
+TEST_F(SettingsViewLayoutTest, without_anything_to_grant_there_is_no_button_for_it)
+{
+    accessibility.trusted = false;
+    accessibility.grantable = false;
+    EXPECT_FALSE(hasRow("grantAccessibility"));
+}
+
+TEST_F(SettingsViewLayoutTest, a_host_has_its_own_words_for_what_only_it_has)
+{
+    auto dependencies = platform();
+    dependencies.texts = {.loginItemToolTip = "",
+                          .loginItemFooter = "Install it.",
+                          .approvalFooter = "",
+                          .pulseLabel = "Pulse",
+                          .shortcutLabel = "Open with F1",
+                          .shortcutFooter = "Handy."};
+    bundle.bundlePath = "/usr/bin";
+    view = std::make_unique<SettingsView>(dependencies, store, false);
+    EXPECT_EQ(section("general").footer, "Install it.");
+    EXPECT_EQ(control<FormToggle>("pulseEnabled").label, "Pulse");
+    EXPECT_EQ(control<FormToggle>("hotkeyEnabled").label, "Open with F1");
+    EXPECT_EQ(section("shortcut").footer, "Handy.");
+}
+
+TEST_F(SettingsViewLayoutTest, a_colour_panel_names_what_it_colours)
+{
+    const std::pair<const char*, const char*> expected[] = {{"accent", "Accent color"},
+                                                            {"borderColor.custom", "Border color"},
+                                                            {"glowColor.custom", "Glow color"},
+                                                            {"tintColor.custom", "Title-bar tint color"},
+                                                            {"dimColor", "Dim color"}};
+    for (const auto& [id, title] : expected)
+        EXPECT_EQ(control<FormColorWell>(id).title, title);
+}
+
 } // namespace
 } // namespace haloric

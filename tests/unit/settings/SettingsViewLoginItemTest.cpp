@@ -32,6 +32,19 @@ TEST_F(SettingsViewLoginItemTest, it_shows_the_real_state_when_the_section_appea
     EXPECT_TRUE(loginItems.changes.empty()) << "appearing changes nothing";
 }
 
+TEST_F(SettingsViewLoginItemTest, a_host_may_say_that_it_waits_for_approval)
+{
+    auto dependencies = platform();
+    dependencies.texts.approvalFooter = "Approve it.";
+    view = std::make_unique<SettingsView>(dependencies, store, false);
+    loginItems.currentStatus = LoginItemStatus::requiresApproval;
+    appear();
+    EXPECT_EQ(section("general").footer, "Approve it.");
+    loginItems.currentStatus = LoginItemStatus::enabled;
+    appear();
+    EXPECT_EQ(section("general").footer, "");
+}
+
 TEST_F(SettingsViewLoginItemTest, no_other_section_is_notified_of_its_appearance)
 {
     for (const FormSection& section : view->form().sections)

@@ -98,6 +98,8 @@ std::string FormHarness::described(const std::string& name) { return ask("descri
 
 std::string FormHarness::toolTip(const std::string& item) { return ask("tooltip " + item); }
 
+std::string FormHarness::dialogColor() { return ask("chosen"); }
+
 std::string FormHarness::labels(const std::string& title) { return ask("labels " + title); }
 
 bool FormHarness::waitForAvailable(const std::string& size)

@@ -37,6 +37,7 @@ public:
     bool isVisible(const std::string& name);
     std::string described(const std::string& name); // for assistive technology: name, description
     std::string toolTip(const std::string& item);   // of an item of an open menu
+    std::string dialogColor();                      // in the open colour dialog, such as "#336699"
     std::string labels(const std::string& title);   // texts of the window with that title, separated by bars
 
     // Waits until the program sees an available screen area of that size, such as "1920x1080".

@@ -70,17 +70,55 @@ TEST_F(FormPointer, a_colour_is_reported_while_the_dialog_is_open_and_without_op
     const auto chosen = harness.report("well");
     ASSERT_TRUE(chosen);
     EXPECT_TRUE(chosen->ends_with(" 1.00")) << *chosen;
-    ASSERT_TRUE(harness.click("OK"));
+    EXPECT_FALSE(harness.isVisible("OK"));
+    EXPECT_FALSE(harness.isVisible("Cancel"));
+    harness.press(Key::kEscape);
+    EXPECT_TRUE(session.observer().waitUntil([this] { return !harness.isVisible("QColorDialog"); }));
+    EXPECT_FALSE(harness.hasReported("well")) << "the colour stays";
+}
+
+TEST_F(FormPointer, the_colour_dialog_follows_a_colour_from_elsewhere_and_reports_only_what_the_user_chooses)
+{
+    openDialog();
+    harness.send("color 0.2 0.4 0.6");
+    EXPECT_TRUE(session.observer().waitUntil([this] { return harness.dialogColor() == "#336699"; }));
+    harness.press(Key::kEscape);
+    EXPECT_TRUE(session.observer().waitUntil([this] { return !harness.isVisible("QColorDialog"); }));
     EXPECT_FALSE(harness.hasReported("well"));
 }
 
-TEST_F(FormPointer, cancelling_the_dialog_restores_the_colour)
+TEST_F(FormPointer, the_colour_dialog_closes_with_its_window)
 {
-    const ScreenRect dialog = openDialog();
-    session.input().clickAt(dialog.x + 30, dialog.y + 50);
-    ASSERT_TRUE(harness.reports("well"));
-    ASSERT_TRUE(harness.click("Cancel"));
-    EXPECT_EQ(harness.report("well"), "well 0.04 0.52 1.00 1.00");
+    openDialog();
+    harness.send("close");
+    EXPECT_TRUE(session.observer().waitUntil([this] { return session.observer().clientList().empty(); }));
+}
+
+TEST_F(FormPointer, a_value_beyond_the_end_of_a_slider_can_be_set_to_the_end)
+{
+    harness.send("width 30");
+    const ScreenRect slider = harness.place("slider");
+    session.input().moveTo(slider.right() - 2, slider.y + slider.height / 2);
+    session.input().press();
+    session.input().release();
+    EXPECT_TRUE(harness.reports("slider 12.00"));
+    harness.send("width 30");
+    ASSERT_TRUE(harness.tabTo("slider"));
+    harness.press(Key::kEnd);
+    EXPECT_TRUE(harness.reports("slider 12.00"));
+    harness.press(Key::kEnd);
+    harness.press(Key::kRight);
+    EXPECT_FALSE(harness.hasReported("slider"));
+}
+
+TEST_F(FormPointer, the_form_is_read_again_when_its_window_gets_the_focus)
+{
+    ASSERT_TRUE(harness.reports("appeared"));
+    const auto other = session.makeClient();
+    ASSERT_TRUE(other->showFocused());
+    EXPECT_FALSE(harness.hasReported("appeared"));
+    harness.send("show");
+    EXPECT_TRUE(harness.reports("appeared"));
 }
 
 TEST_F(FormPointer, a_disabled_colour_well_opens_nothing)

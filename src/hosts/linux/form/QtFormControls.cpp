@@ -6,8 +6,10 @@
 
 #include <QColorDialog>
 #include <QEvent>
+#include <QHideEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QSignalBlocker>
 #include <QStyle>
 #include <QWheelEvent>
 
@@ -182,27 +184,45 @@ void QtColorWell::setColor(const Color& color)
     m_color = color;
     setAccessibleDescription(qtColor(color).name());
     update();
+    if (m_dialog && m_dialog->currentColor().rgb() != qtColor(color).rgb()) {
+        const QSignalBlocker quiet(m_dialog);
+        m_dialog->setCurrentColor(qtColor(color));
+    }
+}
+
+void QtColorWell::setTitle(const QString& title)
+{
+    m_title = title;
+    if (m_dialog)
+        m_dialog->setWindowTitle(title);
 }
 
 void QtColorWell::changeEvent(QEvent* event)
 {
     QPushButton::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled() && m_dialog)
-        m_dialog->reject();
+        m_dialog->close();
+}
+
+void QtColorWell::hideEvent(QHideEvent* event)
+{
+    QPushButton::hideEvent(event);
+    if (!event->spontaneous() && m_dialog) // it stays while the window is minimised
+        m_dialog->close();
 }
 
 void QtColorWell::openDialog()
 {
     if (!m_dialog) {
         m_dialog = new QColorDialog(window());
+        m_dialog->setOption(QColorDialog::NoButtons);
         m_dialog->setWindowTitle(m_title);
         m_dialog->setCurrentColor(qtColor(m_color));
         connect(m_dialog, &QColorDialog::currentColorChanged, this, [this](const QColor& color) {
             const QColor rgb = color.toRgb();
-            if (rgb != qtColor(m_color))
+            if (rgb.rgb() != qtColor(m_color).rgb())
                 choose({rgb.redF(), rgb.greenF(), rgb.blueF(), 1});
         });
-        connect(m_dialog, &QColorDialog::rejected, this, [this, first = m_color] { choose(first); });
         connect(m_dialog, &QColorDialog::finished, m_dialog, &QObject::deleteLater);
     }
     m_dialog->show();

@@ -47,8 +47,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-// A button that shows a colour and opens a dialog for choosing another. The dialog has no opacity. It reports each
-// colour while the user tries it, so that the effect is visible; cancelled, it reports the first colour again.
+// A button that shows a colour and opens a dialog for choosing another. The dialog has neither opacity nor buttons: it
+// reports each colour at once, follows colours that are set elsewhere, and closes with its window.
 class QtColorWell final : public QPushButton {
 public:
     explicit QtColorWell(QWidget* parent);
@@ -58,7 +58,7 @@ public:
     std::function<void(const Color&)> onChosen;
 
     void setColor(const Color& color);
-    void setTitle(const QString& title) { m_title = title; } // of the dialog
+    void setTitle(const QString& title); // of the dialog
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -66,6 +66,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void openDialog();

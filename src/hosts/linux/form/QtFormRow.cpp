@@ -69,7 +69,15 @@ public:
             if (const auto set = m_model.set)
                 set(m_model.minimum + position * m_model.step);
         });
-        connect(m_slider, &QSlider::sliderReleased, this, [this] { place(); });
+        // The knob of a value beyond the end rests at the end, so that moving it there changes no position.
+        connect(m_slider, &QSlider::actionTriggered, this, [this] {
+            if (m_slider->sliderPosition() == m_slider->value())
+                setToEnd();
+        });
+        connect(m_slider, &QSlider::sliderReleased, this, [this] {
+            setToEnd();
+            place();
+        });
     }
 
     void show(const FormRow& row) override
@@ -82,6 +90,14 @@ public:
     }
 
 private:
+    // A value beyond the ends becomes the end that the knob shows.
+    void setToEnd()
+    {
+        const bool isBeyond = m_model.value < m_model.minimum || m_model.value > m_model.maximum;
+        if (const auto set = m_model.set; set && isBeyond)
+            set(m_model.minimum + m_slider->value() * m_model.step);
+    }
+
     void place()
     {
         const QSignalBlocker quiet(m_slider);
@@ -117,7 +133,7 @@ public:
         m_set = well.set;
         m_label.setText(qtText(well.label));
         m_label.setEnabled(well.isEnabled);
-        m_well->setTitle(qtText(well.label));
+        m_well->setTitle(qtText(well.title.empty() ? well.label : well.title));
         m_well->setAccessibleName(qtText(well.label));
         m_well->setColor(well.color);
         m_well->setEnabled(well.isEnabled);
@@ -183,6 +199,16 @@ QLabel* addIcon(QHBoxLayout& line)
     return icon;
 }
 
+// Whether both are the same file's icon or the same symbol; drawings are not compared. Finding an icon reads files.
+bool isSameImage(const Image& a, const Image& b)
+{
+    const auto* fileA = std::get_if<FileIcon>(&a);
+    const auto* fileB = std::get_if<FileIcon>(&b);
+    const auto* symbolA = std::get_if<SymbolImage>(&a);
+    const auto* symbolB = std::get_if<SymbolImage>(&b);
+    return (fileA && fileB && fileA->path == fileB->path) || (symbolA && symbolB && symbolA->name == symbolB->name);
+}
+
 // An application in a list, with a button that removes it.
 class ListRow final : public QtFormRow {
 public:
@@ -204,12 +230,16 @@ public:
 
     void show(const FormRow& row) override
     {
-        m_model = std::get<FormListRow>(row.control);
+        const auto& shown = std::get<FormListRow>(row.control);
+        const bool hasOtherImages =
+            !isSameImage(shown.icon, m_model.icon) || !isSameImage(shown.removeImage, m_model.removeImage);
+        m_model = shown;
         m_title.setText(qtText(m_model.title));
         const QString label = qtText(m_model.removeLabel);
         m_remove->setAccessibleName(label);
         m_remove->setToolTip(label);
-        showImages();
+        if (hasOtherImages)
+            showImages();
     }
 
 protected:

@@ -74,6 +74,8 @@ void QtFormView::showNotice(const std::string& notice)
         return;
     m_notice->setText(text);
     m_notice->setVisible(!text.isEmpty());
+    layout()->activate();
+    update(); // the line moves
 }
 
 // Tab moves from top to bottom, whatever the order in which the widgets were made.

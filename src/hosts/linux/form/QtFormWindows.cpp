@@ -5,6 +5,7 @@
 #include "platform/WindowStyle.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QGuiApplication>
 #include <QHideEvent>
@@ -95,6 +96,7 @@ void QtFormWindow::makeKeyAndOrderFront()
     const bool appears = !QWidget::isVisible();
     if (appears)
         moveOntoScreen();
+    m_isAppearing = appears;
     m_foreground.bring(*this);
     if (appears)
         notifySections();
@@ -129,7 +131,7 @@ void QtFormWindow::hideEvent(QHideEvent* event)
 bool QtFormWindow::event(QEvent* event)
 {
     const bool isHandled = QWidget::event(event);
-    if (event->type() == QEvent::WindowActivate)
+    if (event->type() == QEvent::WindowActivate && !std::exchange(m_isAppearing, false))
         notifySections();
     return isHandled;
 }

@@ -41,6 +41,7 @@ private:
     bool m_isResizable;
     QtFormView* m_view;
     std::optional<QPoint> m_position; // of the frame, while hidden
+    bool m_isAppearing = false;       // until it has the focus for the first time
 };
 
 class QtFormWindows final : public FormWindows {

@@ -1,6 +1,7 @@
 #include "hosts/linux/qt/QtApplication.h"
 
 #include "foundation/ProductIdentity.h"
+#include "hosts/linux/qt/OptionalLog.h"
 #include "hosts/posix/PosixStandardError.h"
 
 #include <clocale>
@@ -73,7 +74,8 @@ void passOn(QtMsgType type, const QMessageLogContext&, const QString& message)
     }
     if (type == QtFatalMsg)
         endWithoutStart(message);
-    if (type == QtCriticalMsg) // Qt's warnings are for programmers
+    static const bool isVerbose = qEnvironmentVariable(OptionalLog::kVariable) == QLatin1String("1");
+    if (isVerbose)
         std::fprintf(stderr, "haloric: %s\n", qUtf8Printable(message));
 }
 

@@ -1,4 +1,5 @@
-// Brings windows of the program to the front, with the keyboard focus, because the user has asked for them. Main thread.
+// Brings windows of the program to the front, with the keyboard focus, because the user has asked for them. Main
+// thread.
 #pragma once
 
 #include <functional>

@@ -1,6 +1,6 @@
-// Alerts as message boxes: modal ones, during which the event loop runs, and others beside the program's windows. If one
-// is closed without an answer (Escape, its title bar, the end of the program), a modal one's result is the last button,
-// which changes nothing. Main thread.
+// Alerts as message boxes: modal ones, during which the event loop runs, and others beside the program's windows. If
+// one is closed without an answer (Escape, its title bar, the end of the program), a modal one's result is the last
+// button, which changes nothing. Main thread.
 #pragma once
 
 #include "hosts/linux/qt/QtForeground.h"

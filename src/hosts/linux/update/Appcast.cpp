@@ -13,7 +13,7 @@ namespace {
 constexpr QStringView kNamespace = u"http://www.andymatuschak.org/xml-namespaces/sparkle";
 constexpr std::size_t kMaximumItems = 1000;
 constexpr std::size_t kMaximumAttributes = 64; // of an element; a usual one has less than ten
-constexpr qsizetype kMaximumDepth = 32; // nested elements; a usual feed has four or five
+constexpr qsizetype kMaximumDepth = 32;        // nested elements; a usual feed has four or five
 
 constexpr std::string_view kEntities = "The update feed defines entities, which are not read.";
 constexpr std::string_view kAttributes = "The update feed is damaged: an element has too many attributes.";

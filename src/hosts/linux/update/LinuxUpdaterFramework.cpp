@@ -90,8 +90,9 @@ void LinuxUpdaterController::checkIfDue()
 {
     const Seconds now = m_dependencies.runLoop.wallClock();
     const auto last = parseTime(m_dependencies.userDefaults.data(kLastCheckKey));
-    // `last` is in the future if the clock was set back.
-    const bool isDue = !last || *last > now || now - *last >= m_schedule.interval;
+    // `last` is in the future if the clock was set back. A check may be early by half the time to the next look, as it
+    // would be late otherwise.
+    const bool isDue = !last || *last > now || now - *last + kLookInterval / 2 >= m_schedule.interval;
     if (isDue && !m_alert && !m_retry)
         check();
 }

@@ -26,9 +26,9 @@ class Workspace;
 // While a check that the user asked for runs, the user sees that and can cancel it.
 class LinuxUpdaterController final : public UpdaterController {
 public:
-    static constexpr std::string_view kLastCheckKey = "Haloric.lastUpdateCheck";      // the time of the last success
-    static constexpr std::string_view kSkippedVersionKey = "Haloric.skippedUpdate";   // no longer offered unasked
-    static constexpr Seconds kFirstLook{60};                                          // after launch
+    static constexpr std::string_view kLastCheckKey = "Haloric.lastUpdateCheck";    // the time of the last success
+    static constexpr std::string_view kSkippedVersionKey = "Haloric.skippedUpdate"; // no longer offered unasked
+    static constexpr Seconds kFirstLook{60};                                        // after launch
     static constexpr Seconds kLookInterval{3600};  // between two tests whether a check is due
     static constexpr Seconds kRetryInterval{3600}; // after a check that failed
 
@@ -93,8 +93,8 @@ private:
     bool m_userAsked = false;
     Subscription m_firstLook;
     Subscription m_looks;
-    Subscription m_retry; // after a check that failed
-    Subscription m_alert; // while an alert is open
+    Subscription m_retry;    // after a check that failed
+    Subscription m_alert;    // while an alert is open
     Subscription m_fetch;    // while a download runs
     Subscription m_progress; // while the user waits for the check
     WeakAnchor<LinuxUpdaterController> m_weakAnchor{*this};

@@ -49,7 +49,8 @@ public:
     }
 
     bool isProcessTrusted() const override { return m_windowManager.isRunning(); }
-    bool isProcessTrustedWithPrompt(bool) override { return isProcessTrusted(); } // X11 has no permission to ask for
+    bool canBeGranted() const override { return false; } // X11 has no permission to ask for
+    bool isProcessTrustedWithPrompt(bool) override { return isProcessTrusted(); }
 
     AXElement createApplicationElement(ProcessID pid) override;
     void setMessagingTimeout(const AXElement&, float) override {}

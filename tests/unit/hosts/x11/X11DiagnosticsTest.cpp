@@ -40,6 +40,14 @@ TEST(X11Diagnostics, a_full_desktop_is_described_line_by_line)
                              "Input of other programs: heard\n");
 }
 
+TEST(X11Diagnostics, a_wayland_session_is_named_with_what_it_means)
+{
+    auto diagnostics = full();
+    diagnostics.isWaylandSession = true;
+    EXPECT_THAT(diagnostics.text(),
+                HasSubstr("\nSession: Wayland; only windows of X11 programs under Xwayland can be highlighted\n"));
+}
+
 TEST(X11Diagnostics, a_bare_desktop_is_described_as_such)
 {
     const std::string text = X11Diagnostics().text();

@@ -56,7 +56,7 @@ protected:
         const RGBA before = color(stored().value());
         ASSERT_TRUE(chooseInDialog(title));
         EXPECT_TRUE(waitForStored([&](const Settings& now) { return color(now) != before; }));
-        press(Key::kReturn);
+        press(Key::kEscape);
         ASSERT_TRUE(shell->waitUntilActive());
         chosen = pixelOf(color(stored().value()));
     }
@@ -116,7 +116,7 @@ TEST_P(SettingsEffects, a_chosen_colour_of_the_border_replaces_the_accent)
     open(R"({"pulseEnabled": false,
              "borderColor": {"useAccent": false, "custom": {"r": 1, "g": 1, "b": 1, "a": 1}}})");
     ASSERT_TRUE(waitForPixel(onBorder().x, onBorder().y, 0xFFFFFF));
-    chooseColor("borderColor.custom", "Custom color", [](const Settings& now) { return now.borderColor.custom; });
+    chooseColor("borderColor.custom", "Border color", [](const Settings& now) { return now.borderColor.custom; });
     EXPECT_TRUE(waitForPixel(onBorder().x, onBorder().y, chosen));
 }
 

@@ -5,9 +5,12 @@
 
 #include <algorithm>
 #include <iostream>
+#include <sstream>
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QScreen>
+#include <QWidget>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -138,6 +141,15 @@ void HarnessProgram::addWindowVerbs()
         m_settings.scope = std::stoul(value);
         m_settings.changed();
     };
+    m_verbs["close"] = [](const std::string&) {
+        for (QWidget* each : QApplication::topLevelWidgets())
+            if (each->windowTitle() == "Haloric Settings")
+                each->close();
+    };
+    m_verbs["color"] = [this](const std::string& value) {
+        std::istringstream(value) >> m_settings.color.red >> m_settings.color.green >> m_settings.color.blue;
+        m_settings.changed();
+    };
     m_verbs["notice"] = [this](const std::string& text) {
         m_settings.notice = text;
         m_settings.changed();
@@ -161,6 +173,12 @@ void HarnessProgram::addQuestions()
     m_verbs["focus"] = [](const std::string&) { report("= " + WidgetFinder::focused()); };
     m_verbs["tooltip"] = [](const std::string& name) { report("= " + WidgetFinder::toolTip(name)); };
     m_verbs["labels"] = [](const std::string& title) { report("= " + WidgetFinder::labels(title)); };
+    m_verbs["chosen"] = [](const std::string&) {
+        for (QWidget* each : QApplication::topLevelWidgets())
+            if (const auto* dialog = qobject_cast<QColorDialog*>(each); dialog && dialog->isVisible())
+                return report("= " + dialog->currentColor().name().toStdString());
+        report("= ");
+    };
     m_verbs["available"] = [](const std::string&) {
         const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
         report("= " + std::to_string(area.width()) + "x" + std::to_string(area.height()));

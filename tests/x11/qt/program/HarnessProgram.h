@@ -5,6 +5,7 @@
 //   reveal TITLE             shows a hidden menu item
 //   show, center             the form's window
 //   width NUMBER, scope N    changes a value of the form, as if another part of the program did
+//   color RED GREEN BLUE, close
 //   notice TEXT              sets or removes the form's notice
 //   well on|off              enables or disables the colour well
 //   alert, error, about, choose
@@ -14,6 +15,7 @@
 //   where NAME               "X Y WIDTH HEIGHT" on the root window, or "nowhere"
 //   focus                    the widget with the keyboard focus; empty without it
 //   describe NAME            accessible name and description
+//   chosen                   the colour in the open colour dialog
 //   tooltip ITEM, labels TITLE, available
 #pragma once
 

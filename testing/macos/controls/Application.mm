@@ -1,5 +1,6 @@
 // The application object and its login item.
 #include "controls/Menus.h"
+#include "foundation/Balance.h"
 #include "loop/MainLoop.h"
 #include "windows/Windows.h"
 #include "world/World.h"
@@ -25,7 +26,7 @@ bool substitute::activationRefused = false;
 + (NSApplication*)sharedApplication
 {
     if (!NSApp)
-        NSApp = [[NSApplication alloc] init];
+        NSApp = substitute::permanent([] { return [[NSApplication alloc] init]; });
     return NSApp;
 }
 - (void)setDelegate:(id)delegate
@@ -122,15 +123,15 @@ bool substitute::activationRefused = false;
 // NSApplication orderFrontStandardAboutPanelWithOptions: makes one panel and orders it front each time.
 - (void)orderFrontStandardAboutPanelWithOptions:(NSDictionary*)options
 {
-    static NSWindow* panel;
-    if (!panel) {
-        panel = [[NSPanel alloc] initWithContentRect:NSMakeRect(0, 0, 280, 160)
-                                           styleMask:NSWindowStyleMaskTitled | NSWindowStyleMaskClosable
-                                             backing:NSBackingStoreBuffered
-                                               defer:NO];
+    static NSWindow* const panel = substitute::permanent([] {
+        NSWindow* panel = [[NSPanel alloc] initWithContentRect:NSMakeRect(0, 0, 280, 160)
+                                                     styleMask:NSWindowStyleMaskTitled | NSWindowStyleMaskClosable
+                                                       backing:NSBackingStoreBuffered
+                                                         defer:NO];
         panel.releasedWhenClosed = NO;
         panel.title = @"About";
-    }
+        return panel;
+    });
     [panel makeKeyAndOrderFront:nil];
 }
 @end
@@ -138,7 +139,7 @@ bool substitute::activationRefused = false;
 @implementation SMAppService
 + (SMAppService*)mainAppService
 {
-    static SMAppService* const one = [[SMAppService alloc] init];
+    static SMAppService* const one = substitute::permanent([] { return [[SMAppService alloc] init]; });
     return one;
 }
 - (SMAppServiceStatus)status

@@ -1,5 +1,6 @@
 // Hotkeys of Carbon.
 #include "controls/Menus.h"
+#include "foundation/Balance.h"
 #include "loop/MainLoop.h"
 
 #import <Carbon/Carbon.h>
@@ -18,6 +19,9 @@ struct Handler {
 };
 static std::vector<Handler*> g_handlers;
 static std::map<void*, std::pair<unsigned, unsigned>> g_hotkeys;
+static const substitute::Counted countedHandlers("handlers of Carbon events",
+                                                 [] { return static_cast<long>(g_handlers.size()); });
+static const substitute::Counted countedHotkeys("hotkeys", [] { return static_cast<long>(g_hotkeys.size()); });
 EventTargetRef GetApplicationEventTarget() { return reinterpret_cast<EventTargetRef>(8); }
 OSStatus InstallEventHandler(EventTargetRef, EventHandlerUPP call, ItemCount, const EventTypeSpec*, void* context,
                              EventHandlerRef* made)

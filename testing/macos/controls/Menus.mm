@@ -1,4 +1,5 @@
 #include "controls/Menus.h"
+#include "foundation/Balance.h"
 
 #include "loop/MainLoop.h"
 #include "windows/Windows.h"
@@ -137,7 +138,8 @@ using substitute::raise;
 - (void)_in:(NSMenu*)menu
 {
     if (menu && _menu)
-        raise("NSInternalInconsistencyException: item to be inserted into menu already is in another menu");
+        raise("NSInternalInconsistencyException: item to be inserted into menu "
+              "already is in another menu");
     _menu = menu;
 }
 - (void)setSubmenu:(NSMenu*)v
@@ -282,13 +284,17 @@ using substitute::raise;
 }
 + (NSStatusBar*)systemStatusBar
 {
-    static NSStatusBar* const one = [[NSStatusBar alloc] init];
+    static NSStatusBar* const one = substitute::permanent([] { return [[NSStatusBar alloc] init]; });
     return one;
+}
+- (instancetype)init
+{
+    if ((self = [super init]))
+        _all = [NSMutableArray array];
+    return self;
 }
 - (NSStatusItem*)statusItemWithLength:(CGFloat)l
 {
-    if (!_all)
-        _all = [NSMutableArray array];
     NSStatusItem* made = [[NSStatusItem alloc] init];
     [_all addObject:made];
     return made;
@@ -304,3 +310,6 @@ using substitute::raise;
     return _all;
 }
 @end
+
+static const substitute::Counted counted("status items",
+                                         [] { return static_cast<long>([NSStatusBar.systemStatusBar _items].count); });

@@ -32,7 +32,9 @@ using substitute::text;
     NSArray* made = [[self alloc] init];
     for (NSUInteger i = 0; i < count; ++i) {
         if (!objects[i])
-            raise("NSInvalidArgumentException: attempt to insert nil object from objects[%lu]", i);
+            raise("NSInvalidArgumentException: attempt to insert nil object from "
+                  "objects[%lu]",
+                  i);
         made->_objects.push_back(objects[i]);
     }
     return made;
@@ -170,7 +172,9 @@ using substitute::text;
     NSDictionary* made = [[self alloc] init];
     for (NSUInteger i = 0; i < count; ++i) {
         if (!objects[i] || !keys[i])
-            raise("NSInvalidArgumentException: attempt to insert nil object from objects[%lu]", i);
+            raise("NSInvalidArgumentException: attempt to insert nil object from "
+                  "objects[%lu]",
+                  i);
         [made _put:objects[i] for:(id)keys[i]];
     }
     return made;

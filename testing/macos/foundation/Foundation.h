@@ -1,8 +1,10 @@
-// What the stand-ins share of Foundation: texts, and how a misuse is reported. Any thread.
+// What the stand-ins share of Foundation: texts, and how a misuse is reported.
+// Any thread.
 #pragma once
 
 #import <Foundation/Foundation.h>
 
+#include <cstdarg>
 #include <map>
 #include <string>
 
@@ -23,6 +25,10 @@ namespace substitute {
 std::map<void*, NSActivityOptions>& activities(); // those begun and not ended
 
 NSString* text(const std::string& utf8);
+
+// As +[NSString stringWithFormat:]; a conversion that is not implemented ends
+// the program.
+std::string formatted(NSString* format, std::va_list arguments);
 
 // Ends the program, as an exception that is not caught does.
 [[noreturn]] void raise(const char* format, ...) __attribute__((format(printf, 1, 2)));

@@ -1,14 +1,22 @@
 // Notification centres.
+#include "foundation/Balance.h"
 #include "foundation/Foundation.h"
 #include "runtime/ObjectiveCAbi.h"
 
 using substitute::raise;
 using substitute::text;
 
+namespace {
+
+long g_observers = 0; // main thread
+const substitute::Counted counted("notification observers", [] { return g_observers; });
+
+} // namespace
+
 @implementation NSOperationQueue
 + (NSOperationQueue*)mainQueue
 {
-    static NSOperationQueue* const one = [[NSOperationQueue alloc] init];
+    static NSOperationQueue* const one = substitute::permanent([] { return [[NSOperationQueue alloc] init]; });
     return one;
 }
 @end
@@ -54,7 +62,7 @@ using substitute::text;
 }
 + (NSNotificationCenter*)defaultCenter
 {
-    static NSNotificationCenter* const one = [[NSNotificationCenter alloc] init];
+    static NSNotificationCenter* const one = substitute::permanent([] { return [[NSNotificationCenter alloc] init]; });
     return one;
 }
 - (instancetype)init
@@ -74,15 +82,19 @@ using substitute::text;
     made->queue = queue;
     made->block = block;
     [_observers addObject:made];
+    ++g_observers;
     return made;
 }
 - (void)removeObserver:(id)observer
 {
+    // removeObserver: tolerates it; strict: it is unbalanced.
     if (![_observers containsObject:observer])
-        raise("an observer is removed that is not there (tolerated on a Mac, but unbalanced)");
+        raise("-[NSNotificationCenter removeObserver:]: the observer is not "
+              "registered");
     RTObserver* removed = observer;
-    removed->block = nil; // the system lets go of it at once
+    removed->block = nil; // strict: at once, even while it runs
     [_observers removeObjectIdenticalTo:observer];
+    --g_observers;
 }
 - (void)postNotificationName:(NSNotificationName)name object:(id)object userInfo:(NSDictionary*)info
 {

@@ -1,4 +1,6 @@
-// The process: its environment, bundle, user defaults, log, and the processes that it starts.
+// The process: its environment, bundle, user defaults, log, and the processes
+// that it starts.
+#include "foundation/Balance.h"
 #include "foundation/Foundation.h"
 #include "runtime/ObjectiveCAbi.h"
 
@@ -31,7 +33,7 @@ std::map<void*, NSActivityOptions>& substitute::activities()
 @implementation NSProcessInfo
 + (NSProcessInfo*)processInfo
 {
-    static NSProcessInfo* const one = [[NSProcessInfo alloc] init];
+    static NSProcessInfo* const one = substitute::permanent([] { return [[NSProcessInfo alloc] init]; });
     return one;
 }
 - (NSTimeInterval)systemUptime
@@ -72,7 +74,7 @@ std::map<void*, NSActivityOptions>& substitute::activities()
 }
 + (NSUserDefaults*)standardUserDefaults
 {
-    static NSUserDefaults* const one = [[NSUserDefaults alloc] init];
+    static NSUserDefaults* const one = substitute::permanent([] { return [[NSUserDefaults alloc] init]; });
     return one;
 }
 - (id)objectForKey:(NSString*)key
@@ -116,14 +118,14 @@ std::map<void*, NSActivityOptions>& substitute::activities()
 }
 + (NSBundle*)mainBundle
 {
-    static NSBundle* const one = [] {
+    static NSBundle* const one = substitute::permanent([] {
         NSBundle* made = [[NSBundle alloc] init];
         char path[4096];
         const auto n = readlink("/proc/self/exe", path, sizeof path);
         std::string p(path, static_cast<std::size_t>(n > 0 ? n : 0));
         made->_path = p.substr(0, p.rfind('/'));
         return made;
-    }();
+    });
     return one;
 }
 + (instancetype)bundleWithPath:(NSString*)path
@@ -223,7 +225,7 @@ std::map<void*, NSActivityOptions>& substitute::activities()
 @implementation NSFileManager
 + (NSFileManager*)defaultManager
 {
-    static NSFileManager* const one = [[NSFileManager alloc] init];
+    static NSFileManager* const one = substitute::permanent([] { return [[NSFileManager alloc] init]; });
     return one;
 }
 - (NSString*)displayNameAtPath:(NSString*)path
@@ -241,22 +243,9 @@ extern "C" void NSLog(NSString* format, ...)
 {
     std::va_list arguments;
     va_start(arguments, format);
-    std::string f = [format _utf8], out;
-    for (std::size_t i = 0; i < f.size(); ++i) {
-        if (f[i] != '%') {
-            out += f[i];
-            continue;
-        }
-        if (f[++i] == '@') {
-            id one = va_arg(arguments, id);
-            out += one ? [[one description] _utf8] : "(null)";
-        } else if (f[i] == '%')
-            out += '%';
-        else
-            raise("NSLog: %%%c is not there", f[i]);
-    }
+    const std::string line = substitute::formatted(format, arguments);
     va_end(arguments);
-    std::fprintf(stderr, "program[%d] %s\n", getpid(), out.c_str());
+    std::fprintf(stderr, "program[%d] %s\n", getpid(), line.c_str());
 }
 extern "C" Class NSClassFromString(NSString* name)
 {

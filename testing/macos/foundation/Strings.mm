@@ -4,6 +4,7 @@
 
 #include <cstdarg>
 #include <cstdio>
+#include <cstring>
 #include <map>
 #include <string>
 
@@ -100,6 +101,67 @@ static bool isUTF8(const std::string& s)
     return true;
 }
 
+namespace {
+
+// One conversion, without %@, as C has it.
+std::string converted(const std::string& conversion, std::va_list& arguments)
+{
+    const auto print = [&](auto value) {
+        char words[400];
+        std::snprintf(words, sizeof words, conversion.c_str(), value);
+        return std::string(words);
+    };
+    switch (conversion.back()) {
+    case 'd':
+    case 'u':
+    case 'x':
+        return conversion.find('l') == std::string::npos ? print(va_arg(arguments, int))
+                                                         : print(va_arg(arguments, long));
+    case 'f':
+    case 'g':
+        return print(va_arg(arguments, double));
+    case 's':
+        return va_arg(arguments, const char*);
+    default:
+        raise("the format \"%s\" is not implemented", conversion.c_str());
+    }
+}
+
+} // namespace
+
+namespace substitute {
+
+std::string formatted(NSString* format, std::va_list arguments)
+{
+    std::va_list rest;
+    va_copy(rest, arguments);
+    const std::string all = [format _utf8];
+    std::string made;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (all[i] != '%') {
+            made += all[i];
+            continue;
+        }
+        const std::size_t start = i++;
+        while (i < all.size() && std::strchr("0123456789.-+# l", all[i]))
+            ++i;
+        if (i == all.size())
+            raise("the format \"%s\" ends inside a conversion", all.c_str());
+        if (all[i] == '%') {
+            made += '%';
+        } else if (all[i] == '@') {
+            id one = va_arg(rest, id);
+            made += one ? [[one description] _utf8] : "(null)";
+        } else {
+            made += converted(all.substr(start, i - start + 1), rest);
+        }
+    }
+    va_end(rest);
+    return made;
+}
+
+} // namespace substitute
+
 @implementation NSString
 + (instancetype)string
 {
@@ -117,22 +179,9 @@ static bool isUTF8(const std::string& s)
 {
     std::va_list arguments;
     va_start(arguments, format);
-    std::string rest = [format _utf8];
-    std::string words;
-    // Objects, or C's conversions, but not both: more is not needed.
-    for (auto at = rest.find("%@"); at != std::string::npos; at = rest.find("%@")) {
-        words += rest.substr(0, at) + [[va_arg(arguments, id) description] _utf8];
-        rest.erase(0, at + 2);
-        if (rest.find('%') != std::string::npos && rest.find("%@") == std::string::npos)
-            raise("stringWithFormat: with objects and other values");
-    }
-    if (words.empty()) {
-        char converted[4000];
-        std::vsnprintf(converted, sizeof converted, rest.c_str(), arguments);
-        rest = converted;
-    }
+    const std::string made = substitute::formatted(format, arguments);
     va_end(arguments);
-    return text(words + rest);
+    return text(made);
 }
 - (id)copyWithZone:(NSZone*)zone
 {
@@ -245,4 +294,5 @@ static const RawConstant* raw(NSString* one) { return (__bridge const RawConstan
     return ((*kept)[r->bytes] = [self _utf8]).c_str();
 }
 @end
-asm(".globl __CFConstantStringClassReference\n.set __CFConstantStringClassReference, OBJC_CLASS_$_RTConstantString");
+asm(".globl __CFConstantStringClassReference\n.set "
+    "__CFConstantStringClassReference, OBJC_CLASS_$_RTConstantString");

@@ -1,5 +1,7 @@
 // Numbers, data, dates, addresses, errors and identifiers.
+#include "foundation/Balance.h"
 #include "foundation/Foundation.h"
+#include "loop/Clock.h"
 #include "runtime/ObjectiveCAbi.h"
 
 #include <cstdlib>
@@ -33,8 +35,8 @@ static RTNumber* number(char kind, double real, long long whole)
 @implementation NSNumber
 + (NSNumber*)numberWithBool:(BOOL)v
 {
-    static RTNumber* const yes = number('b', 1, 1);
-    static RTNumber* const no = number('b', 0, 0);
+    static RTNumber* const yes = substitute::permanent([] { return number('b', 1, 1); });
+    static RTNumber* const no = substitute::permanent([] { return number('b', 0, 0); });
     return v ? yes : no;
 }
 + (NSNumber*)numberWithChar:(char)v
@@ -153,12 +155,7 @@ static NSDate* date(double since1970)
     made->_since1970 = since1970;
     return made;
 }
-static double wall()
-{
-    timespec t;
-    clock_gettime(CLOCK_REALTIME, &t);
-    return static_cast<double>(t.tv_sec) + 1e-9 * static_cast<double>(t.tv_nsec);
-}
+static double wall() { return substitute::clock().secondsSince1970(); }
 + (instancetype)date
 {
     return date(wall());
@@ -196,7 +193,8 @@ static double wall()
 + (NSURL*)URLWithString:(NSString*)string
 {
     if (!string)
-        raise("NSInvalidArgumentException: -[NSURL initWithString:relativeToURL:]: nil string parameter");
+        raise("NSInvalidArgumentException: -[NSURL initWithString:relativeToURL:]: "
+              "nil string parameter");
     NSURL* made = [[NSURL alloc] init];
     made->_text = [string _utf8];
     if (made->_text.find(' ') != std::string::npos)
@@ -210,7 +208,8 @@ static double wall()
 + (NSURL*)fileURLWithPath:(NSString*)path isDirectory:(BOOL)folder
 {
     if (!path)
-        raise("NSInvalidArgumentException: -[NSURL initFileURLWithPath:]: nil string parameter");
+        raise("NSInvalidArgumentException: -[NSURL initFileURLWithPath:]: nil "
+              "string parameter");
     NSURL* made = [[NSURL alloc] init];
     made->_text = [path _utf8];
     made->_file = true;

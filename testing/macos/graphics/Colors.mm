@@ -1,4 +1,5 @@
 // Colours and colour spaces.
+#include "foundation/Balance.h"
 #include "graphics/Graphics.h"
 
 #import <AppKit/AppKit.h>
@@ -10,7 +11,7 @@
 @implementation NSColorSpace
 + (NSColorSpace*)sRGBColorSpace
 {
-    static NSColorSpace* const one = [[NSColorSpace alloc] init];
+    static NSColorSpace* const one = substitute::permanent([] { return [[NSColorSpace alloc] init]; });
     return one;
 }
 @end

@@ -67,7 +67,8 @@ void CGPathAddRect(CGMutablePathRef path, const CGAffineTransform*, CGRect r)
 void CGPathAddRoundedRect(CGMutablePathRef path, const CGAffineTransform*, CGRect r, CGFloat w, CGFloat h)
 {
     if (w < 0 || h < 0 || 2 * w > r.size.width || 2 * h > r.size.height)
-        raise("CGPathAddRoundedRect: Assertion failed: corner_width >= 0 && 2 * corner_width <= CGRectGetWidth(rect)");
+        raise("CGPathAddRoundedRect: Assertion failed: corner_width >= 0 && 2 * "
+              "corner_width <= CGRectGetWidth(rect)");
     ((__bridge RTPath*)(void*)path)->parts.push_back({1, r, w, h});
 }
 void CGContextSaveGState(CGContextRef c)

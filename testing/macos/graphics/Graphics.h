@@ -1,5 +1,5 @@
-// What the stand-ins of Core Graphics share: colours, paths, and contexts that draw on a canvas of the project.
-// Main thread.
+// What the stand-ins of Core Graphics share: colours, paths, and contexts that
+// draw on a canvas of the project. Main thread.
 #pragma once
 
 #include "drawing/Canvas.h"
@@ -28,7 +28,8 @@
 
 namespace substitute {
 
-// A context that draws on the canvas, which outlives it. The caller releases it.
+// A context that draws on the canvas, which outlives it. The caller releases
+// it.
 CGContextRef makeContext(haloric::Canvas& canvas);
 
 } // namespace substitute

@@ -1,4 +1,5 @@
-// Blocks: copies on the heap, captured objects and __block variables, as the published block ABI of clang has them.
+// Blocks: copies on the heap, captured objects and __block variables, as the
+// published block ABI of clang has them.
 #include "runtime/RuntimeState.h"
 
 #include <cstdlib>
@@ -38,7 +39,7 @@ void* _Block_copy(const void* given)
     std::memcpy(static_cast<void*>(copy), block, block->descriptor->size);
     copy->flags = (copy->flags & ~kCountMask) | kNeedsFree | 2;
     copy->isa = &rt_malloc_block_class;
-    ++g_live;
+    ++dataOf(&rt_malloc_block_class).live;
     if (copy->flags & kHasCopy)
         copy->descriptor->copy(copy, block);
     return copy;
@@ -55,7 +56,7 @@ void _Block_release(const void* given)
     RT_TSAN_ACQUIRE(block);
     if (block->flags & kHasCopy)
         block->descriptor->dispose(block);
-    --g_live;
+    --dataOf(&rt_malloc_block_class).live;
     std::free(block);
 }
 

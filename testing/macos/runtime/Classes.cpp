@@ -10,6 +10,7 @@
 #include <unordered_set>
 
 #include <sched.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #if defined(__has_feature)
@@ -35,6 +36,14 @@ namespace {
 
 int g_standardError = STDERR_FILENO;
 
+bool isStandardErrorOfStart()
+{
+    struct stat now {};
+    struct stat start {};
+    return fstat(STDERR_FILENO, &now) == 0 && fstat(g_standardError, &start) == 0 && now.st_dev == start.st_dev &&
+           now.st_ino == start.st_ino;
+}
+
 std::unordered_set<std::string>& selectors()
 {
     static auto* one = new std::unordered_set<std::string>;
@@ -59,7 +68,8 @@ void addMethods(objc_class_t* cls, const method_list_t* list)
     }
 }
 
-// The superclass may have grown since the class was compiled: moves the class's own variables behind it.
+// The superclass may have grown since the class was compiled: moves the class's
+// own variables behind it.
 std::size_t slideVariables(objc_class_t* cls, std::size_t start)
 {
     if (cls->ro->instanceStart >= start)
@@ -165,7 +175,9 @@ void construct(objc_class_t* cls, rt_id object)
 
 } // namespace
 
-std::atomic<long> g_live{0};
+thread_local int t_uncounted = 0;
+
+bool countsObjects() { return t_uncounted == 0; }
 
 HiddenLock& lock()
 {
@@ -202,13 +214,16 @@ extern "C" {
 
 void rt_fatal(const char* format, ...)
 {
-    dup2(g_standardError, STDERR_FILENO); // a test may have redirected it
+    char words[2000];
     std::va_list arguments;
     va_start(arguments, format);
-    std::fprintf(stderr, "substitute of macOS: ");
-    std::vfprintf(stderr, format, arguments);
-    std::fprintf(stderr, "\n");
+    std::vsnprintf(words, sizeof words, format, arguments);
     va_end(arguments);
+    std::fprintf(stderr, "substitute of macOS: %s\n", words);
+    if (!isStandardErrorOfStart()) { // a test has redirected it, to look at the log
+        dup2(g_standardError, STDERR_FILENO);
+        std::fprintf(stderr, "substitute of macOS: %s\n", words);
+    }
     RT_TRACE();
     std::abort();
 }
@@ -255,7 +270,6 @@ const char* class_getName(objc_class_t* cls) { return cls ? cls->ro->name : "nil
 objc_class_t* object_getClass(rt_id object) { return object ? object->isa : nullptr; }
 objc_class_t* class_getSuperclass(objc_class_t* cls) { return cls ? cls->superclass : nullptr; }
 bool rt_is_meta(objc_class_t* cls) { return dataOf(cls).meta; }
-long rt_live_objects() { return g_live; }
 
 objc_class_t* rt_class_named(const char* name)
 {
@@ -264,15 +278,25 @@ objc_class_t* rt_class_named(const char* name)
     return found == classes().end() ? nullptr : found->second;
 }
 
+void rt_count_objects(bool counted) { t_uncounted += counted ? -1 : 1; }
+
+void rt_each_live_class(void (*call)(const char* name, long live, void* context), void* context)
+{
+    const std::lock_guard<HiddenLock> guard(lock());
+    for (const auto& [name, cls] : classes())
+        if (const long live = dataOf(cls).live)
+            call(name.c_str(), live, context);
+}
+
 rt_id class_createInstance(objc_class_t* cls, std::size_t extra)
 {
     if (dataOf(cls).meta)
         rt_fatal("alloc of a metaclass");
     void* memory = std::calloc(1, sizeof(Header) + dataOf(cls).size + extra);
-    auto* header = new (memory) Header{{1}, kMagic, {0}};
+    auto* header = new (memory) Header{{1}, kMagic, {0}, countsObjects()};
     auto* object = reinterpret_cast<rt_id>(header + 1);
     object->isa = cls;
-    ++g_live;
+    dataOf(cls).live += header->counted;
     construct(cls, object);
     return object;
 }
@@ -284,7 +308,7 @@ void object_dispose(rt_id object)
             reinterpret_cast<void (*)(rt_id, rt_SEL)>(imp)(object, ".cxx_destruct");
     if (headerOf(object).weak)
         clearWeakReferences(object);
-    --g_live;
+    dataOf(object->isa).live -= headerOf(object).counted;
     headerOf(object).magic = 0xdeadbeef;
     std::free(&headerOf(object));
 }

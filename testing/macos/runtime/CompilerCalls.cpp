@@ -1,4 +1,5 @@
-// What the compiler calls in place of common messages, for properties, enumeration and exceptions.
+// What the compiler calls in place of common messages, for properties,
+// enumeration and exceptions.
 #include "runtime/RuntimeState.h"
 
 #include <cstring>

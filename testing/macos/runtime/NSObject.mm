@@ -1,4 +1,5 @@
-// The root class, blocks' classes and constant texts. Without automatic reference counting.
+// The root class, blocks' classes and constant texts. Without automatic
+// reference counting.
 #include "foundation/Foundation.h"
 #include "runtime/ObjectiveCAbi.h"
 

@@ -1,5 +1,6 @@
-// The metadata that clang emits for Apple's non-fragile Objective-C ABI (-fobjc-runtime=macosx), and the entry points
-// of the runtime that the stand-ins use. Any thread.
+// The metadata that clang emits for Apple's non-fragile Objective-C ABI
+// (-fobjc-runtime=macosx), and the entry points of the runtime that the
+// stand-ins use. Any thread.
 #pragma once
 
 #include <cstddef>
@@ -82,10 +83,17 @@ objc_class_t* rt_class_named(const char* name); // null if there is none
 bool rt_is_meta(objc_class_t* cls);
 std::size_t rt_retain_count(rt_id object);
 
-// Instances and copied blocks that were made and not yet disposed of.
-long rt_live_objects();
+// Each class with its instances that were made and not yet disposed of; blocks
+// that were copied onto the heap are instances of their class. The classes are
+// not ordered.
+void rt_each_live_class(void (*call)(const char* name, long live, void* context), void* context);
 
-// Writes the text and a stack trace to the standard error that the process started with, and aborts.
+// Whether objects that are made on this thread from now on are counted. Calls
+// may be nested.
+void rt_count_objects(bool counted);
+
+// Writes the text and a stack trace to the standard error that the process
+// started with, and aborts.
 [[noreturn]] void rt_fatal(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
 } // extern "C"

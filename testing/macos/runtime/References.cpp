@@ -1,5 +1,6 @@
-// Reference counts and autorelease pools. Strict: an object that is autoreleased without a pool, released too often or
-// asked after its death is an error.
+// Reference counts and autorelease pools. Strict: an object that is
+// autoreleased without a pool, released too often or asked after its death is
+// an error.
 #include "runtime/RuntimeState.h"
 
 #include <utility>
@@ -127,7 +128,8 @@ void objc_autoreleasePoolPop(void* token)
     }
 }
 
-// A result that its caller takes over at once never sees a pool, as on the real system.
+// A result that its caller takes over at once never sees a pool, as on the real
+// system.
 rt_id objc_autoreleaseReturnValue(rt_id object)
 {
     if (!isCounted(object))

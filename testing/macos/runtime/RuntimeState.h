@@ -1,5 +1,5 @@
-// What the sources of the Objective-C runtime share: the data of a class, the header of an instance, and the lock of
-// both. Any thread.
+// What the sources of the Objective-C runtime share: the data of a class, the
+// header of an instance, and the lock of both. Any thread.
 #pragma once
 
 #include "runtime/ObjectiveCAbi.h"
@@ -9,7 +9,8 @@
 
 #include <pthread.h>
 
-#ifdef HALORIC_THREAD_SANITIZER // counting references orders what is done before the last release
+#ifdef HALORIC_THREAD_SANITIZER // counting references orders what is done
+                                // before the last release
 extern "C" void __tsan_acquire(void*);
 extern "C" void __tsan_release(void*);
 #define RT_TSAN_ACQUIRE(x) __tsan_acquire(x)
@@ -29,6 +30,7 @@ struct ClassData {
     std::size_t size = 0;
     Kind kind = Kind::normal;
     bool meta = false;
+    std::atomic<long> live{0};
     rt_IMP construct = nullptr;
     rt_IMP destruct = nullptr;
 };
@@ -37,7 +39,8 @@ struct ClassData {
 struct Header {
     std::atomic<std::int64_t> references;
     std::uint32_t magic;
-    std::atomic<std::uint32_t> weak; // whether weak references to it were made
+    std::atomic<std::uint16_t> weak; // whether weak references to it were made
+    std::uint16_t counted;           // whether it is one of the live ones
 };
 static_assert(sizeof(Header) == 16);
 
@@ -47,8 +50,8 @@ inline Header& headerOf(rt_id object) { return reinterpret_cast<Header*>(object)
 inline ClassData& dataOf(objc_class_t* cls) { return *static_cast<ClassData*>(cls->cache); }
 inline Kind kindOf(rt_id object) { return dataOf(object->isa).kind; }
 
-// Recursive. The runtime's sources are compiled without ThreadSanitizer: a lock that it saw would order the program's
-// threads at each message.
+// Recursive. The runtime's sources are compiled without ThreadSanitizer: a lock
+// that it saw would order the program's threads at each message.
 class HiddenLock {
 public:
     void lock();
@@ -61,7 +64,7 @@ private:
 };
 HiddenLock& lock();
 
-extern std::atomic<long> g_live;
+bool countsObjects(); // on this thread
 
 // Sets the weak references to the object to nil. `lock()` is not held.
 void clearWeakReferences(rt_id object);

@@ -1,5 +1,7 @@
 // Accessibility: elements, values and observers of the world.
+#include "foundation/Balance.h"
 #include "loop/MainLoop.h"
+#include "loop/Sources.h"
 #include "world/World.h"
 
 #import <ApplicationServices/ApplicationServices.h>
@@ -50,6 +52,8 @@ static std::set<RTAXObserver * __unsafe_unretained>& observers()
     static auto* all = new std::set<RTAXObserver * __unsafe_unretained>;
     return *all;
 }
+static const substitute::Counted counted("Accessibility observers",
+                                         [] { return static_cast<long>(observers().size()); });
 @implementation RTAXObserver
 - (void)deliver
 {

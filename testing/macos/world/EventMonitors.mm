@@ -1,4 +1,5 @@
 // Event monitors.
+#include "foundation/Balance.h"
 #include "loop/MainLoop.h"
 #include "world/World.h"
 
@@ -20,9 +21,10 @@ using Lock = std::lock_guard<std::recursive_mutex>;
 @end
 static NSMutableArray<RTMonitor*>* monitors()
 {
-    static NSMutableArray* const all = [NSMutableArray array];
+    static NSMutableArray* const all = substitute::permanent([] { return [NSMutableArray array]; });
     return all;
 }
+static const substitute::Counted counted("event monitors", [] { return static_cast<long>(monitors().count); });
 @implementation NSEvent {
 @public
     NSEventType _type;

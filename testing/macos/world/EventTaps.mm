@@ -1,5 +1,7 @@
 // Event taps.
+#include "foundation/Balance.h"
 #include "loop/MainLoop.h"
+#include "loop/Sources.h"
 #include "world/World.h"
 
 #import <ApplicationServices/ApplicationServices.h>
@@ -29,9 +31,10 @@ using Lock = std::lock_guard<std::recursive_mutex>;
 @end
 static NSMutableArray<RTPort*>* taps()
 {
-    static NSMutableArray* const all = [NSMutableArray array];
+    static NSMutableArray* const all = substitute::permanent([] { return [NSMutableArray array]; });
     return all;
 }
+static const substitute::Counted counted("event taps", [] { return static_cast<long>(taps().count); });
 @implementation RTPort
 @end
 extern "C" {

@@ -1,4 +1,6 @@
-// The functions of the window server's library, which the program looks up at run time.
+// The functions of the window server's library, which the program looks up at
+// run time.
+#include "foundation/Balance.h"
 #include "loop/MainLoop.h"
 #include "world/World.h"
 
@@ -21,6 +23,8 @@ struct Proc {
 };
 std::vector<Proc> g_procs;
 std::set<unsigned> g_watched;
+const substitute::Counted counted("notification procedures of the window server",
+                                  [] { return static_cast<long>(g_procs.size()); });
 }
 @interface RTTransaction : NSObject {
 @public

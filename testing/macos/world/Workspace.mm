@@ -1,4 +1,5 @@
 // The workspace, its applications, and the screens.
+#include "foundation/Balance.h"
 #include "world/World.h"
 
 #import <AppKit/AppKit.h>
@@ -93,13 +94,13 @@ bool activate(int pid)
 }
 + (NSWorkspace*)sharedWorkspace
 {
-    static NSWorkspace* const one = [[NSWorkspace alloc] init];
+    static NSWorkspace* const one = substitute::permanent([] { return [[NSWorkspace alloc] init]; });
     return one;
 }
 - (NSNotificationCenter*)notificationCenter
 {
     if (!_center)
-        _center = [[NSNotificationCenter alloc] init];
+        _center = substitute::permanent([] { return [[NSNotificationCenter alloc] init]; });
     return _center;
 }
 - (NSArray*)runningApplications

@@ -1,5 +1,5 @@
-// The desktop outside the program: applications, windows, pointer, screens. Tests change it; the stand-ins report it.
-// Global space.
+// The desktop outside the program: applications, windows, pointer, screens.
+// Tests change it; the stand-ins report it. Global space.
 #pragma once
 
 #include "foundation/Foundation.h"

@@ -100,7 +100,8 @@ public:
     void close(const ContractWindow& w) override
     {
         World::the().close(static_cast<unsigned>(w.number));
-        m_runLoop.postAfter(Seconds(0.01), [pid = static_cast<int>(w.pid)] { World::the().quit(pid); });
+        // An application of one window ends with it, a little later.
+        substitute::onMain([pid = static_cast<int>(w.pid)] { World::the().quit(pid); });
     }
     void pressButton() override { World::the().button(NSEventTypeLeftMouseDown, true); }
     void releaseButton() override { World::the().button(NSEventTypeLeftMouseUp, false); }

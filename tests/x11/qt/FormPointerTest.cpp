@@ -116,6 +116,8 @@ TEST_F(FormPointer, the_form_is_read_again_when_its_window_gets_the_focus)
     ASSERT_TRUE(harness.reports("appeared"));
     const auto other = session.makeClient();
     ASSERT_TRUE(other->showFocused());
+    // Qt takes the loss of the focus in only after a while.
+    ASSERT_TRUE(session.observer().waitUntil([this] { return harness.focused().empty(); }));
     EXPECT_FALSE(harness.hasReported("appeared"));
     harness.send("show");
     EXPECT_TRUE(harness.reports("appeared"));

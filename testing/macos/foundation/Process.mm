@@ -88,13 +88,19 @@ std::map<void*, NSActivityOptions>& substitute::activities()
     id value = [self objectForKey:key];
     return [value isKindOfClass:NSData.class] ? value : nil;
 }
+// setObject:forKey: the value stays stored when the program has let go of it, so a copy is kept, which is no object of
+// the program.
 - (void)setObject:(id)value forKey:(NSString*)key
 {
     if (!key)
         raise("NSInvalidArgumentException: nil key");
+    id kept = value;
+    if ([value isKindOfClass:NSData.class])
+        kept = substitute::permanent(
+            [data = (NSData*)value] { return [NSData dataWithBytes:data.bytes length:data.length]; });
     const std::lock_guard guard(_lock);
-    if (value)
-        _values[[key _utf8]] = value;
+    if (kept)
+        _values[[key _utf8]] = kept;
     else
         _values.erase([key _utf8]);
 }

@@ -41,12 +41,14 @@ public:
 
     virtual ~Hotkeys() = default;
 
-    // Calls `handler` for events of that type that reach the application. `none` if it could not be installed.
+    // Calls `handler` for events of that type that reach the application, the newest handler first, until one has
+    // consumed the event. A handler may remove handlers and hotkeys, itself among them. `none` if it could not be
+    // installed.
     virtual EventHandlerRef installEventHandler(HotkeyEventType type, std::function<std::int32_t()> handler) = 0;
     virtual void removeEventHandler(EventHandlerRef handler) = 0;
 
     // Presses of the combination now reach this application, whichever application has the focus. `none` if it could
-    // not be registered, for instance because another program has registered it.
+    // not be registered, for instance because this program or another one has registered it.
     virtual HotkeyRef registerHotkey(const Hotkey& hotkey, std::uint32_t options) = 0;
     virtual void unregisterHotkey(HotkeyRef hotkey) = 0;
 };

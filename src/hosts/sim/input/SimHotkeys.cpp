@@ -29,15 +29,20 @@ SimHotkeys::SimHotkeys(SimDesktop& desktop)
 {
 }
 
-EventHandlerRef SimHotkeys::installEventHandler(HotkeyEventType, std::function<std::int32_t()> handler)
+EventHandlerRef SimHotkeys::installEventHandler(HotkeyEventType type, std::function<std::int32_t()> handler)
 {
     const EventHandlerRef reference{++m_last};
-    m_handlers[reference] = std::move(handler);
+    m_handlers[reference] = {type, std::move(handler)};
     return reference;
 }
 
 HotkeyRef SimHotkeys::registerHotkey(const Hotkey& hotkey, std::uint32_t)
 {
+    const auto isSame = [&hotkey](const auto& entry) {
+        return entry.second.keyCode == hotkey.keyCode && entry.second.modifiers == hotkey.modifiers;
+    };
+    if (std::ranges::any_of(m_hotkeys, isSame))
+        return HotkeyRef::none;
     const HotkeyRef reference{++m_last};
     m_hotkeys[reference] = hotkey;
     m_desktop.journal.note(SimJournal::Kind::shell, "hotkey " + std::to_string(hotkey.number) + " registered");
@@ -59,12 +64,18 @@ void SimHotkeys::keyPressed(const TapEvent& event)
         return static_cast<std::int64_t>(entry.second.keyCode) == event.keyCode &&
                entry.second.modifiers == hotkeyModifiers(event.flags);
     };
-    if (event.type != EventType::keyDown || std::ranges::none_of(m_hotkeys, isPressed))
-        return;
-    const auto handlers = m_handlers; // a copy: a handler may remove itself
-    for (const auto& [reference, handler] : handlers)
-        if (handler() == kNoError)
+    if (event.type == EventType::keyDown && std::ranges::any_of(m_hotkeys, isPressed))
+        deliver(kPressed);
+}
+
+void SimHotkeys::deliver(HotkeyEventType type)
+{
+    const auto handlers = m_handlers; // a handler may install and remove others
+    for (auto handler = handlers.rbegin(); handler != handlers.rend(); ++handler) {
+        const auto& [reference, installed] = *handler;
+        if (m_handlers.contains(reference) && installed.type == type && installed.call() == kNoError)
             return; // consumed
+    }
 }
 
 } // namespace haloric

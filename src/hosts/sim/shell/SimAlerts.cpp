@@ -5,6 +5,7 @@ namespace haloric {
 std::int64_t SimAlerts::runModal(const AlertModel& alert)
 {
     m_lastAlert = alert;
+    modal.run();
     std::size_t button = alert.buttons.empty() ? 0 : alert.buttons.size() - 1;
     if (!m_answers.empty()) {
         button = m_answers.front();
@@ -17,6 +18,11 @@ std::int64_t SimAlerts::runModal(const AlertModel& alert)
 
 void SimAlerts::runModalError(const PlatformError& error)
 {
+    m_lastAlert = AlertModel{.messageText = error.localizedDescription,
+                             .informativeText = error.localizedRecoverySuggestion,
+                             .style = AlertStyle::critical,
+                             .buttons = {"OK"}};
+    modal.run();
     m_desktop.journal.note(SimJournal::Kind::alert, error.localizedDescription);
 }
 

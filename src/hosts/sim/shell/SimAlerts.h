@@ -1,7 +1,8 @@
-// Alerts of the simulated desktop, answered by script.
+// Alerts of the simulated desktop, answered by script, or by a user over time.
 #pragma once
 
 #include "hosts/sim/desktop/SimDesktop.h"
+#include "hosts/sim/shell/SimModal.h"
 #include "platform/Alerts.h"
 
 #include <deque>
@@ -10,7 +11,11 @@
 namespace haloric {
 
 class SimAlerts final : public Alerts {
+    SimDesktop& m_desktop; // before `modal`, which uses it
+
 public:
+    SimModal modal{m_desktop.runLoop};
+
     explicit SimAlerts(SimDesktop& desktop) : m_desktop(desktop) {}
 
     // The button that the next alert is answered with, by index; without one, the last button.
@@ -22,7 +27,6 @@ public:
     const std::optional<AlertModel>& lastAlert() const { return m_lastAlert; }
 
 private:
-    SimDesktop& m_desktop;
     std::deque<std::size_t> m_answers;
     std::optional<AlertModel> m_lastAlert;
 };

@@ -22,7 +22,11 @@ public:
 
     bool hasButton() const override { return true; }
     void setImage(const Image&) override {}
-    void setToolTip(const std::string& text) override { note("tooltip \"" + text + "\""); }
+    void setToolTip(const std::string& text) override
+    {
+        m_toolTip = text;
+        note("tooltip \"" + text + "\"");
+    }
 
     void setMenu(const MenuModel& menu, MenuDelegate& delegate) override
     {
@@ -31,6 +35,8 @@ public:
     }
 
     void menuItemsChanged() override {}
+
+    const std::string& toolTip() const { return m_toolTip; }
 
     const MenuModel* open() const
     {
@@ -43,11 +49,14 @@ private:
     void note(const std::string& text) const { m_owner.m_desktop.journal.note(SimJournal::Kind::menuBar, text); }
 
     SimStatusItems& m_owner;
+    std::string m_toolTip;
     const MenuModel* m_menu = nullptr;
     MenuDelegate* m_delegate = nullptr;
 };
 
 std::unique_ptr<StatusItem> SimStatusItems::make(double) { return std::make_unique<Item>(*this); }
+
+std::string SimStatusItems::toolTip() const { return m_item ? m_item->toolTip() : std::string(); }
 
 const MenuModel* SimStatusItems::openMenu() const { return m_item ? m_item->open() : nullptr; }
 

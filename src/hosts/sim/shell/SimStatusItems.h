@@ -4,6 +4,7 @@
 #include "hosts/sim/desktop/SimDesktop.h"
 #include "platform/StatusItems.h"
 
+#include <string>
 #include <string_view>
 
 namespace haloric {
@@ -13,6 +14,11 @@ public:
     explicit SimStatusItems(SimDesktop& desktop) : m_desktop(desktop) {}
 
     std::unique_ptr<StatusItem> make(double length) override;
+
+    bool hasItem() const { return m_item != nullptr; }
+
+    // The tooltip of the only item; empty without one.
+    std::string toolTip() const;
 
     // The menu of the only item, updated as by opening it; null without an item.
     const MenuModel* openMenu() const;

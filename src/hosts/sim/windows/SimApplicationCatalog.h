@@ -15,7 +15,7 @@ public:
     std::optional<std::string> bundleIdentifier(const std::string& applicationPath) const override;
     std::string displayName(const std::string& path) const override;
     int compareLocalizedCaseInsensitive(const std::string& a, const std::string& b) const override; // ASCII letters
-    bool hasSymbol(std::string_view) const override { return true; }
+    bool hasSymbol(std::string_view name) const override { return name == "app" || name == "minus.circle"; }
 
 private:
     const SimDesktop& m_desktop;

@@ -9,7 +9,7 @@ TEST(SimHotkeys, a_combination_reaches_its_handler_while_it_is_registered)
     SimDesktopFixture fixture;
     SimHotkeys hotkeys(fixture.desktop);
     int presses = 0;
-    hotkeys.installEventHandler({}, [&presses] {
+    hotkeys.installEventHandler(Hotkeys::kPressed, [&presses] {
         ++presses;
         return Hotkeys::kNoError;
     });

@@ -132,17 +132,19 @@ TEST_P(FormContract, a_window_starts_ordered_out_and_ends_with_its_owner)
 TEST_P(FormContract, sections_appear_each_time_the_window_comes_on_screen)
 {
     showWindow();
-    EXPECT_TRUE(shell->waitUntil([&] { return appearances == 1; }));
-    window->makeKeyAndOrderFront(); // it is on screen
+    EXPECT_TRUE(shell->waitUntil([&] { return appearances > 0; }));
+    window->makeKeyAndOrderFront(); // it is on screen, and may get the focus
+    shell->turnFor(Seconds(0.1));
+    const int first = appearances;
     window->setForm(form());
     shell->turnFor(Seconds(0.05));
-    EXPECT_EQ(appearances, 1);
+    EXPECT_EQ(appearances, first);
 
     shell->forms().closeWindow();
     EXPECT_TRUE(shell->waitUntil([&] { return !window->isVisible(); }));
     EXPECT_FALSE(shell->forms().control("toggle"));
     window->makeKeyAndOrderFront();
-    EXPECT_TRUE(shell->waitUntil([&] { return appearances == 2 && shell->forms().control("toggle"); }));
+    EXPECT_TRUE(shell->waitUntil([&] { return appearances > first && shell->forms().control("toggle"); }));
     EXPECT_TRUE(window->isVisible());
 }
 

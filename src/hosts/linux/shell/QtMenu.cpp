@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QKeySequence>
+#include <QPointer>
 
 namespace haloric {
 
@@ -57,7 +58,9 @@ void QtMenu::build(QMenu& menu, const std::vector<MenuItem>& items, const Positi
         action->setIcon(QtImages::icon(item.image, menu.palette()));
         if (!item.keyEquivalent.empty())
             action->setShortcut(QKeySequence("Ctrl+" + qtText(item.keyEquivalent).toUpper()));
-        QObject::connect(action, &QAction::triggered, &m_menu, [this, position] { perform(position); });
+        // Queued, so that an action that destroys this menu runs when Qt has left it.
+        QObject::connect(
+            action, &QAction::triggered, this, [this, position] { perform(position); }, Qt::QueuedConnection);
     }
 }
 
@@ -113,9 +116,11 @@ void QtMenu::aboutToShow()
 
 void QtMenu::perform(const Position& position)
 {
+    const QPointer<QtMenu> self(this);
     if (const MenuItem* item = itemAt(m_model, position))
         performAction(*item);
-    update(); // Qt has toggled the check mark
+    if (self)
+        update(); // Qt has toggled the check mark
 }
 
 } // namespace haloric

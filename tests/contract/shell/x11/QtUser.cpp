@@ -91,15 +91,26 @@ bool QtUser::waitFor(const std::function<bool()>& call)
 bool QtUser::click(const std::string& name, double place)
 {
     std::optional<QRect> last;
-    const auto isInPlace = [&] { // a new window may still move
+    // A new window may still move, and Qt learns of it after the window manager.
+    const auto isInPlace = [&] {
         const auto now = WidgetFinder::find(name);
-        return now && now == std::exchange(last, now);
+        return now && now == std::exchange(last, now) && isFrontWindowSettled();
     };
     if (!waitUntil(isInPlace))
         return false;
     const int x = last->x() + static_cast<int>(std::lround(place * (last->width() - 1)));
     session().input().clickAt(x, last->center().y());
     return true;
+}
+
+bool QtUser::isFrontWindowSettled()
+{
+    const QWidget* popup = QApplication::activePopupWidget();
+    const QWidget* front = popup ? popup : QApplication::activeWindow();
+    if (!front)
+        return false;
+    const ScreenRect place = session().observer().rectOnRoot(static_cast<xcb_window_t>(front->winId()));
+    return front->mapToGlobal(QPoint(0, 0)) == QPoint(place.x, place.y);
 }
 
 void QtUser::press(std::uint32_t keySymbol)

@@ -63,6 +63,8 @@ public:
     static std::string plain(QString label);
 
 private:
+    bool isFrontWindowSettled();
+
     LinuxRunLoop& m_runLoop;
     Subscription m_awaited;
 };

@@ -10,7 +10,12 @@ namespace haloric {
 
 class X11ContractDialogs final : public ContractDialogs {
 public:
-    explicit X11ContractDialogs(QtUser& user) : m_user(user) {}
+    X11ContractDialogs(QtUser& user, QtForeground& foreground)
+        : m_user(user),
+          m_alerts(foreground),
+          m_panels(foreground)
+    {
+    }
 
     Alerts& alerts() override { return m_alerts; }
     Panels& panels() override { return m_panels; }

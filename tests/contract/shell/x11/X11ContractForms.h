@@ -4,13 +4,12 @@
 #include "contract/shell/ContractShell.h"
 #include "contract/shell/x11/QtUser.h"
 #include "hosts/linux/form/QtFormWindows.h"
-#include "hosts/x11/shell/X11FocusRequest.h"
 
 namespace haloric {
 
 class X11ContractForms final : public ContractForms {
 public:
-    X11ContractForms(QtUser& user, X11Connection& connection) : m_user(user), m_windows(x11FocusRequest(connection)) {}
+    X11ContractForms(QtUser& user, QtForeground& foreground) : m_user(user), m_windows(foreground) {}
 
     FormWindows& formWindows() override { return m_windows; }
     std::optional<ContractControl> control(const std::string& id) override;

@@ -4,12 +4,14 @@
 #include "testing/x11/FileContents.h"
 #include "testing/x11/Key.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
 
 #include <QApplication>
+#include <QMessageBox>
 
 namespace haloric {
 
@@ -41,20 +43,22 @@ std::optional<std::string> ContractFeed::infoString(std::string_view key) const
 }
 
 X11ContractServices::X11ContractServices(QtUser& user, X11Connection& connection, LinuxRunLoop& runLoop,
-                                         X11Desktop& desktop, ContractDialogs& dialogs)
+                                         X11Desktop& desktop, QtForeground& foreground)
     : m_user(user),
       m_desktop(desktop),
-      m_dialogs(dialogs),
       m_hotkeys(connection, desktop.keyboard, runLoop),
       m_loginItems(LinuxLoginItemService::standardFolder(m_processes), "/usr/bin/true"),
       m_userDefaults(LinuxUserDefaults::standardFolder(m_processes)),
       m_feed(runLoop),
+      m_alerts(foreground),
+      m_progress(foreground),
       m_updaterFramework({.runLoop = runLoop,
                           .source = m_feed,
                           .progress = m_progress,
-                          .alerts = dialogs.alerts(),
+                          .alerts = m_alerts,
                           .workspace = desktop.workspace,
-                          .userDefaults = m_userDefaults},
+                          .userDefaults = m_userDefaults,
+                          .runInBackground = [this](Task work) { m_background.run(std::move(work)); }},
                          m_feed)
 {
 }
@@ -86,12 +90,12 @@ bool X11ContractServices::startsAtLogin()
 
 bool X11ContractServices::confirmsUpdateResult()
 {
-    bool isConfirmed = false;
-    m_dialogs.whenOpen([&] {
-        m_dialogs.press("OK");
-        isConfirmed = true;
-    });
-    return m_user.waitUntil([&] { return isConfirmed && !QApplication::activeModalWidget(); });
+    const auto isOpen = [] {
+        return std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget* window) {
+            return window->isVisible() && qobject_cast<const QMessageBox*>(window);
+        });
+    };
+    return m_user.waitUntil(isOpen) && m_user.click("OK") && m_user.waitUntil([&] { return !isOpen(); });
 }
 
 std::string X11ContractServices::install(const std::string& bundleIdentifier, const std::string& name)

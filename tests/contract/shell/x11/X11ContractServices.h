@@ -5,7 +5,9 @@
 #include "contract/shell/x11/QtUser.h"
 #include "hosts/linux/files/LinuxLoginItemService.h"
 #include "hosts/linux/files/LinuxUserDefaults.h"
+#include "hosts/linux/shell/QtAlerts.h"
 #include "hosts/linux/shell/QtUpdateProgress.h"
+#include "hosts/linux/update/BackgroundThread.h"
 #include "hosts/linux/update/LinuxUpdaterFramework.h"
 #include "hosts/posix/PosixProcesses.h"
 #include "hosts/x11/X11Desktop.h"
@@ -36,7 +38,7 @@ private:
 class X11ContractServices final : public ContractServices {
 public:
     X11ContractServices(QtUser& user, X11Connection& connection, LinuxRunLoop& runLoop, X11Desktop& desktop,
-                        ContractDialogs& dialogs);
+                        QtForeground& foreground);
 
     Hotkeys& hotkeys() override { return m_hotkeys; }
     LoginItemService& loginItems() override { return m_loginItems; }
@@ -51,13 +53,14 @@ public:
 private:
     QtUser& m_user;
     X11Desktop& m_desktop;
-    ContractDialogs& m_dialogs;
     PosixProcesses m_processes;
     X11Hotkeys m_hotkeys;
     LinuxLoginItemService m_loginItems;
     LinuxUserDefaults m_userDefaults;
     ContractFeed m_feed;
+    QtAlerts m_alerts;
     QtUpdateProgress m_progress;
+    BackgroundThread m_background;
     LinuxUpdaterFramework m_updaterFramework;
     std::map<std::string, std::unique_ptr<TestClient>> m_running; // by identifier
 };

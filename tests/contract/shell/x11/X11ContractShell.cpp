@@ -5,6 +5,7 @@
 #include "contract/shell/x11/X11ContractServices.h"
 #include "hosts/linux/qt/QtApplication.h"
 #include "hosts/posix/StandardErrorLog.h"
+#include "hosts/x11/shell/X11FocusRequest.h"
 #include "hosts/x11/shell/X11QtWindowWatcher.h"
 
 namespace haloric {
@@ -31,9 +32,10 @@ private:
     X11QtWindowWatcher m_qtWindows{m_desktop.ownWindows};
     QtUser m_user{m_loop};
     X11ContractMenuBar m_menuBar{m_user, *m_connection, m_loop, m_desktop.ownWindows};
-    X11ContractForms m_forms{m_user, *m_connection};
-    X11ContractDialogs m_dialogs{m_user};
-    X11ContractServices m_services{m_user, *m_connection, m_loop, m_desktop, m_dialogs};
+    QtForeground m_foreground{x11FocusRequest(*m_connection)};
+    X11ContractForms m_forms{m_user, m_foreground};
+    X11ContractDialogs m_dialogs{m_user, m_foreground};
+    X11ContractServices m_services{m_user, *m_connection, m_loop, m_desktop, m_foreground};
 };
 
 } // namespace

@@ -145,6 +145,15 @@ TEST_F(OverlayControllerAppDimTest, the_timer_follows_windows_that_move_without_
     EXPECT_EQ(runLoop.armedTimerCount(), 1U);
 }
 
+TEST_F(OverlayControllerAppDimTest, a_list_that_the_timer_found_unchanged_keeps_its_age)
+{
+    controller->setState(focused());
+    runLoop.runFor(Seconds(0.21)); // the timer reads it after 0.2 s
+    EXPECT_EQ(listReadings(), 2U);
+    controller->setState(focused());
+    EXPECT_EQ(listReadings(), 3U);
+}
+
 TEST_F(OverlayControllerAppDimTest, passes_do_not_put_the_timer_off)
 {
     controller->setState(focused());

@@ -80,19 +80,21 @@ TEST_F(FocusTrackerLifecycleTest, it_works_without_listeners)
 
 TEST_F(FocusTrackerLifecycleTest, a_listener_that_replaces_itself_lives_until_it_returns)
 {
-    auto mark = std::make_shared<int>(0);
+    auto change = std::make_shared<int>(0);
+    auto pulse = std::make_shared<int>(0);
     int alive = 0;
-    tracker->onChange = [this, mark, &alive](const FocusState&) {
-        const std::weak_ptr<int> self = mark;
+    tracker->onChange = [this, change, &alive](const FocusState&) {
+        const std::weak_ptr<int> self = change;
         tracker->onChange = nullptr;
         alive += self.expired() ? 0 : 1;
     };
-    tracker->onPulse = [this, mark, &alive] {
-        const std::weak_ptr<int> self = mark;
+    tracker->onPulse = [this, pulse, &alive] {
+        const std::weak_ptr<int> self = pulse;
         tracker->onPulse = nullptr;
         alive += self.expired() ? 0 : 1;
     };
-    mark.reset();
+    change.reset();
+    pulse.reset();
     start();
     EXPECT_EQ(alive, 2);
 }

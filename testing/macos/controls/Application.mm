@@ -87,6 +87,16 @@ bool substitute::activationRefused = false;
         }
     return NO;
 }
+// NSApplicationDelegate applicationShouldHandleReopen:hasVisibleWindows: is asked; YES would open an untitled document.
+- (void)_reopen
+{
+    bool visible = false;
+    for (NSWindow* window in substitute::windows())
+        visible = visible || window.visible;
+    id d = _delegate;
+    if ([d respondsToSelector:@selector(applicationShouldHandleReopen:hasVisibleWindows:)])
+        [d applicationShouldHandleReopen:self hasVisibleWindows:visible];
+}
 - (void)finishLaunching
 {
     if (std::exchange(_launched, true))

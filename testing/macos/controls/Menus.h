@@ -23,6 +23,7 @@
 @interface NSApplication (Substitute)
 // As a person presses it while the application is active; NO if no item of the main menu has it.
 - (BOOL)_pressKey:(NSString*)key modifiers:(NSEventModifierFlags)modifiers;
+- (void)_reopen; // as a person opens the application that runs already
 @end
 
 namespace substitute {

@@ -12,6 +12,7 @@ NSModalResponse substitute::alertResponse = NSAlertFirstButtonReturn;
 
 @implementation NSAlert {
     NSWindow* _window;
+    NSString* _messageText;
 }
 - (NSWindow*)window
 {
@@ -30,6 +31,11 @@ NSModalResponse substitute::alertResponse = NSAlertFirstButtonReturn;
 }
 - (void)setMessageText:(NSString*)t
 {
+    _messageText = [t copy];
+}
+- (NSString*)messageText
+{
+    return _messageText;
 }
 - (void)setInformativeText:(NSString*)t
 {

@@ -32,6 +32,8 @@ void turnUntilIdle();
 // Ends the wait of `turn`. Any thread.
 void wake();
 
+bool isMain(); // any thread: whether the caller is the main one
+
 // Ends the program on any other thread.
 void demandMain(const char* what);
 

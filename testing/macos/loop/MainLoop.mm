@@ -122,9 +122,11 @@ double nextBlock(NSString* mode)
 
 namespace substitute {
 
+bool isMain() { return pthread_equal(pthread_self(), g_main); }
+
 void demandMain(const char* what)
 {
-    if (!pthread_equal(pthread_self(), g_main))
+    if (!isMain())
         raise("%s off the main thread", what);
 }
 

@@ -10,6 +10,7 @@
 @interface NSWindow (Substitute)
 - (void)_scheduleDisplay;
 - (void)_display;
+- (void)_primaryRose:(CGFloat)points; // its top is higher by that: the window keeps its place in global space
 @end
 
 @interface NSView (Substitute)

@@ -102,6 +102,10 @@ NSWindow* keyWindow;
     if (_number)
         World::the().setFrame(_number, [self _global]);
 }
+- (void)_primaryRose:(CGFloat)points
+{
+    _rect.origin.y += points;
+}
 - (BOOL)isVisible
 {
     return _shown;

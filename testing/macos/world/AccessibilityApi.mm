@@ -6,7 +6,9 @@
 
 #import <ApplicationServices/ApplicationServices.h>
 
+#include <chrono>
 #include <set>
+#include <thread>
 #include <utility>
 
 using substitute::raise;
@@ -18,6 +20,7 @@ using Lock = std::lock_guard<std::recursive_mutex>;
 @public
     int pid;
     unsigned number;
+    float timeout; // seconds; 0: the one that holds for all elements
 }
 @end
 @implementation RTElement
@@ -113,15 +116,35 @@ static id axPair(AXValueType type, double a, double b)
     made->b = b;
     return made;
 }
+// AXError.h: kAXErrorAPIDisabled without the user's permission. AXUIElementSetMessagingTimeout: an application that
+// does not answer is waited for until then, and the call returns kAXErrorCannotComplete.
+static AXError reachApplication(RTElement* element)
+{
+    constexpr float kTimeout = 6; // of an element without its own
+    World& world = World::the();
+    std::unique_lock guard(world.lock);
+    if (!world.trusted)
+        return kAXErrorAPIDisabled;
+    if (world.unready.contains(element->pid))
+        return kAXErrorCannotComplete;
+    if (!world.hanging.contains(element->pid))
+        return kAXErrorSuccess;
+    if (substitute::isMain())
+        ++world.waitsOnMain;
+    guard.unlock();
+    if (substitute::clock().hasThreads())
+        std::this_thread::sleep_for(std::chrono::duration<float>(element->timeout > 0 ? element->timeout : kTimeout));
+    return kAXErrorCannotComplete;
+}
 
 extern "C" {
 const CFStringRef kAXTrustedCheckOptionPrompt = CFSTR("AXTrustedCheckOptionPrompt");
 Boolean AXIsProcessTrusted()
 {
     ++substitute::questions()["AXIsProcessTrusted"];
-    return true;
+    return World::the().trusted;
 }
-Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef) { return true; }
+Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef) { return World::the().trusted; }
 CFTypeID AXUIElementGetTypeID() { return (CFTypeID)RTElement.class; }
 CFTypeID AXValueGetTypeID() { return (CFTypeID)RTAXValue.class; }
 AXValueType AXValueGetType(AXValueRef value) { return ((__bridge RTAXValue*)(void*)value)->type; }
@@ -135,16 +158,19 @@ Boolean AXValueGetValue(AXValueRef value, AXValueType type, void* to)
     return true;
 }
 AXUIElementRef AXUIElementCreateApplication(pid_t pid) { return (AXUIElementRef)CFBridgingRetain(element(pid, 0)); }
-AXError AXUIElementSetMessagingTimeout(AXUIElementRef e, float)
+AXError AXUIElementSetMessagingTimeout(AXUIElementRef e, float seconds)
 {
     if (!e)
         raise("AXUIElementSetMessagingTimeout: null");
+    ((__bridge RTElement*)(void*)e)->timeout = seconds;
     return kAXErrorSuccess;
 }
 AXError AXUIElementCopyAttributeValue(AXUIElementRef reference, CFStringRef attribute, CFTypeRef* value)
 {
-    const Lock guard(World::the().lock);
     RTElement* one = (__bridge RTElement*)(void*)reference;
+    if (const AXError error = reachApplication(one); error != kAXErrorSuccess)
+        return error;
+    const Lock guard(World::the().lock);
     const std::string name = [(__bridge NSString*)attribute _utf8];
     World& world = World::the();
     if (!world.applications.contains(one->pid))
@@ -204,8 +230,10 @@ AXError AXObserverCreate(pid_t pid, AXObserverCallback callback, AXObserverRef* 
     *made = (AXObserverRef)CFBridgingRetain(one);
     return kAXErrorSuccess;
 }
-AXError AXObserverAddNotification(AXObserverRef observer, AXUIElementRef, CFStringRef name, void* context)
+AXError AXObserverAddNotification(AXObserverRef observer, AXUIElementRef reference, CFStringRef name, void* context)
 {
+    if (const AXError error = reachApplication((__bridge RTElement*)(void*)reference); error != kAXErrorSuccess)
+        return error;
     const Lock guard(World::the().lock);
     ((__bridge RTAXObserver*)(void*)observer)->names.emplace_back([(__bridge NSString*)name _utf8], context);
     return kAXErrorSuccess;

@@ -41,6 +41,9 @@ extern "C" {
 CFMachPortRef CGEventTapCreate(CGEventTapLocation, CGEventTapPlacement, CGEventTapOptions, CGEventMask mask,
                                CGEventTapCallBack callback, void* context)
 {
+    // CGEventTapCreate returns NULL when the process may not watch the events.
+    if (World::the().tapsRefused)
+        return nullptr;
     RTPort* made = [[RTPort alloc] init];
     made->mask = mask;
     made->callback = callback;

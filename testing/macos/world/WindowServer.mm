@@ -23,6 +23,13 @@ struct Proc {
 };
 std::vector<Proc> g_procs;
 std::set<unsigned> g_watched;
+bool g_lacksSymbols = false;
+std::set<std::string>& missingSymbols()
+{
+    static auto* const all = new std::set<std::string>;
+    return *all;
+}
+bool lacks(const char* symbol) { return missingSymbols().contains(symbol); }
 const substitute::Counted counted("notification procedures of the window server",
                                   [] { return static_cast<long>(g_procs.size()); });
 }
@@ -83,8 +90,16 @@ PRIVATE std::int32_t SLSTransactionCommit(void* t, std::int32_t)
 void* __real_dlopen(const char* path, int mode);
 void* __wrap_dlopen(const char* path, int mode)
 {
-    return __real_dlopen(
-        path && std::string_view(path).starts_with("/System/Library/PrivateFrameworks/") ? nullptr : path, mode);
+    const bool isPrivate = path && std::string_view(path).starts_with("/System/Library/PrivateFrameworks/");
+    if (isPrivate && World::the().libraryMissing)
+        return nullptr;
+    return __real_dlopen(isPrivate ? nullptr : path, mode);
+}
+void* __real_dlsym(void* library, const char* symbol);
+// The sanitizers' runtime calls it before it is ready itself.
+__attribute__((no_sanitize("address", "thread", "undefined"))) void* __wrap_dlsym(void* library, const char* symbol)
+{
+    return g_lacksSymbols && lacks(symbol) ? nullptr : __real_dlsym(library, symbol);
 }
 }
 
@@ -99,6 +114,11 @@ void World::server(unsigned event, unsigned number)
                 std::uint32_t n = number;
                 proc.call(event, &n, 4, proc.context);
             });
+}
+void setMissingSymbols(std::set<std::string> symbols)
+{
+    missingSymbols() = std::move(symbols);
+    g_lacksSymbols = !missingSymbols().empty();
 }
 void forgetWindowServerClients()
 {

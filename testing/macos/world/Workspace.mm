@@ -1,11 +1,15 @@
 // The workspace, its applications, and the screens.
 #include "foundation/Balance.h"
+#include "loop/DisplayLinks.h"
+#include "loop/MainLoop.h"
+#include "windows/Windows.h"
 #include "world/World.h"
 
 #import <AppKit/AppKit.h>
 #import <QuartzCore/QuartzCore.h>
 
 #include <algorithm>
+#include <utility>
 
 #include <unistd.h>
 
@@ -122,6 +126,7 @@ bool activate(int pid)
 }
 - (BOOL)openURL:(NSURL*)url
 {
+    substitute::openedURLs().push_back([url.absoluteString _utf8]);
     return YES;
 }
 - (NSRunningApplication*)frontmostApplication
@@ -136,7 +141,25 @@ bool knowsDisplay(unsigned number)
 {
     return std::ranges::count_if(displays, [&](const Display& d) { return d.number == number; }) > 0;
 }
-CADisplayLink* makeScreenLink(id target, SEL action);
+std::vector<std::string>& openedURLs()
+{
+    static auto* const all = new std::vector<std::string>;
+    return *all;
+}
+// NSApplicationDidChangeScreenParametersNotification is posted once the arrangement of the screens has changed.
+void setDisplays(std::vector<Display> arrangement)
+{
+    displays = std::move(arrangement);
+    World& world = World::the();
+    const double rise =
+        displays.front().frame.size.height - std::exchange(world.height, displays.front().frame.size.height);
+    for (NSWindow* window in windows())
+        [window _primaryRose:rise];
+    onMain([] {
+        [NSNotificationCenter.defaultCenter postNotificationName:NSApplicationDidChangeScreenParametersNotification
+                                                          object:nil];
+    });
+}
 }
 @implementation NSScreen {
 @public

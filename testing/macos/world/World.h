@@ -10,6 +10,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -35,7 +36,13 @@ public:
     std::map<int, bool> applications; // pid, hidden
     int frontmost = 0;
     unsigned buttons = 0;
-    CGFloat height = 900; // of the primary screen
+    CGFloat height = 900;        // of the primary screen
+    bool trusted = true;         // whether the user lets the program use Accessibility
+    bool tapsRefused = false;    // whether the user keeps the program from watching input
+    bool libraryMissing = false; // of the window server's functions
+    std::set<int> hanging;       // applications that answer nothing; the lock is held
+    std::set<int> unready;       // applications that do not serve Accessibility yet; the lock is held
+    int waitsOnMain = 0;         // how often the main thread waited for an application that hangs
 
     unsigned open(int pid, CGRect frame);
     void activate(int pid, unsigned number);
@@ -61,6 +68,16 @@ extern std::vector<Display> displays;
 // From the world to the stand-ins; `World::lock` is held.
 void tellAccessibility(int pid, const char* name, unsigned number);
 void forgetWindowServerClients();
+
+// What the library of the window server's functions lacks. Main thread.
+void setMissingSymbols(std::set<std::string> symbols);
+
+// Another arrangement of the screens; the first one is the primary one. Windows keep their places in global space. Main
+// thread.
+void setDisplays(std::vector<Display> arrangement);
+
+// Addresses that the program had opened. Main thread.
+std::vector<std::string>& openedURLs();
 
 // How often a question was put to another process since it was last cleared, by the name of the call. Main thread.
 std::map<std::string, int>& questions();

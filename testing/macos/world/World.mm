@@ -127,6 +127,13 @@ void World::reset()
     frontmost = 0;
     buttons = 0;
     yieldedTo = 0;
+    trusted = true;
+    tapsRefused = libraryMissing = false;
+    setMissingSymbols({});
+    hanging.clear();
+    unready.clear();
+    waitsOnMain = 0;
+    openedURLs().clear();
     forgetWindowServerClients();
 }
 }

@@ -2,7 +2,10 @@
 #include "controls/Menus.h"
 #include "foundation/Balance.h"
 #include "loop/MainLoop.h"
+#include "platform/LoginItemService.h"
+#include "platform/Panels.h"
 #include "windows/Windows.h"
+#include "world/Backing.h"
 #include "world/World.h"
 
 #import <ServiceManagement/ServiceManagement.h>
@@ -13,6 +16,41 @@
 #include <unistd.h>
 
 using substitute::raise;
+
+namespace {
+
+// What the backing's application reports goes to the application's delegate.
+class DelegateBehind final : public haloric::ApplicationDelegate {
+public:
+    void applicationDidFinishLaunching() override
+    {
+        @autoreleasepool {
+            [NSApp finishLaunching];
+        }
+    }
+    bool applicationShouldHandleReopen(bool hasVisibleWindows) override
+    {
+        @autoreleasepool {
+            const id delegate = NSApp.delegate;
+            return [delegate applicationShouldHandleReopen:NSApp hasVisibleWindows:hasVisibleWindows];
+        }
+    }
+    void applicationWillTerminate() override
+    {
+        @autoreleasepool {
+            const id delegate = NSApp.delegate;
+            [delegate applicationWillTerminate:(NSNotification*)[[NSNotification alloc] init]];
+        }
+    }
+};
+
+haloric::Application* applicationBehind()
+{
+    const substitute::Backing* backing = substitute::backing();
+    return backing ? &backing->adapters.application : nullptr;
+}
+
+} // namespace
 
 NSApplication* NSApp;
 bool substitute::activationRefused = false;
@@ -31,7 +69,12 @@ bool substitute::activationRefused = false;
 }
 - (void)setDelegate:(id)delegate
 {
+    static DelegateBehind behind;
     _delegate = delegate;
+    if (haloric::Application* application = applicationBehind()) {
+        _launched = false;
+        application->setDelegate(&behind);
+    }
 }
 - (id)delegate
 {
@@ -40,17 +83,21 @@ bool substitute::activationRefused = false;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy
 {
     _policy = policy;
+    if (haloric::Application* application = applicationBehind())
+        application->setActivationPolicy(static_cast<haloric::ActivationPolicy>(policy));
     return YES;
 }
 // NSApplication activateIgnoringOtherApps: since macOS 14 the system may refuse it.
 - (void)activateIgnoringOtherApps:(BOOL)v
 {
-    if (!substitute::activationRefused)
+    if (haloric::Application* application = applicationBehind())
+        application->activateIgnoringOtherApps();
+    else if (!substitute::activationRefused)
         substitute::activate(getpid());
 }
 - (BOOL)isActive
 {
-    return substitute::World::the().frontmost == getpid();
+    return substitute::frontmostProcess() == NSProcessInfo.processInfo.processIdentifier;
 }
 - (void)yieldActivationToApplication:(NSRunningApplication*)application
 {
@@ -107,20 +154,32 @@ bool substitute::activationRefused = false;
 }
 - (NSWindow*)keyWindow
 {
+    if (haloric::Application* application = applicationBehind())
+        return substitute::windowBehind(application->keyWindow());
     return substitute::keyWindow;
 }
 - (NSWindow*)mainWindow
 {
+    if (haloric::Application* application = applicationBehind())
+        return substitute::windowBehind(application->mainWindow());
     return substitute::keyWindow;
 }
 - (void)run
 {
+    if (haloric::Application* application = applicationBehind()) { // the loop is run from outside
+        application->run();
+        return;
+    }
     [self finishLaunching];
     while (!_ends)
         substitute::turn(NSDefaultRunLoopMode, substitute::now() + 1);
 }
 - (void)terminate:(id)sender
 {
+    if (haloric::Application* application = applicationBehind()) {
+        application->terminate();
+        return;
+    }
     id d = _delegate;
     if ([d respondsToSelector:@selector(applicationWillTerminate:)])
         [d applicationWillTerminate:(NSNotification*)[[NSNotification alloc] init]];
@@ -133,6 +192,18 @@ bool substitute::activationRefused = false;
 // NSApplication orderFrontStandardAboutPanelWithOptions: makes one panel and orders it front each time.
 - (void)orderFrontStandardAboutPanelWithOptions:(NSDictionary*)options
 {
+    if (const substitute::Backing* backing = substitute::backing()) {
+        const auto word = [options](NSString* key) {
+            NSString* value = options[key];
+            return value ? [value _utf8] : std::string();
+        };
+        haloric::AboutPanel panel;
+        panel.applicationName = word(NSAboutPanelOptionApplicationName);
+        panel.applicationVersion = word(NSAboutPanelOptionApplicationVersion);
+        panel.version = word(NSAboutPanelOptionVersion);
+        backing->adapters.panels.orderFrontStandardAboutPanel(panel);
+        return;
+    }
     static NSWindow* const panel = substitute::permanent([] {
         NSWindow* panel = [[NSPanel alloc] initWithContentRect:NSMakeRect(0, 0, 280, 160)
                                                      styleMask:NSWindowStyleMaskTitled | NSWindowStyleMaskClosable
@@ -146,6 +217,12 @@ bool substitute::activationRefused = false;
 }
 @end
 
+static BOOL noError(const std::optional<haloric::PlatformError>& error, NSError** to)
+{
+    if (error && to)
+        *to = substitute::errorBehind(*error);
+    return !error;
+}
 @implementation SMAppService
 + (SMAppService*)mainAppService
 {
@@ -155,14 +232,20 @@ bool substitute::activationRefused = false;
 - (SMAppServiceStatus)status
 {
     ++substitute::questions()["status"];
+    if (const substitute::Backing* backing = substitute::backing())
+        return static_cast<SMAppServiceStatus>(backing->adapters.loginItems.status());
     return SMAppServiceStatusNotRegistered;
 }
 - (BOOL)registerAndReturnError:(NSError**)e
 {
+    if (const substitute::Backing* backing = substitute::backing())
+        return noError(backing->adapters.loginItems.registerApplication(), e);
     return YES;
 }
 - (BOOL)unregisterAndReturnError:(NSError**)e
 {
+    if (const substitute::Backing* backing = substitute::backing())
+        return noError(backing->adapters.loginItems.unregisterApplication(), e);
     return YES;
 }
 @end

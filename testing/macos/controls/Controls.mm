@@ -26,6 +26,14 @@ using substitute::raise;
     NSInteger _st;
 }
 
+// -[NSControl isEnabled]: controls are enabled by default.
+- (instancetype)initWithFrame:(NSRect)frame
+{
+    if ((self = [super initWithFrame:frame]))
+        _enabled = YES;
+    return self;
+}
+
 - (SEL)action
 {
     return _action;
@@ -181,10 +189,16 @@ using substitute::raise;
 @implementation NSPopUpButton {
     NSMenu* _own;
     NSInteger _selected;
+    BOOL _pullsDown;
+}
+- (BOOL)pullsDown
+{
+    return _pullsDown;
 }
 - (instancetype)initWithFrame:(NSRect)f pullsDown:(BOOL)p
 {
     if ((self = [super initWithFrame:f])) {
+        _pullsDown = p;
         _own = [[NSMenu alloc] init];
         _selected = -1;
     }

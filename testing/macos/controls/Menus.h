@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/Foundation.h"
+#include "platform/PlatformError.h"
 
 #import <AppKit/AppKit.h>
 
@@ -32,5 +33,8 @@ extern bool activationRefused; // the system keeps another application active
 
 long hotkeys(); // registered ones
 void pressHotkey();
+void forgetHotkeys(); // as at the end of a process
+
+NSError* errorBehind(const haloric::PlatformError& error); // of a backing
 
 } // namespace substitute

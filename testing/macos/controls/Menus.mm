@@ -1,8 +1,4 @@
 #include "controls/Menus.h"
-#include "foundation/Balance.h"
-
-#include "loop/MainLoop.h"
-#include "windows/Windows.h"
 
 using substitute::raise;
 
@@ -257,59 +253,3 @@ using substitute::raise;
         [target performSelector:item.action withObject:item];
 }
 @end
-
-@implementation NSStatusItem {
-    NSStatusBarButton* _button;
-    NSMenu* _menu;
-}
-- (NSStatusBarButton*)button
-{
-    if (!_button)
-        _button = [[NSStatusBarButton alloc] initWithFrame:NSZeroRect];
-    return _button;
-}
-
-- (NSMenu*)menu
-{
-    return _menu;
-}
-
-- (void)setMenu:(NSMenu*)v
-{
-    _menu = v;
-}
-@end
-@implementation NSStatusBar {
-    NSMutableArray<NSStatusItem*>* _all;
-}
-+ (NSStatusBar*)systemStatusBar
-{
-    static NSStatusBar* const one = substitute::permanent([] { return [[NSStatusBar alloc] init]; });
-    return one;
-}
-- (instancetype)init
-{
-    if ((self = [super init]))
-        _all = [NSMutableArray array];
-    return self;
-}
-- (NSStatusItem*)statusItemWithLength:(CGFloat)l
-{
-    NSStatusItem* made = [[NSStatusItem alloc] init];
-    [_all addObject:made];
-    return made;
-}
-- (void)removeStatusItem:(NSStatusItem*)i
-{
-    if (![_all containsObject:i])
-        raise("a status item is removed that is not there");
-    [_all removeObjectIdenticalTo:i];
-}
-- (NSArray*)_items
-{
-    return _all;
-}
-@end
-
-static const substitute::Counted counted("status items",
-                                         [] { return static_cast<long>([NSStatusBar.systemStatusBar _items].count); });

@@ -1,18 +1,33 @@
 // Alerts and open panels.
+#include "platform/Panels.h"
 #include "controls/Menus.h"
 #include "loop/MainLoop.h"
+#include "platform/Alerts.h"
 #include "windows/Windows.h"
+#include "world/Backing.h"
 
 #import <UniformTypeIdentifiers/UniformTypeIdentifiers.h>
 
 using substitute::raise;
+using substitute::text;
 
 std::function<void(NSAlert*)> substitute::whileAlertRuns;
 NSModalResponse substitute::alertResponse = NSAlertFirstButtonReturn;
 
+NSError* substitute::errorBehind(const haloric::PlatformError& error)
+{
+    return [NSError errorWithDomain:text(error.domain)
+                               code:error.code
+                           userInfo:@{
+                               NSLocalizedDescriptionKey : text(error.localizedDescription),
+                               NSLocalizedRecoverySuggestionErrorKey : text(error.localizedRecoverySuggestion)
+                           }];
+}
+
 @implementation NSAlert {
     NSWindow* _window;
-    NSString* _messageText;
+    haloric::AlertModel _model;
+    NSError* _error;
 }
 - (NSWindow*)window
 {
@@ -27,32 +42,47 @@ NSModalResponse substitute::alertResponse = NSAlertFirstButtonReturn;
 }
 + (NSAlert*)alertWithError:(NSError*)e
 {
-    return [[self alloc] init];
+    NSAlert* made = [[self alloc] init];
+    made->_error = e;
+    return made;
 }
 - (void)setMessageText:(NSString*)t
 {
-    _messageText = [t copy];
+    _model.messageText = [t _utf8];
 }
 - (NSString*)messageText
 {
-    return _messageText;
+    return text(_model.messageText);
 }
 - (void)setInformativeText:(NSString*)t
 {
+    _model.informativeText = [t _utf8];
 }
 - (void)setAlertStyle:(NSAlertStyle)s
 {
+    _model.style = static_cast<haloric::AlertStyle>(s);
 }
 - (void)setIcon:(NSImage*)i
 {
 }
 - (NSButton*)addButtonWithTitle:(NSString*)t
 {
-    return nil;
+    _model.buttons.push_back([t _utf8]);
+    return [NSButton buttonWithTitle:t target:nil action:nil];
 }
 // NSAlert runModal shows the alert's window, and orders it out when a button was pressed.
 - (NSModalResponse)runModal
 {
+    const substitute::Backing* backing = substitute::backing();
+    if (backing && _error) {
+        backing->adapters.alerts.runModalError({[_error.domain _utf8],
+                                                _error.code,
+                                                [_error.localizedDescription _utf8],
+                                                [_error.localizedRecoverySuggestion _utf8]});
+        return NSAlertFirstButtonReturn;
+    }
+    if (backing)
+        return backing->adapters.alerts.runModal(_model);
     [self.window makeKeyAndOrderFront:nil];
     if (substitute::whileAlertRuns)
         substitute::whileAlertRuns(self);
@@ -64,7 +94,10 @@ NSModalResponse substitute::alertResponse = NSAlertFirstButtonReturn;
 @end
 @implementation NSSavePanel
 @end
-@implementation NSOpenPanel
+@implementation NSOpenPanel {
+    haloric::OpenPanel _model;
+    NSURL* _chosen;
+}
 + (NSOpenPanel*)openPanel
 {
     return [[self alloc] init];
@@ -74,17 +107,22 @@ NSModalResponse substitute::alertResponse = NSAlertFirstButtonReturn;
 }
 - (void)setDirectoryURL:(NSURL*)u
 {
+    _model.directory = [u.path _utf8];
 }
 - (void)setPrompt:(NSString*)p
 {
+    _model.prompt = [p _utf8];
 }
 - (NSModalResponse)runModal
 {
-    return NSModalResponseCancel;
+    const substitute::Backing* backing = substitute::backing();
+    const auto path = backing ? backing->adapters.panels.runModalOpenPanel(_model) : std::nullopt;
+    _chosen = path ? [NSURL fileURLWithPath:text(*path)] : nil;
+    return path ? NSModalResponseOK : NSModalResponseCancel;
 }
 - (NSURL*)URL
 {
-    return nil;
+    return _chosen;
 }
 @end
 @implementation UTType

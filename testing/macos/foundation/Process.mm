@@ -5,6 +5,13 @@
 #include "runtime/ObjectiveCAbi.h"
 
 #include "loop/Clock.h"
+#include "platform/Application.h"
+#include "platform/ApplicationCatalog.h"
+#include "platform/Bundle.h"
+#include "platform/Log.h"
+#include "platform/Processes.h"
+#include "platform/UserDefaults.h"
+#include "world/Backing.h"
 
 #include <cstdarg>
 #include <cstdio>
@@ -28,6 +35,13 @@ std::map<void*, NSActivityOptions>& substitute::activities()
 {
     static auto* const all = new std::map<void*, NSActivityOptions>;
     return *all;
+}
+static NSDictionary* dictionaryOf(const substitute::Backing::Texts& texts)
+{
+    NSMutableDictionary* all = [NSMutableDictionary dictionary];
+    for (const auto& [key, value] : texts)
+        all[text(key)] = text(value);
+    return all;
 }
 
 @implementation NSProcessInfo
@@ -56,10 +70,14 @@ std::map<void*, NSActivityOptions>& substitute::activities()
 }
 - (int)processIdentifier
 {
+    if (const substitute::Backing* backing = substitute::backing())
+        return static_cast<int>(backing->adapters.application.processID());
     return getpid();
 }
 - (NSDictionary*)environment
 {
+    if (const substitute::Backing* backing = substitute::backing())
+        return dictionaryOf(backing->environment);
     NSMutableDictionary* all = [NSMutableDictionary dictionary];
     for (char** one = environ; *one; ++one)
         if (const char* eq = std::strchr(*one, 0x3d))
@@ -85,6 +103,10 @@ std::map<void*, NSActivityOptions>& substitute::activities()
 }
 - (NSData*)dataForKey:(NSString*)key
 {
+    if (const substitute::Backing* backing = substitute::backing()) {
+        const auto bytes = backing->adapters.userDefaults.data([key _utf8]);
+        return bytes ? [NSData dataWithBytes:bytes->data() length:bytes->size()] : nil;
+    }
     id value = [self objectForKey:key];
     return [value isKindOfClass:NSData.class] ? value : nil;
 }
@@ -94,6 +116,11 @@ std::map<void*, NSActivityOptions>& substitute::activities()
 {
     if (!key)
         raise("NSInvalidArgumentException: nil key");
+    if (const substitute::Backing* backing = substitute::backing()) {
+        NSData* data = value;
+        backing->adapters.userDefaults.setData([key _utf8], { static_cast<const char*>(data.bytes), data.length });
+        return;
+    }
     id kept = value;
     if ([value isKindOfClass:NSData.class])
         kept = substitute::permanent(
@@ -121,11 +148,13 @@ std::map<void*, NSActivityOptions>& substitute::activities()
 
 @implementation NSBundle {
     std::string _path;
+    BOOL _main;
 }
 + (NSBundle*)mainBundle
 {
     static NSBundle* const one = substitute::permanent([] {
         NSBundle* made = [[NSBundle alloc] init];
+        made->_main = YES;
         char path[4096];
         const auto n = readlink("/proc/self/exe", path, sizeof path);
         std::string p(path, static_cast<std::size_t>(n > 0 ? n : 0));
@@ -136,7 +165,7 @@ std::map<void*, NSActivityOptions>& substitute::activities()
 }
 + (instancetype)bundleWithPath:(NSString*)path
 {
-    if (access([path _utf8].c_str(), R_OK) != 0)
+    if (!substitute::backing() && access([path _utf8].c_str(), R_OK) != 0)
         return nil;
     NSBundle* made = [[NSBundle alloc] init];
     made->_path = [path _utf8];
@@ -144,14 +173,23 @@ std::map<void*, NSActivityOptions>& substitute::activities()
 }
 - (NSString*)bundlePath
 {
+    if (const substitute::Backing* backing = substitute::backing(); backing && _main)
+        return text(backing->adapters.bundle.path());
     return text(_path);
 }
 - (NSString*)bundleIdentifier
 {
-    return nil;
+    const substitute::Backing* backing = substitute::backing();
+    if (!backing)
+        return nil;
+    const auto identifier =
+        _main ? backing->adapters.bundle.identifier() : backing->adapters.applicationCatalog.bundleIdentifier(_path);
+    return identifier ? text(*identifier) : nil;
 }
 - (NSDictionary*)infoDictionary
 {
+    if (const substitute::Backing* backing = substitute::backing(); backing && _main)
+        return dictionaryOf(backing->information);
     return @{};
 }
 - (NSString*)privateFrameworksPath
@@ -202,6 +240,8 @@ std::map<void*, NSActivityOptions>& substitute::activities()
     std::vector<std::string> words{[_executable.path _utf8]};
     for (NSString* word in _arguments)
         words.push_back([word _utf8]);
+    if (const substitute::Backing* backing = substitute::backing())
+        return backing->adapters.processes.launch(words.front(), {words.begin() + 1, words.end()});
     std::vector<char*> argv;
     for (auto& word : words)
         argv.push_back(word.data());
@@ -236,6 +276,8 @@ std::map<void*, NSActivityOptions>& substitute::activities()
 }
 - (NSString*)displayNameAtPath:(NSString*)path
 {
+    if (const substitute::Backing* backing = substitute::backing())
+        return text(backing->adapters.applicationCatalog.displayName([path _utf8]));
     std::string p = [path _utf8];
     p = p.substr(p.rfind('/') + 1);
     if (p.ends_with(".app"))
@@ -251,6 +293,10 @@ extern "C" void NSLog(NSString* format, ...)
     va_start(arguments, format);
     const std::string line = substitute::formatted(format, arguments);
     va_end(arguments);
+    if (const substitute::Backing* backing = substitute::backing()) {
+        backing->adapters.log.line(line);
+        return;
+    }
     std::fprintf(stderr, "program[%d] %s\n", getpid(), line.c_str());
 }
 extern "C" Class NSClassFromString(NSString* name)

@@ -4,6 +4,8 @@
 #include "loop/Modes.h"
 #include "loop/Sources.h"
 #include "loop/Timers.h"
+#include "platform/RunLoop.h"
+#include "world/Backing.h"
 
 #include <algorithm>
 #include <deque>
@@ -19,6 +21,17 @@ using substitute::raise;
 namespace {
 
 constexpr double kNever = std::numeric_limits<double>::infinity();
+
+// With a backing, its loop runs the calls. Its events are never nested, so its
+// order is that of a serial main queue.
+haloric::Task taskOf(std::function<void()> call)
+{
+    return [call = std::move(call)] {
+        @autoreleasepool {
+            call();
+        }
+    };
+}
 
 struct Call {
     std::function<void()> run;
@@ -134,6 +147,10 @@ void wake() { clock().wake(); }
 
 void onMain(std::function<void()> call)
 {
+    if (const Backing* behind = backing()) {
+        behind->adapters.runLoop.post(taskOf(std::move(call)));
+        return;
+    }
     {
         const std::lock_guard guard(pending().lock);
         pending().calls.push_back({std::move(call), false});
@@ -143,6 +160,10 @@ void onMain(std::function<void()> call)
 
 void onMainQueue(std::function<void()> block)
 {
+    if (backing()) {
+        onMain(std::move(block));
+        return;
+    }
     {
         const std::lock_guard guard(pending().lock);
         pending().calls.push_back({std::move(block), true});
@@ -152,6 +173,10 @@ void onMainQueue(std::function<void()> block)
 
 void onMainQueueAt(double instant, std::function<void()> block)
 {
+    if (const Backing* behind = backing()) {
+        behind->adapters.runLoop.postAfter(haloric::Seconds(instant - now()), taskOf(std::move(block)));
+        return;
+    }
     {
         const std::lock_guard guard(pending().lock);
         pending().blocksAt.emplace(instant, std::move(block));

@@ -1,10 +1,13 @@
 // Dispatch queues: the main queue, and serial queues with a thread each.
 #include "foundation/Balance.h"
 #include "loop/MainLoop.h"
+#include "platform/SerialQueue.h"
+#include "world/Backing.h"
 
 #include <condition_variable>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -32,7 +35,8 @@ extern "C" void objc_autoreleasePoolPop(void*);
     std::deque<std::function<void()>> _work;
     std::thread _thread;
     bool _ends;
-    bool _runsInline; // a call, without threads
+    bool _runsInline;                              // a call, without threads
+    std::unique_ptr<haloric::SerialQueue> _behind; // with a backing: says when calls run
 }
 
 - (void)start
@@ -72,11 +76,25 @@ extern "C" void objc_autoreleasePoolPop(void*);
             if (!_thread.joinable())
                 [self start];
         } else {
-            RTQueue* const kept = self;
-            substitute::onMain([kept] { [kept runOneInline]; });
+            [self runOneLater];
         }
     }
     _changed.notify_all();
+}
+
+// Without threads.
+- (void)runOneLater
+{
+    const substitute::Backing* backing = substitute::backing();
+    if (!backing) {
+        RTQueue* const kept = self;
+        substitute::onMain([kept] { [kept runOneInline]; });
+        return;
+    }
+    if (!_behind)
+        _behind = backing->adapters.serialQueues.make(label, haloric::QualityOfService::userInitiated);
+    RTQueue* __weak queue = self; // which owns the queue behind, and dispatch_sync may have run the call
+    _behind->async([queue] { [queue runOneInline]; });
 }
 
 // Without threads.

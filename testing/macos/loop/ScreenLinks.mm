@@ -1,8 +1,11 @@
 // Display links of a screen, on the main loop.
 #include "loop/DisplayLinks.h"
 #include "loop/MainLoop.h"
+#include "platform/DisplayLinks.h"
 #include "runtime/ObjectiveCAbi.h"
+#include "world/Backing.h"
 
+#include <memory>
 #include <utility>
 
 using substitute::raise;
@@ -14,6 +17,8 @@ using substitute::raise;
     SEL action;
     NSTimer* timer;
     CAFrameRateRange range;
+    std::unique_ptr<haloric::ScreenDisplayLink> behind; // with a backing
+    RTScreenLink* keptByLoop;                           // with a backing: itself
 }
 @end
 
@@ -49,9 +54,14 @@ void callTarget(RTScreenLink* __unsafe_unretained link)
 // The loop retains the link, which ticks until it is invalidated.
 - (void)addToRunLoop:(NSRunLoop*)loop forMode:(NSRunLoopMode)mode
 {
-    if (!target || timer)
+    if (!target || timer || keptByLoop)
         return;
     RTScreenLink* const kept = self;
+    if (behind) {
+        keptByLoop = kept;
+        behind->addToMainRunLoop();
+        return;
+    }
     timer = [NSTimer timerWithTimeInterval:1 / substitute::framesPerSecond
                                    repeats:YES
                                      block:^(NSTimer*) {
@@ -63,6 +73,9 @@ void callTarget(RTScreenLink* __unsafe_unretained link)
 - (void)invalidate
 {
     substitute::demandMain("-[CADisplayLink invalidate]");
+    RTScreenLink* const kept = std::exchange(keptByLoop, nil); // to the end of this
+    if (behind)
+        behind->invalidate();
     NSTimer* const gone = std::exchange(timer, nil);
     target = nil;
     [gone invalidate];
@@ -74,11 +87,20 @@ namespace substitute {
 
 double framesPerSecond = 60;
 
-CADisplayLink* makeScreenLink(id target, SEL action)
+CADisplayLink* makeScreenLink(id target, SEL action, const haloric::Screen* screen)
 {
     RTScreenLink* const made = [[RTScreenLink alloc] init];
     made->target = target;
     made->action = action;
+    if (screen) {
+        RTScreenLink* __unsafe_unretained link = made; // which owns the link behind
+        made->behind = backing()->adapters.displayLinks.makeScreenLink(*screen, [link] {
+            RTScreenLink* const ticking = link;
+            @autoreleasepool {
+                callTarget(ticking);
+            }
+        });
+    }
     return made;
 }
 

@@ -9,7 +9,8 @@
 // while the source is on the loop in the current mode.
 @interface RTSource : NSObject {
 @public
-    std::function<void()> perform; // main thread
+    std::function<void()> perform;    // main thread
+    std::function<void(bool)> placed; // called when it comes on the loop (true) or leaves it; may be empty
     bool valid;
 }
 - (void)signal;     // any thread

@@ -3,6 +3,7 @@
 #include "foundation/Balance.h"
 #include "loop/MainLoop.h"
 #include "loop/Modes.h"
+#include "world/Backing.h"
 
 #import <CoreFoundation/CoreFoundation.h>
 
@@ -41,6 +42,19 @@ bool isOn(RTSource* source, NSString* mode)
     return entry && source->valid && entry->modes.contains(mode);
 }
 
+// Serves its signals. True if there was one.
+bool performSignals(RTSource* source, NSString* mode)
+{
+    bool any = false;
+    while (isOn(source, mode) && [source takeSignal]) {
+        const std::function<void()> perform = source->perform;
+        if (perform)
+            perform();
+        any = true;
+    }
+    return any;
+}
+
 RTSource* sourceFrom(CFRunLoopSourceRef source, const char* caller)
 {
     if (!source)
@@ -64,7 +78,12 @@ RTSource* sourceFrom(CFRunLoopSourceRef source, const char* caller)
 - (void)signal
 {
     ++_signals;
-    substitute::wake();
+    if (!substitute::backing()) {
+        substitute::wake();
+        return;
+    }
+    RTSource* const kept = self;
+    substitute::onMain([kept] { performSignals(kept, NSDefaultRunLoopMode); });
 }
 
 - (BOOL)pending
@@ -96,12 +115,7 @@ bool performSources(NSString* mode)
     for (const Entry& entry : entries())
         all.push_back(entry.source);
     for (RTSource* source : all)
-        while (isOn(source, mode) && [source takeSignal]) {
-            const std::function<void()> perform = source->perform;
-            if (perform)
-                perform();
-            any = true;
-        }
+        any = performSignals(source, mode) || any;
     return any;
 }
 
@@ -117,9 +131,12 @@ void CFRunLoopAddSource(CFRunLoopRef, CFRunLoopSourceRef source, CFRunLoopMode m
 {
     demandMain("CFRunLoopAddSource");
     RTSource* const one = sourceFrom(source, "CFRunLoopAddSource");
-    if (!find(one))
+    const bool isNew = !find(one);
+    if (isNew)
         entries().push_back({one, {}});
     find(one)->modes.add((__bridge NSString*)mode);
+    if (isNew && one->placed)
+        one->placed(true);
     substitute::wake();
 }
 
@@ -131,8 +148,11 @@ void CFRunLoopRemoveSource(CFRunLoopRef, CFRunLoopSourceRef source, CFRunLoopMod
     if (!entry)
         return;
     entry->modes.remove((__bridge NSString*)mode);
-    if (entry->modes.isEmpty())
-        std::erase_if(entries(), [one](const Entry& each) { return each.source == one; });
+    if (!entry->modes.isEmpty())
+        return;
+    std::erase_if(entries(), [one](const Entry& each) { return each.source == one; });
+    if (one->placed)
+        one->placed(false);
 }
 
 } // extern "C"

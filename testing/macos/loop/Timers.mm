@@ -3,6 +3,8 @@
 #include "foundation/Balance.h"
 #include "loop/MainLoop.h"
 #include "loop/Modes.h"
+#include "platform/RunLoop.h"
+#include "world/Backing.h"
 
 #include <algorithm>
 #include <atomic>
@@ -23,6 +25,7 @@ using substitute::raise;
     substitute::Modes modes;
     unsigned long order; // of creation
     void (^block)(NSTimer*);
+    haloric::Subscription behind; // with a backing: its timer
 }
 @end
 
@@ -32,6 +35,10 @@ constexpr double kShortestInterval = 0.0001; // seconds; timerWithTimeInterval:r
                                              // 0 or less
 
 double g_lateness = 0;
+
+// A backing's loop keeps each interval as the program asks for it, so that a
+// story has the same instants there as on the backing's own timers.
+double shortestInterval() { return substitute::backing() ? 0 : kShortestInterval; }
 
 // Those on the loop, which retains them.
 std::vector<RTTimer*>& timers()
@@ -75,6 +82,23 @@ void fire(RTTimer* timer, double now)
                             // invalidated after it has fired
 }
 
+// With a backing, its loop keeps the date of a timer that is on the loop.
+void armBehind(RTTimer* timer)
+{
+    haloric::RunLoop& loop = substitute::backing()->adapters.runLoop;
+    const haloric::Task fireTimer = [timer] {
+        RTTimer* const firing = timer; // the task ends when the timer is invalidated
+        @autoreleasepool {
+            fire(firing, substitute::now());
+        }
+    };
+    if (timer->repeats)
+        timer->behind =
+            loop.scheduleRepeating(haloric::Seconds(timer->interval), haloric::Seconds(timer->tolerance), fireTimer);
+    else
+        timer->behind = loop.scheduleOnce(haloric::Seconds(timer->due - substitute::now()), fireTimer);
+}
+
 } // namespace
 
 @implementation NSTimer
@@ -85,7 +109,7 @@ void fire(RTTimer* timer, double now)
     if (!block)
         raise("+[NSTimer timerWithTimeInterval:repeats:block:]: the block is nil");
     RTTimer* made = [[RTTimer alloc] init];
-    made->interval = interval > 0 ? interval : kShortestInterval;
+    made->interval = interval > 0 ? interval : shortestInterval();
     made->due = substitute::now() + made->interval;
     made->repeats = repeats;
     made->valid = true;
@@ -128,6 +152,7 @@ void fire(RTTimer* timer, double now)
     RTTimer* const kept = self; // by the caller at least
     valid = false;
     block = nil;
+    behind.reset();
     std::erase(timers(), kept);
 }
 
@@ -174,8 +199,11 @@ bool fireTimers(NSString* mode)
     if (!one->valid)
         return;
     one->modes.add(mode);
-    if (std::ranges::find(timers(), one) == timers().end())
+    if (std::ranges::find(timers(), one) == timers().end()) {
         timers().push_back(one);
+        if (substitute::backing())
+            armBehind(one);
+    }
     substitute::wake();
 }
 

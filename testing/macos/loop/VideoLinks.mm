@@ -1,13 +1,17 @@
 // Display links of Core Video, each on a thread.
+#include "platform/VideoLinks.h"
 #include "foundation/Balance.h"
 #include "loop/DisplayLinks.h"
 #include "loop/MainLoop.h"
+#include "world/Backing.h"
 
 #import <CoreVideo/CoreVideo.h>
 
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <cstdint>
+#include <memory>
 #include <mutex>
 #include <thread>
 
@@ -24,6 +28,7 @@ const substitute::Counted counted("video links that run", [] { return g_running.
 @public
     CVDisplayLinkOutputHandler handler;
     std::atomic<bool> runs;
+    std::unique_ptr<haloric::VideoDisplayLink> behind; // with a backing
 }
 - (CVReturn)start;
 - (CVReturn)stop;
@@ -36,11 +41,11 @@ const substitute::Counted counted("video links that run", [] { return g_running.
     NSTimer* _timer; // in place of the thread, if the clock has none
 }
 
-- (void)output
+- (CVReturn)output
 {
     @autoreleasepool {
         CVOptionFlags out = 0;
-        handler((__bridge CVDisplayLinkRef)self, nullptr, nullptr, 0, &out);
+        return handler((__bridge CVDisplayLinkRef)self, nullptr, nullptr, 0, &out);
     }
 }
 
@@ -68,6 +73,13 @@ const substitute::Counted counted("video links that run", [] { return g_running.
     [NSRunLoop.mainRunLoop addTimer:_timer forMode:NSRunLoopCommonModes];
 }
 
+- (CVReturn)startBehind
+{
+    RTVideoLink* __unsafe_unretained me = self; // which owns the link behind
+    behind->setOutputHandler([me] { return static_cast<std::int32_t>([me output]); });
+    return behind->start() ? kCVReturnSuccess : kCVReturnError;
+}
+
 - (CVReturn)start
 {
     if (!handler)
@@ -75,6 +87,8 @@ const substitute::Counted counted("video links that run", [] { return g_running.
     if (runs.exchange(true))
         return kCVReturnDisplayLinkAlreadyRunning;
     ++g_running;
+    if (behind)
+        return [self startBehind];
     if (substitute::clock().hasThreads())
         [self runThread];
     else
@@ -91,6 +105,8 @@ const substitute::Counted counted("video links that run", [] { return g_running.
     }
     --g_running;
     _stopped.notify_all();
+    if (behind)
+        behind->stop();
     [_timer invalidate];
     _timer = nil;
     if (!_thread.joinable())
@@ -124,9 +140,13 @@ extern "C" {
 
 CVReturn CVDisplayLinkCreateWithCGDisplay(CGDirectDisplayID display, CVDisplayLinkRef* made)
 {
-    if (!substitute::knowsDisplay(display))
+    RTVideoLink* const link = [[RTVideoLink alloc] init];
+    const substitute::Backing* backing = substitute::backing();
+    if (backing)
+        link->behind = backing->videoLinks.makeVideoLink(haloric::DisplayID{display});
+    if (backing ? !link->behind : !substitute::knowsDisplay(display))
         return kCVReturnInvalidDisplay;
-    *made = (CVDisplayLinkRef)CFBridgingRetain([[RTVideoLink alloc] init]);
+    *made = (CVDisplayLinkRef)CFBridgingRetain(link);
     return kCVReturnSuccess;
 }
 

@@ -2,10 +2,12 @@
 #pragma once
 
 #include "foundation/Foundation.h"
+#include "platform/Application.h"
 
 #import <AppKit/AppKit.h>
 
 #include <functional>
+#include <optional>
 
 @interface NSWindow (Substitute)
 - (void)_scheduleDisplay;
@@ -28,5 +30,8 @@ extern NSWindow* keyWindow;
 
 extern std::function<void(NSAlert*)> whileAlertRuns; // while an alert is shown; may be empty
 extern NSModalResponse alertResponse;                // of the next alerts
+
+// The stand-in of that window of the backing, made if the program did not make it; nil for none.
+NSWindow* windowBehind(const std::optional<haloric::OwnWindow>& window);
 
 } // namespace substitute

@@ -4,6 +4,7 @@
 #include "drawing/raster/RasterCanvas.h"
 #include "graphics/Graphics.h"
 #include "loop/MainLoop.h"
+#include "world/Backing.h"
 #include "world/World.h"
 
 #include <algorithm>
@@ -36,10 +37,19 @@ long drawn;
 NSWindow* keyWindow;
 }
 
+static haloric::Rect globalFrom(NSRect rect)
+{
+    return substitute::flippedByAppKit({rect.origin.x, rect.origin.y, rect.size.width, rect.size.height});
+}
+
+@interface NSWindow (Drawing)
+- (void)_drawOn:(haloric::Canvas&)canvas;
+@end
+
 @implementation NSWindow {
     NSRect _rect;
     unsigned _number;
-    BOOL _shown, _scheduled, _opaque, _shadow, _ignores, _released, _hides, _excluded, _movable;
+    BOOL _shown, _scheduled, _outdated, _opaque, _shadow, _ignores, _released, _hides, _excluded, _movable;
     NSView* _content;
     NSWindowCollectionBehavior _behavior;
     NSWindowLevel _level;
@@ -48,6 +58,7 @@ NSWindow* keyWindow;
     NSWindowAnimationBehavior _animation;
     NSWindowStyleMask _styleMask;
     BOOL _miniaturized, _cannotHide, _noElement;
+    std::unique_ptr<substitute::ServerWindow> _behind; // with a backing
 }
 - (instancetype)initWithContentRect:(NSRect)rect
                           styleMask:(NSWindowStyleMask)mask
@@ -60,7 +71,13 @@ NSWindow* keyWindow;
     _rect = rect;
     _styleMask = mask;
     _opaque = _shadow = _released = _movable = YES;
-    if (!defer) { // a window device at once, off screen
+    _outdated = YES; // nothing has been drawn yet
+    if (const substitute::Backing* backing = substitute::backing()) {
+        NSWindow* __unsafe_unretained window = self; // it owns what is behind it
+        _behind = backing->windows.make(globalFrom(rect), mask & NSWindowStyleMaskTitled,
+                                        {.draw = [window](haloric::Canvas& canvas) { [window _drawOn:canvas]; },
+                                         .closedByUser = [window] { [window close]; }});
+    } else if (!defer) { // a window device at once, off screen
         const std::lock_guard guard(World::the().lock);
         _number = World::the().open(getpid(), rect);
         World::the().find(_number)->onScreen = false;
@@ -82,7 +99,15 @@ NSWindow* keyWindow;
 }
 - (NSRect)frame
 {
-    return _rect;
+    if (!_behind)
+        return _rect;
+    const haloric::Rect frame = substitute::flippedByAppKit(_behind->frame());
+    return NSMakeRect(frame.x, frame.y, frame.width, frame.height);
+}
+- (NSRect)_contentBounds
+{
+    const NSSize size = self.frame.size;
+    return NSMakeRect(0, 0, size.width, size.height - (_behind ? _behind->titleBarHeight() : 0));
 }
 - (NSRect)constrainFrameRect:(NSRect)frame toScreen:(NSScreen*)screen
 {
@@ -92,13 +117,21 @@ NSWindow* keyWindow;
 {
     frame = [self constrainFrameRect:frame toScreen:nil];
     _rect = frame;
-    _content.frame = NSMakeRect(0, 0, frame.size.width, frame.size.height);
+    if (_behind)
+        _behind->setFrame(globalFrom(frame));
+    _content.frame = [self _contentBounds];
+    if (display && _content.needsDisplay)
+        [self _scheduleDisplay];
     if (_number)
         World::the().setFrame(_number, [self _global]);
 }
 - (void)setFrameOrigin:(NSPoint)origin
 {
     _rect.origin = origin;
+    if (_behind) {
+        const NSSize size = self.frame.size;
+        _behind->setFrame(globalFrom(NSMakeRect(origin.x, origin.y, size.width, size.height)));
+    }
     if (_number)
         World::the().setFrame(_number, [self _global]);
 }
@@ -108,11 +141,15 @@ NSWindow* keyWindow;
 }
 - (BOOL)isVisible
 {
-    return _shown;
+    return _behind ? _behind->isVisible() : _shown;
 }
 - (void)orderFrontRegardless
 {
     _shown = YES;
+    if (_behind)
+        _behind->orderFront(_behavior & NSWindowCollectionBehaviorMoveToActiveSpace
+                                ? substitute::ServerWindow::Space::active
+                                : substitute::ServerWindow::Space::wherePlaced);
     if (_number) {
         const std::lock_guard guard(World::the().lock);
         World::the().find(_number)->onScreen = true;
@@ -124,6 +161,8 @@ NSWindow* keyWindow;
 - (void)orderOut:(id)sender
 {
     _shown = NO;
+    if (_behind)
+        _behind->orderOut();
     if (_number) {
         const std::lock_guard guard(World::the().lock);
         World::the().find(_number)->onScreen = false;
@@ -131,6 +170,8 @@ NSWindow* keyWindow;
 }
 - (NSInteger)windowNumber
 {
+    if (_behind)
+        return _behind->number() > 0 ? static_cast<NSInteger>(_behind->number()) : -1;
     return _number ? static_cast<NSInteger>(_number) : -1;
 }
 - (NSView*)contentView
@@ -141,12 +182,15 @@ NSWindow* keyWindow;
 {
     _content = view;
     [view _setWindow:self];
-    view.frame = NSMakeRect(0, 0, _rect.size.width, _rect.size.height);
+    view.frame = [self _contentBounds];
     [view setNeedsDisplay:YES];
 }
 - (void)_scheduleDisplay
 {
-    if (_scheduled)
+    if (_behind && !_outdated)
+        _behind->contentsAreOutdated();
+    _outdated = YES;
+    if (_scheduled || !self.visible) // a window that is not on screen displays when it is ordered to the front
         return;
     _scheduled = YES;
     NSWindow* __weak weak = self;
@@ -155,8 +199,13 @@ NSWindow* keyWindow;
 - (void)_display
 {
     _scheduled = NO;
-    if (!_shown || !_content || ![_content _takeNeedsDisplay])
+    if (!self.visible || !_content || ![_content _takeNeedsDisplay])
         return;
+    _outdated = NO;
+    if (_behind) {
+        _behind->drawContents();
+        return;
+    }
     const double scale = 2;
     const haloric::Size size{_rect.size.width, _rect.size.height};
     const haloric::PixelRect pixels = haloric::DeviceSpace(scale, size).pixels();
@@ -164,16 +213,26 @@ NSWindow* keyWindow;
     haloric::RasterResources resources;
     haloric::RasterCanvas canvas(resources, picture.buffer(), {scale, size, 0, 0},
                                  haloric::RasterContents::transparent);
-    CGContextRef context = substitute::makeContext(canvas);
-    g_current = [NSGraphicsContext graphicsContextWithCGContext:context flipped:_content.isFlipped];
-    [_content drawRect:_content.bounds];
+    [self _drawOn:canvas];
     ++substitute::drawn;
-    g_current = nil;
+}
+- (void)_drawOn:(haloric::Canvas&)canvas
+{
+    if (!_content)
+        return;
+    CGContextRef context = substitute::makeContext(canvas);
+    @autoreleasepool {
+        g_current = [NSGraphicsContext graphicsContextWithCGContext:context flipped:_content.isFlipped];
+        [_content drawRect:_content.bounds];
+        g_current = nil;
+    }
     CFRelease(context);
 }
 - (void)setTitle:(NSString*)v
 {
     _title = [v copy];
+    if (_behind)
+        _behind->setTitle([v _utf8]);
 }
 - (NSString*)title
 {
@@ -184,10 +243,18 @@ NSWindow* keyWindow;
 }
 - (void)center
 {
+    if (_behind)
+        _behind->center();
 }
 // NSWindow makeKeyAndOrderFront: while the application is inactive, its windows stay behind those of the active one.
 - (void)makeKeyAndOrderFront:(id)sender
 {
+    if (_behind && self.canBecomeKeyWindow) {
+        _behind->makeKeyAndOrderFront();
+        if (_content.needsDisplay)
+            [self _scheduleDisplay];
+        return;
+    }
     if (NSApp.active || World::the().frontmost == 0)
         [self orderFrontRegardless];
     else if (!_shown) {
@@ -271,7 +338,7 @@ NSWindow* keyWindow;
 }
 - (NSRect)contentLayoutRect
 {
-    return self.frame;
+    return [self _contentBounds];
 }
 - (void)setOpaque:(BOOL)v
 {
@@ -312,6 +379,8 @@ NSWindow* keyWindow;
 - (void)setLevel:(NSWindowLevel)v
 {
     _level = v;
+    if (_behind)
+        _behind->setLevel(v);
     if (_number) {
         const std::lock_guard guard(World::the().lock);
         World::the().find(_number)->layer = v;

@@ -2,6 +2,8 @@
 #include "foundation/Balance.h"
 #include "loop/MainLoop.h"
 #include "loop/Sources.h"
+#include "platform/Accessibility.h"
+#include "world/Backing.h"
 #include "world/World.h"
 
 #import <ApplicationServices/ApplicationServices.h>
@@ -21,15 +23,23 @@ using Lock = std::lock_guard<std::recursive_mutex>;
     int pid;
     unsigned number;
     float timeout; // seconds; 0: the one that holds for all elements
+    bool isBehind; // with a backing: of that, which may have none for the process
+    haloric::AXElement behind;
+    NSUInteger hashBehind;
 }
 @end
 @implementation RTElement
 - (BOOL)isEqual:(id)o
 {
-    return [o isKindOfClass:RTElement.class] && ((RTElement*)o)->pid == pid && ((RTElement*)o)->number == number;
+    if (![o isKindOfClass:RTElement.class])
+        return NO;
+    RTElement* other = o;
+    return isBehind ? other->isBehind && other->hashBehind == hashBehind : other->pid == pid && other->number == number;
 }
 - (NSUInteger)hash
 {
+    if (isBehind)
+        return hashBehind;
     return static_cast<NSUInteger>(pid) * 1000003u + number;
 }
 @end
@@ -48,7 +58,9 @@ using Lock = std::lock_guard<std::recursive_mutex>;
     RTSource* source;
     std::vector<std::pair<std::string, void*>> names;
     std::vector<std::pair<std::string, unsigned>> heard;
+    std::unique_ptr<haloric::AXObserver> behind; // with a backing
 }
+- (void)deliver;
 @end
 static std::set<RTAXObserver * __unsafe_unretained>& observers()
 {
@@ -89,7 +101,10 @@ static const substitute::Counted counted("Accessibility observers",
 {
     const Lock guard(World::the().lock);
     observers().erase(self);
+    if (!source)
+        return; // made for a process that cannot be observed
     source->perform = nullptr;
+    source->placed = nullptr;
     source->valid = false;
 }
 @end
@@ -137,14 +152,83 @@ static AXError reachApplication(RTElement* element)
     return kAXErrorCannotComplete;
 }
 
+// ---- with a backing
+
+static RTElement* elementBehind(haloric::AXElement behind)
+{
+    RTElement* made = [[RTElement alloc] init];
+    made->isBehind = true;
+    if (behind)
+        made->hashBehind = substitute::backing()->adapters.accessibility.hash(behind);
+    made->behind = std::move(behind);
+    return made;
+}
+namespace {
+struct ObjectFor {
+    id operator()(std::monostate) const { return nil; }
+    id operator()(haloric::AXOtherValue) const { return @1; }
+    id operator()(bool value) const { return @(static_cast<BOOL>(value)); }
+    id operator()(const std::string& value) const { return text(value); }
+    id operator()(haloric::Point p) const { return axPair(static_cast<AXValueType>(kAXValueCGPointType), p.x, p.y); }
+    id operator()(haloric::Size s) const
+    {
+        return axPair(static_cast<AXValueType>(kAXValueCGSizeType), s.width, s.height);
+    }
+    id operator()(const haloric::AXElement& element) const { return elementBehind(element); }
+};
+} // namespace
+static AXError copyBehind(RTElement* element, const std::string& name, CFTypeRef* value)
+{
+    if (!element->behind)
+        return kAXErrorInvalidUIElement;
+    const auto attribute = substitute::backing()->adapters.accessibility.copyAttribute(element->behind, name);
+    if (attribute.error == haloric::AXError::success)
+        if (id object = std::visit(ObjectFor(), attribute.value))
+            *value = CFBridgingRetain(object);
+    return static_cast<AXError>(attribute.error);
+}
+static RTAXObserver* observerBehind(pid_t pid, AXObserverCallback callback)
+{
+    RTAXObserver* one = [[RTAXObserver alloc] init];
+    RTAXObserver* __unsafe_unretained bare = one; // what is behind goes with it
+    one->behind = substitute::backing()->adapters.accessibility.createObserver(
+        haloric::ProcessID{pid}, [bare](std::string_view name) {
+            RTAXObserver* __unsafe_unretained strict = bare;
+            @autoreleasepool {
+                strict->heard.emplace_back(name, 0);
+                [strict deliver];
+            }
+        });
+    if (!one->behind)
+        return nil;
+    one->pid = pid;
+    one->callback = callback;
+    one->source = [[RTSource alloc] init];
+    haloric::AXObserver* behind = one->behind.get();
+    one->source->placed = [behind](bool onLoop) {
+        if (onLoop)
+            behind->addToMainRunLoop();
+        else
+            behind->removeFromMainRunLoop();
+    };
+    return one;
+}
+
 extern "C" {
 const CFStringRef kAXTrustedCheckOptionPrompt = CFSTR("AXTrustedCheckOptionPrompt");
 Boolean AXIsProcessTrusted()
 {
     ++substitute::questions()["AXIsProcessTrusted"];
-    return World::the().trusted;
+    const substitute::Backing* backing = substitute::backing();
+    return backing ? backing->adapters.accessibility.isProcessTrusted() : World::the().trusted;
 }
-Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef) { return World::the().trusted; }
+Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options)
+{
+    const substitute::Backing* backing = substitute::backing();
+    NSNumber* prompt = ((__bridge NSDictionary*)options)[(__bridge NSString*)kAXTrustedCheckOptionPrompt];
+    return backing ? backing->adapters.accessibility.isProcessTrustedWithPrompt(prompt.boolValue)
+                   : World::the().trusted;
+}
 CFTypeID AXUIElementGetTypeID() { return (CFTypeID)RTElement.class; }
 CFTypeID AXValueGetTypeID() { return (CFTypeID)RTAXValue.class; }
 AXValueType AXValueGetType(AXValueRef value) { return ((__bridge RTAXValue*)(void*)value)->type; }
@@ -157,21 +241,32 @@ Boolean AXValueGetValue(AXValueRef value, AXValueType type, void* to)
     static_cast<double*>(to)[1] = one->b;
     return true;
 }
-AXUIElementRef AXUIElementCreateApplication(pid_t pid) { return (AXUIElementRef)CFBridgingRetain(element(pid, 0)); }
+AXUIElementRef AXUIElementCreateApplication(pid_t pid)
+{
+    if (const substitute::Backing* backing = substitute::backing())
+        return (AXUIElementRef)CFBridgingRetain(
+            elementBehind(backing->adapters.accessibility.createApplicationElement(haloric::ProcessID{pid})));
+    return (AXUIElementRef)CFBridgingRetain(element(pid, 0));
+}
 AXError AXUIElementSetMessagingTimeout(AXUIElementRef e, float seconds)
 {
     if (!e)
         raise("AXUIElementSetMessagingTimeout: null");
-    ((__bridge RTElement*)(void*)e)->timeout = seconds;
+    RTElement* one = (__bridge RTElement*)(void*)e;
+    one->timeout = seconds;
+    if (one->behind)
+        substitute::backing()->adapters.accessibility.setMessagingTimeout(one->behind, seconds);
     return kAXErrorSuccess;
 }
 AXError AXUIElementCopyAttributeValue(AXUIElementRef reference, CFStringRef attribute, CFTypeRef* value)
 {
     RTElement* one = (__bridge RTElement*)(void*)reference;
+    const std::string name = [(__bridge NSString*)attribute _utf8];
+    if (one->isBehind)
+        return copyBehind(one, name, value);
     if (const AXError error = reachApplication(one); error != kAXErrorSuccess)
         return error;
     const Lock guard(World::the().lock);
-    const std::string name = [(__bridge NSString*)attribute _utf8];
     World& world = World::the();
     if (!world.applications.contains(one->pid))
         return kAXErrorInvalidUIElement;
@@ -206,6 +301,14 @@ AXError AXUIElementCopyAttributeValue(AXUIElementRef reference, CFStringRef attr
 __attribute__((visibility("default"))) AXError _AXUIElementGetWindow(AXUIElementRef reference, CGWindowID* number)
 {
     RTElement* one = (__bridge RTElement*)(void*)reference;
+    if (one->isBehind) {
+        if (!one->behind)
+            return kAXErrorInvalidUIElement;
+        const auto found = substitute::backing()->adapters.accessibility.windowNumber(one->behind);
+        if (found.error == haloric::AXError::success)
+            *number = static_cast<CGWindowID>(found.number);
+        return static_cast<AXError>(found.error);
+    }
     const Lock guard(World::the().lock);
     if (!one->number || !World::the().find(one->number))
         return kAXErrorIllegalArgument;
@@ -214,6 +317,12 @@ __attribute__((visibility("default"))) AXError _AXUIElementGetWindow(AXUIElement
 }
 AXError AXObserverCreate(pid_t pid, AXObserverCallback callback, AXObserverRef* made)
 {
+    if (substitute::backing()) {
+        RTAXObserver* one = observerBehind(pid, callback);
+        if (one)
+            *made = (AXObserverRef)CFBridgingRetain(one);
+        return one ? kAXErrorSuccess : kAXErrorFailure;
+    }
     const Lock guard(World::the().lock);
     if (!World::the().applications.contains(pid))
         return kAXErrorFailure;
@@ -232,10 +341,19 @@ AXError AXObserverCreate(pid_t pid, AXObserverCallback callback, AXObserverRef* 
 }
 AXError AXObserverAddNotification(AXObserverRef observer, AXUIElementRef reference, CFStringRef name, void* context)
 {
-    if (const AXError error = reachApplication((__bridge RTElement*)(void*)reference); error != kAXErrorSuccess)
+    RTAXObserver* one = (__bridge RTAXObserver*)(void*)observer;
+    const std::string word = [(__bridge NSString*)name _utf8];
+    if (one->behind) {
+        RTElement* element = (__bridge RTElement*)(void*)reference;
+        if (!element->behind)
+            return kAXErrorInvalidUIElement;
+        const auto error = static_cast<AXError>(one->behind->addNotification(element->behind, word));
+        if (error != kAXErrorSuccess)
+            return error;
+    } else if (const AXError error = reachApplication((__bridge RTElement*)(void*)reference); error != kAXErrorSuccess)
         return error;
     const Lock guard(World::the().lock);
-    ((__bridge RTAXObserver*)(void*)observer)->names.emplace_back([(__bridge NSString*)name _utf8], context);
+    one->names.emplace_back(word, context);
     return kAXErrorSuccess;
 }
 CFRunLoopSourceRef AXObserverGetRunLoopSource(AXObserverRef observer)

@@ -2,6 +2,8 @@
 #include "foundation/Balance.h"
 #include "loop/MainLoop.h"
 #include "loop/Sources.h"
+#include "platform/InputMonitors.h"
+#include "world/Backing.h"
 #include "world/World.h"
 
 #import <ApplicationServices/ApplicationServices.h>
@@ -27,7 +29,9 @@ using Lock = std::lock_guard<std::recursive_mutex>;
     void* context;
     bool valid, enabled;
     RTSource* source;
+    std::unique_ptr<haloric::EventTap> behind; // with a backing
 }
+- (void)take:(int)type key:(long)key flags:(unsigned long)flags;
 @end
 static NSMutableArray<RTPort*>* taps()
 {
@@ -36,15 +40,37 @@ static NSMutableArray<RTPort*>* taps()
 }
 static const substitute::Counted counted("event taps", [] { return static_cast<long>(taps().count); });
 @implementation RTPort
+- (void)take:(int)type key:(long)key flags:(unsigned long)flags
+{
+    RTCGEvent* event = [[RTCGEvent alloc] init];
+    event->type = type;
+    event->key = key;
+    event->flags = flags;
+    callback(nullptr, static_cast<CGEventType>(type), (__bridge CGEventRef)event, context);
+}
 @end
 extern "C" {
-CFMachPortRef CGEventTapCreate(CGEventTapLocation, CGEventTapPlacement, CGEventTapOptions, CGEventMask mask,
-                               CGEventTapCallBack callback, void* context)
+CFMachPortRef CGEventTapCreate(CGEventTapLocation location, CGEventTapPlacement placement, CGEventTapOptions options,
+                               CGEventMask mask, CGEventTapCallBack callback, void* context)
 {
     // CGEventTapCreate returns NULL when the process may not watch the events.
     if (World::the().tapsRefused)
         return nullptr;
     RTPort* made = [[RTPort alloc] init];
+    if (const substitute::Backing* backing = substitute::backing()) {
+        RTPort* __unsafe_unretained port = made; // it owns its tap behind
+        made->behind = backing->adapters.input.createEventTap(
+            {haloric::TapLocation{location}, haloric::TapPlacement{placement}, haloric::TapOptions{options},
+             static_cast<haloric::EventMask>(mask)},
+            [port](const haloric::TapEvent& event) {
+                RTPort* const taking = port;
+                @autoreleasepool {
+                    [taking take:static_cast<int>(event.type) key:event.keyCode flags:event.flags];
+                }
+            });
+        if (!made->behind)
+            return nullptr;
+    }
     made->mask = mask;
     made->callback = callback;
     made->context = context;
@@ -57,12 +83,20 @@ CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef, CFMachPortRef p
     RTPort* one = (__bridge RTPort*)(void*)port;
     if (!one->source)
         one->source = [[RTSource alloc] init];
+    if (one->behind)
+        one->source->placed = [port = one->behind.get()](bool onLoop) {
+            if (onLoop)
+                port->addToMainRunLoop();
+        };
     return (CFRunLoopSourceRef)CFBridgingRetain(one->source);
 }
 void CFMachPortInvalidate(CFMachPortRef port)
 {
     RTPort* one = (__bridge RTPort*)(void*)port;
     one->valid = false;
+    if (one->source)
+        one->source->placed = nullptr;
+    one->behind.reset();
     [taps() removeObjectIdenticalTo:one];
     if (one->source) {
         one->source->valid = false;
@@ -70,7 +104,13 @@ void CFMachPortInvalidate(CFMachPortRef port)
         CFRunLoopRemoveSource(CFRunLoopGetMain(), (__bridge CFRunLoopSourceRef)one->source, kCFRunLoopCommonModes);
     }
 }
-void CGEventTapEnable(CFMachPortRef port, BOOL on) { ((__bridge RTPort*)(void*)port)->enabled = on; }
+void CGEventTapEnable(CFMachPortRef port, BOOL on)
+{
+    RTPort* one = (__bridge RTPort*)(void*)port;
+    one->enabled = on;
+    if (one->behind && on)
+        one->behind->enable();
+}
 int64_t CGEventGetIntegerValueField(CGEventRef event, CGEventField) { return ((__bridge RTCGEvent*)(void*)event)->key; }
 CGEventFlags CGEventGetFlags(CGEventRef event) { return ((__bridge RTCGEvent*)(void*)event)->flags; }
 }
@@ -80,13 +120,7 @@ void World::tap(int type, long key, unsigned long flags)
         if (!one->enabled || !one->source || !(one->mask & (1ull << type)))
             continue;
         RTPort* __unsafe_unretained port = one;
-        one->source->perform = [port, type, key, flags] {
-            RTCGEvent* event = [[RTCGEvent alloc] init];
-            event->type = type;
-            event->key = key;
-            event->flags = flags;
-            port->callback(nullptr, static_cast<CGEventType>(type), (__bridge CGEventRef)event, port->context);
-        };
+        one->source->perform = [port, type, key, flags] { [port take:type key:key flags:flags]; };
         [one->source signal];
     }
 }

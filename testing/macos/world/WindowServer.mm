@@ -2,8 +2,12 @@
 // run time.
 #include "foundation/Balance.h"
 #include "loop/MainLoop.h"
+#include "platform/WindowServerCalls.h"
+#include "world/Backing.h"
 #include "world/World.h"
 
+#include <algorithm>
+#include <memory>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -32,19 +36,61 @@ std::set<std::string>& missingSymbols()
 bool lacks(const char* symbol) { return missingSymbols().contains(symbol); }
 const substitute::Counted counted("notification procedures of the window server",
                                   [] { return static_cast<long>(g_procs.size()); });
+
+// ---- with a backing
+
+haloric::Subscription g_loaded;
+std::size_t g_deliveries = 0;
+
+haloric::WindowServerCalls& callsBehind() { return substitute::backing()->adapters.windowServerCalls; }
+
+// The backing notifies once for each registration; each time another one of the event's procedures is called.
+void deliver(haloric::WindowServerEvent event, haloric::WindowNumber window)
+{
+    std::vector<Proc> procs;
+    for (const Proc& proc : g_procs)
+        if (proc.event == static_cast<std::uint32_t>(event))
+            procs.push_back(proc);
+    if (procs.empty())
+        return;
+    const Proc& proc = procs[g_deliveries++ % procs.size()];
+    const auto number = static_cast<std::uint32_t>(window);
+    proc.call(proc.event, &number, sizeof number, proc.context);
 }
+
+bool isLibraryMissing()
+{
+    g_loaded.reset();
+    g_loaded = callsBehind().load(deliver);
+    const auto& symbols = haloric::WindowServerCalls::kSymbols;
+    std::set<std::string> missing;
+    for (std::size_t entry = 0; entry < std::size(symbols); ++entry)
+        if (!callsBehind().has(static_cast<haloric::WindowServerCalls::Entry>(entry)))
+            missing.emplace(symbols[entry]);
+    const bool isAll = missing.size() == std::size(symbols);
+    substitute::setMissingSymbols(std::move(missing));
+    return isAll;
+}
+} // namespace
 @interface RTTransaction : NSObject {
 @public
     std::vector<std::pair<unsigned, CGPoint>> moves;
+    std::unique_ptr<haloric::WindowServerTransaction> behind; // with a backing
 }
 @end
 @implementation RTTransaction
 @end
 extern "C" {
 #define PRIVATE __attribute__((visibility("default"), used))
-PRIVATE std::int32_t SLSMainConnectionID() { return 7; }
-PRIVATE std::int32_t SLSGetWindowBounds(std::int32_t, std::uint32_t number, CGRect* rect)
+PRIVATE std::int32_t SLSMainConnectionID() { return substitute::backing() ? callsBehind().mainConnection() : 7; }
+PRIVATE std::int32_t SLSGetWindowBounds(std::int32_t connection, std::uint32_t number, CGRect* rect)
 {
+    if (substitute::backing()) {
+        const auto bounds = callsBehind().getBounds(connection, haloric::WindowNumber{number});
+        if (bounds)
+            *rect = CGRectMake(bounds->x, bounds->y, bounds->width, bounds->height);
+        return bounds ? 0 : 1000;
+    }
     const Lock guard(World::the().lock);
     const auto* w = World::the().find(number);
     if (!w)
@@ -54,32 +100,52 @@ PRIVATE std::int32_t SLSGetWindowBounds(std::int32_t, std::uint32_t number, CGRe
 }
 PRIVATE std::int32_t SLSRegisterNotifyProc(decltype(Proc::call) call, std::uint32_t event, void* context)
 {
+    if (substitute::backing() && !callsBehind().registerProc(haloric::WindowServerEvent{event}))
+        return 1000;
     g_procs.push_back({call, event, context});
     return 0;
 }
 PRIVATE std::int32_t SLSRemoveNotifyProc(decltype(Proc::call) call, std::uint32_t event, void* context)
 {
-    return std::erase_if(g_procs,
-                         [&](const Proc& p) { return p.call == call && p.event == event && p.context == context; }) == 1
-               ? 0
-               : 1000;
+    const auto found = std::ranges::find_if(
+        g_procs, [&](const Proc& p) { return p.call == call && p.event == event && p.context == context; });
+    if (found == g_procs.end())
+        return 1000;
+    if (substitute::backing() && !callsBehind().removeProc(haloric::WindowServerEvent{event}))
+        return 1000;
+    g_procs.erase(found);
+    return 0;
 }
-PRIVATE std::int32_t SLSRequestNotificationsForWindows(std::int32_t, const std::uint32_t* numbers, std::int32_t count)
+PRIVATE std::int32_t SLSRequestNotificationsForWindows(std::int32_t connection, const std::uint32_t* numbers,
+                                                       std::int32_t count)
 {
+    if (substitute::backing())
+        return callsBehind().request(connection, haloric::WindowNumber{count > 0 ? numbers[0] : 0}) ? 0 : 1000;
     g_watched = std::set<unsigned>(numbers, numbers + count);
     return 0;
 }
-PRIVATE void* SLSTransactionCreate(std::int32_t)
+PRIVATE void* SLSTransactionCreate(std::int32_t connection)
 {
-    return const_cast<void*>(CFBridgingRetain([[RTTransaction alloc] init]));
+    RTTransaction* made = [[RTTransaction alloc] init];
+    if (substitute::backing() && !(made->behind = callsBehind().create(connection)))
+        return nullptr;
+    return const_cast<void*>(CFBridgingRetain(made));
 }
 PRIVATE std::int32_t SLSTransactionMoveWindowWithGroup(void* t, std::uint32_t number, CGPoint origin)
 {
-    ((__bridge RTTransaction*)t)->moves.emplace_back(number, origin);
+    RTTransaction* transaction = (__bridge RTTransaction*)t;
+    if (transaction->behind)
+        transaction->behind->move(haloric::WindowNumber{number}, {origin.x, origin.y});
+    else
+        transaction->moves.emplace_back(number, origin);
     return 0;
 }
 PRIVATE std::int32_t SLSTransactionCommit(void* t, std::int32_t)
 {
+    if (((__bridge RTTransaction*)t)->behind) {
+        ((__bridge RTTransaction*)t)->behind->commit();
+        return 0;
+    }
     const Lock guard(World::the().lock);
     for (const auto& [number, origin] : ((__bridge RTTransaction*)t)->moves)
         if (auto* w = World::the().find(number))
@@ -91,7 +157,7 @@ void* __real_dlopen(const char* path, int mode);
 void* __wrap_dlopen(const char* path, int mode)
 {
     const bool isPrivate = path && std::string_view(path).starts_with("/System/Library/PrivateFrameworks/");
-    if (isPrivate && World::the().libraryMissing)
+    if (isPrivate && (substitute::backing() ? isLibraryMissing() : World::the().libraryMissing))
         return nullptr;
     return __real_dlopen(isPrivate ? nullptr : path, mode);
 }
@@ -124,5 +190,6 @@ void forgetWindowServerClients()
 {
     g_procs.clear();
     g_watched.clear();
+    g_loaded.reset();
 }
 }

@@ -1,8 +1,12 @@
 // The workspace, its applications, and the screens.
+#include "platform/Workspace.h"
 #include "foundation/Balance.h"
 #include "loop/DisplayLinks.h"
 #include "loop/MainLoop.h"
+#include "platform/ApplicationCatalog.h"
+#include "platform/Screens.h"
 #include "windows/Windows.h"
+#include "world/Backing.h"
 #include "world/World.h"
 
 #import <AppKit/AppKit.h>
@@ -29,8 +33,18 @@ NSNotificationName const NSApplicationDidChangeScreenParametersNotification =
 
 namespace substitute {
 int yieldedTo;
+int frontmostProcess()
+{
+    const Backing* behind = backing();
+    if (!behind)
+        return World::the().frontmost;
+    const auto frontmost = behind->adapters.workspace.frontmostApplication();
+    return frontmost ? static_cast<int>(frontmost->pid) : 0;
+}
 bool activate(int pid)
 {
+    if (const Backing* behind = backing())
+        return behind->activate(haloric::ProcessID{pid});
     World& world = World::the();
     const Lock guard(world.lock);
     if (pid != getpid() && !world.applications.contains(pid))
@@ -45,9 +59,25 @@ bool activate(int pid)
 @implementation NSRunningApplication {
 @public
     int _pid;
+    BOOL _behind, _hidden; // with a backing
+    NSString* _identifier;
+    NSApplicationActivationPolicy _policy;
+}
++ (instancetype)_withIdentifier:(const std::optional<std::string>&)identifier
+{
+    NSRunningApplication* made = [[NSRunningApplication alloc] init];
+    made->_behind = YES;
+    made->_identifier = identifier ? text(*identifier) : nil;
+    return made;
 }
 + (instancetype)runningApplicationWithProcessIdentifier:(pid_t)pid
 {
+    if (const substitute::Backing* backing = substitute::backing()) {
+        NSRunningApplication* made =
+            [self _withIdentifier:backing->adapters.workspace.bundleIdentifier(haloric::ProcessID{pid})];
+        made->_pid = pid;
+        return made;
+    }
     if (!World::the().applications.contains(pid))
         return nil;
     NSRunningApplication* made = [[NSRunningApplication alloc] init];
@@ -57,7 +87,7 @@ bool activate(int pid)
 + (NSRunningApplication*)currentApplication
 {
     NSRunningApplication* made = [[NSRunningApplication alloc] init];
-    made->_pid = getpid();
+    made->_pid = NSProcessInfo.processInfo.processIdentifier;
     return made;
 }
 - (pid_t)processIdentifier
@@ -66,6 +96,8 @@ bool activate(int pid)
 }
 - (BOOL)isTerminated
 {
+    if (const substitute::Backing* backing = substitute::backing())
+        return !backing->isRunning(haloric::ProcessID{_pid});
     return _pid != getpid() && !World::the().applications.contains(_pid);
 }
 // NSRunningApplication activateWithOptions: asks; without "all windows" only the main and the key window come forward.
@@ -76,21 +108,21 @@ bool activate(int pid)
 // NSRunningApplication activateFromApplication:options: works for the application that the active one has yielded to.
 - (BOOL)activateFromApplication:(NSRunningApplication*)application options:(NSApplicationActivationOptions)options
 {
-    if (application->_pid != World::the().frontmost || substitute::yieldedTo != _pid)
+    if (application->_pid != substitute::frontmostProcess() || substitute::yieldedTo != _pid)
         return NO;
     return substitute::activate(_pid);
 }
 - (BOOL)isHidden
 {
-    return World::the().applications[_pid];
+    return _behind ? _hidden : World::the().applications[_pid];
 }
 - (NSString*)bundleIdentifier
 {
-    return text("application." + std::to_string(_pid));
+    return _behind ? _identifier : text("application." + std::to_string(_pid));
 }
 - (NSApplicationActivationPolicy)activationPolicy
 {
-    return NSApplicationActivationPolicyRegular;
+    return _policy;
 }
 @end
 @implementation NSWorkspace {
@@ -111,6 +143,14 @@ bool activate(int pid)
 {
     ++substitute::questions()["runningApplications"];
     NSMutableArray* all = [NSMutableArray array];
+    if (const substitute::Backing* backing = substitute::backing()) {
+        for (const auto& one : backing->adapters.applicationCatalog.runningApplications()) {
+            NSRunningApplication* running = [NSRunningApplication _withIdentifier:one.bundleIdentifier];
+            running->_policy = static_cast<NSApplicationActivationPolicy>(one.activationPolicy);
+            [all addObject:running];
+        }
+        return all;
+    }
     for (const auto& [pid, hidden] : World::the().applications)
         [all addObject:[NSRunningApplication runningApplicationWithProcessIdentifier:pid]];
     return all;
@@ -118,7 +158,9 @@ bool activate(int pid)
 - (NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)identifier
 {
     ++substitute::questions()["URLForApplicationWithBundleIdentifier:"];
-    return nil;
+    const substitute::Backing* backing = substitute::backing();
+    const auto path = backing ? backing->adapters.applicationCatalog.applicationPath([identifier _utf8]) : std::nullopt;
+    return path ? [NSURL fileURLWithPath:text(*path)] : nil;
 }
 - (NSImage*)iconForFile:(NSString*)path
 {
@@ -126,11 +168,23 @@ bool activate(int pid)
 }
 - (BOOL)openURL:(NSURL*)url
 {
-    substitute::openedURLs().push_back([url.absoluteString _utf8]);
+    if (const substitute::Backing* backing = substitute::backing())
+        backing->adapters.workspace.openURL([url.absoluteString _utf8]);
+    else
+        substitute::openedURLs().push_back([url.absoluteString _utf8]);
     return YES;
 }
 - (NSRunningApplication*)frontmostApplication
 {
+    if (const substitute::Backing* backing = substitute::backing()) {
+        const auto frontmost = backing->adapters.workspace.frontmostApplication();
+        if (!frontmost)
+            return nil;
+        NSRunningApplication* made =
+            [NSRunningApplication runningApplicationWithProcessIdentifier:static_cast<pid_t>(frontmost->pid)];
+        made->_hidden = frontmost->hidden;
+        return made;
+    }
     return [NSRunningApplication runningApplicationWithProcessIdentifier:World::the().frontmost];
 }
 @end
@@ -164,10 +218,22 @@ void setDisplays(std::vector<Display> arrangement)
 @implementation NSScreen {
 @public
     substitute::Display _display;
+    std::optional<haloric::Screen> _behind; // with a backing
 }
 + (NSArray*)screens
 {
     NSMutableArray* all = [NSMutableArray array];
+    if (substitute::backing()) {
+        for (const haloric::Screen& screen : substitute::screensOfAppKit()) {
+            NSScreen* made = [[NSScreen alloc] init];
+            made->_behind = screen;
+            made->_display = {static_cast<unsigned>(screen.displayID.value_or(haloric::DisplayID::none)),
+                              CGRectMake(screen.frame.x, screen.frame.y, screen.frame.width, screen.frame.height),
+                              screen.backingScale};
+            [all addObject:made];
+        }
+        return all;
+    }
     for (const auto& one : substitute::displays) {
         NSScreen* made = [[NSScreen alloc] init];
         made->_display = one;
@@ -181,11 +247,13 @@ void setDisplays(std::vector<Display> arrangement)
 }
 - (NSDictionary*)deviceDescription
 {
+    if (_behind && !_behind->displayID)
+        return @{};
     return @{@"NSScreenNumber" : @(_display.number)};
 }
 - (NSInteger)maximumFramesPerSecond
 {
-    return 60;
+    return _behind ? static_cast<NSInteger>(_behind->maximumFramesPerSecond) : 60;
 }
 - (CGFloat)backingScaleFactor
 {
@@ -193,6 +261,6 @@ void setDisplays(std::vector<Display> arrangement)
 }
 - (CADisplayLink*)displayLinkWithTarget:(id)target selector:(SEL)action
 {
-    return substitute::makeScreenLink(target, action);
+    return substitute::makeScreenLink(target, action, _behind ? &*_behind : nullptr);
 }
 @end

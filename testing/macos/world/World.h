@@ -84,6 +84,8 @@ std::map<std::string, int>& questions();
 
 // Makes the application frontmost and tells the workspace's observers. False for one that does not run.
 bool activate(int pid);
-extern int yieldedTo; // the process that the active application lets be activated next; 0: none
+
+int frontmostProcess(); // 0: none
+extern int yieldedTo;   // the process that the active application lets be activated next; 0: none
 
 } // namespace substitute

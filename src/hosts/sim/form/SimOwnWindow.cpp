@@ -52,6 +52,14 @@ void SimOwnWindow::makeKeyAndOrderFront()
     m_desktop.windows.focus(*onDesktop());
 }
 
+void SimOwnWindow::orderFront()
+{
+    if (isVisible())
+        m_desktop.model.windows.raise(m_number);
+    else
+        open();
+}
+
 void SimOwnWindow::close()
 {
     SimWindow* window = onDesktop();

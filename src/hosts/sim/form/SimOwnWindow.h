@@ -31,6 +31,7 @@ public:
     void setFrame(const Rect& frame);
     void center(); // on the primary screen
     void makeKeyAndOrderFront();
+    void orderFront(); // without the focus, unless it comes on the desktop
     void close();
 
 private:

@@ -110,7 +110,8 @@ static const substitute::Counted counted("Accessibility observers",
 @end
 void substitute::tellAccessibility(int pid, const char* name, unsigned number)
 {
-    for (RTAXObserver* one : observers())
+    // Not retained: another thread may be about to end it, and waits for the lock to do so.
+    for (RTAXObserver* __unsafe_unretained one : observers())
         if (one->pid == pid) {
             one->heard.emplace_back(name, number);
             [one->source signal];

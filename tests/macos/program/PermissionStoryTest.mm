@@ -1,6 +1,8 @@
 // What the user permits the program, and what it shows without.
 #include "macos/program/Story.h"
 
+#include "windows/Windows.h"
+
 #include <gtest/gtest.h>
 
 namespace haloric {
@@ -31,6 +33,22 @@ TEST(PermissionStory, the_highlight_comes_with_the_permission_and_goes_with_it)
                              require(menuItem(@"Grant Accessibility Permission…"), "the menu offers it again");
                              require(alerts().size() == 1, "no further alert interrupts the user");
                          }});
+}
+
+TEST(PermissionStory, later_is_an_answer_too)
+{
+    const auto before = [] {
+        World::the().trusted = false;
+        substitute::alertResponse = NSAlertSecondButtonReturn;
+    };
+    const auto then = [] {
+        require(substitute::openedURLs().empty(), "System Settings stay closed");
+        waitForTwoPolls();
+        choose(@"Grant Accessibility Permission…");
+        waitUntil("the menu opens System Settings", [] { return substitute::openedURLs().size() == 1; });
+        require(alerts().size() == 1, "the alert is shown once");
+    };
+    expectToEndWell({.before = before, .then = then});
 }
 
 TEST(PermissionStory, without_an_event_tap_the_window_is_highlighted_all_the_same)

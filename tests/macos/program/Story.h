@@ -13,8 +13,9 @@
 namespace haloric {
 
 struct Story {
-    std::function<void()> before; // the desktop that the program finds; may be empty
-    std::function<void()> then;   // what happens once it runs; the user quits it afterwards
+    std::function<void()> before = {}; // the desktop that the program finds; may be empty
+    std::function<void()> then = {};   // what happens once it runs
+    std::function<void()> end = {};    // how the user ends it afterwards; empty: by the menu
 };
 
 // Fails the test unless the story comes to its end and the program then ends with 0.
@@ -41,6 +42,7 @@ void waitForTwoPolls();
 
 std::vector<CGRect> overlays();      // the shown ones, front to back; global space
 bool isHighlighted(unsigned window); // an overlay reaches as far beyond the window on each side, and no other is shown
+bool isSurrounded(unsigned window);  // as above, whatever else is shown
 bool isNothingHighlighted();
 std::vector<std::string>& alerts(); // the messages of those shown so far
 bool isSettingsWindowShown();

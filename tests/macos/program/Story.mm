@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <mutex>
@@ -37,11 +38,23 @@ constexpr const char* kEnd = "The story is told to its end.";
 // Like the program's poll, which asks first of all whether it may look.
 int polls() { return substitute::questions()["AXIsProcessTrusted"]; }
 
+bool reachesEquallyBeyond(const CGRect& overlay, const CGRect& window)
+{
+    const double left = window.origin.x - overlay.origin.x;
+    const double top = window.origin.y - overlay.origin.y;
+    const double right = (overlay.origin.x + overlay.size.width) - (window.origin.x + window.size.width);
+    const double bottom = (overlay.origin.y + overlay.size.height) - (window.origin.y + window.size.height);
+    return left > 0 && std::max({std::abs(top - left), std::abs(right - left), std::abs(bottom - left)}) < 0.01;
+}
+
 void tell(const Story& story)
 {
     story.then();
     std::fprintf(stderr, "%s\n", kEnd);
-    choose(@"Quit Haloric");
+    if (story.end)
+        story.end();
+    else
+        choose(@"Quit Haloric");
     fail("the program ends when the user quits it");
 }
 
@@ -106,20 +119,16 @@ std::vector<CGRect> overlays()
     return shown;
 }
 
-bool isHighlighted(unsigned window)
+bool isSurrounded(unsigned window)
 {
     const std::lock_guard guard(World::the().lock);
     const auto* const target = World::the().find(window);
-    const std::vector<CGRect> shown = overlays();
-    if (!target || shown.size() != 1)
-        return false;
-    const double margin = target->frame.origin.x - shown.front().origin.x;
-    const CGRect around = CGRectMake(target->frame.origin.x - margin, target->frame.origin.y - margin,
-                                     target->frame.size.width + 2 * margin, target->frame.size.height + 2 * margin);
-    return margin > 0 && std::abs(around.origin.y - shown.front().origin.y) < 0.01 &&
-           std::abs(around.size.width - shown.front().size.width) < 0.01 &&
-           std::abs(around.size.height - shown.front().size.height) < 0.01;
+    return target && std::ranges::any_of(overlays(), [&](const CGRect& overlay) {
+               return reachesEquallyBeyond(overlay, target->frame);
+           });
 }
+
+bool isHighlighted(unsigned window) { return overlays().size() == 1 && isSurrounded(window); }
 
 bool isNothingHighlighted() { return overlays().empty(); }
 

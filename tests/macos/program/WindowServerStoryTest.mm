@@ -1,6 +1,5 @@
 // The window server's functions, some of which a version of macOS may lack.
 #include "macos/program/Story.h"
-#include "platform/WindowServerCalls.h"
 
 #include <gtest/gtest.h>
 
@@ -32,6 +31,28 @@ TEST(WindowServerStory, windows_are_followed_with_all_of_its_functions) { expect
 TEST(WindowServerStory, windows_are_followed_without_the_library)
 {
     expectToEndWell(following([] { World::the().libraryMissing = true; }));
+}
+
+const std::vector<std::string> kSymbols{"SLSMainConnectionID",
+                                        "SLSGetWindowBounds",
+                                        "SLSRegisterNotifyProc",
+                                        "SLSRemoveNotifyProc",
+                                        "SLSRequestNotificationsForWindows",
+                                        "SLSTransactionCreate",
+                                        "SLSTransactionMoveWindowWithGroup",
+                                        "SLSTransactionCommit"};
+
+TEST(WindowServerStory, windows_are_followed_without_any_one_of_its_functions)
+{
+    for (const std::string& symbol : kSymbols) {
+        SCOPED_TRACE(symbol);
+        expectToEndWell(following([&] { substitute::setMissingSymbols({symbol}); }));
+    }
+}
+
+TEST(WindowServerStory, windows_are_followed_without_all_of_its_functions)
+{
+    expectToEndWell(following([] { substitute::setMissingSymbols({kSymbols.begin(), kSymbols.end()}); }));
 }
 
 } // namespace

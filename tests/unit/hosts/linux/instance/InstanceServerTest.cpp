@@ -209,6 +209,10 @@ TEST_F(InstanceServerTest, a_peer_that_does_not_read_is_disconnected_in_time)
 
 TEST_F(InstanceServerTest, without_a_descriptor_left_it_rests_and_answers_later)
 {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP()
+        << "the undefined-behaviour sanitizer opens a pipe to look at an object; the thread sanitizer runs this";
+#endif
     const auto socket = connected();
     say(socket, "hello\n");
     rlimit before{};

@@ -15,6 +15,7 @@ FILES = {
     *(f"usr/share/doc/haloric/{name}" for name in
       ("copyright", "changelog.gz", "changelog.Debian.gz", "user-guide.md.gz")),
     *(f"usr/share/icons/hicolor/{size}x{size}/apps/{IDENTIFIER}.png" for size in ICON_SIZES),
+    f"usr/share/icons/hicolor/symbolic/apps/{IDENTIFIER}-symbolic.svg",
 }
 EXECUTABLE = {f"{BUNDLE}/haloric"}
 

@@ -87,7 +87,7 @@ class PackageTest(unittest.TestCase):
 
     def test_it_depends_on_what_it_links_and_on_what_qt_loads(self):
         depends = self.assert_succeeds("dpkg-deb", "--field", self.package, "Depends")
-        for package in ("libc6", "libcairo2", "libqt6widgets6", "libxcb1", "qt6-qpa-plugins"):
+        for package in ("libc6", "libcairo2", "libqt6widgets6", "libsystemd0", "libxcb1", "qt6-qpa-plugins"):
             self.assertRegex(depends, rf"(^|, ){package}( |,|$)")
 
     def test_the_desktop_entry_is_valid_and_starts_the_program(self):

@@ -62,7 +62,8 @@ GlowStrips::Range GlowStrips::stripsNear(double depth) const
     if (m_stripHeight == 0)
         return {};
     const double reach = m_kernel.margin() + 1;
-    const auto strips = static_cast<double>(m_firstColumns.size() / 2 - 1);
+    const std::size_t last = m_firstColumns.size() / 2 - 1;
+    const auto strips = static_cast<double>(last);
     const double begin = std::clamp(std::floor((depth - reach) / m_stripHeight), 0.0, strips);
     const double end = std::clamp(std::ceil((depth + reach) / m_stripHeight), 0.0, strips);
     return {static_cast<std::size_t>(begin), static_cast<std::size_t>(end)};

@@ -4,6 +4,7 @@
 #include "drawing/raster/GlowRows.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace haloric {
 
@@ -22,8 +23,8 @@ LargeGlow::LargeGlow(const GlowKey& key) : m_key(key), m_kernel(key.blurRadius),
 
 std::uint32_t LargeGlow::outside(float blurred) const
 {
-    const int shade = static_cast<int>(blurred * kShades + 0.5F);
-    return m_outside[static_cast<std::size_t>(std::clamp(shade, 0, kShades))];
+    const long shade = std::lround(blurred * kShades);
+    return m_outside[static_cast<std::size_t>(std::clamp(shade, 0L, static_cast<long>(kShades)))];
 }
 
 void LargeGlow::paint(const CoveragePainter& target, const PixelRect& area, int left, int top, PaintMode mode)

@@ -69,7 +69,8 @@ void addRim(Picture& picture, const Picture& shape, const Color& color)
     const int radius = std::max(1, picture.width / kSidePerRimPixel);
     for (int y = 0; y < picture.height; ++y) {
         for (int x = 0; x < picture.width; ++x) {
-            auto& pixel = picture.pixels[static_cast<std::size_t>(y * picture.width + x)];
+            auto& pixel = picture.pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.width) +
+                                         static_cast<std::size_t>(x)];
             pixel = over(pixel, premultiplied(color, widened(shape, x, y, radius) * kRimOpacity));
         }
     }

@@ -55,15 +55,12 @@ TrayStatusItem::TrayStatusItem(const NotifierItem::Parts& parts, std::unique_ptr
 void TrayStatusItem::chooseTray()
 {
     m_patience.reset();
-    if (m_watcher.hasHost()) {
+    if (!m_hasImage || m_watcher.hasHost())
         m_icon->setVisible(false);
-    } else if (!m_watcher.isQueryPending()) {
-        m_icon->setVisible(m_hasImage);
-    } else if (m_hasImage) {
-        m_patience = m_runLoop.scheduleOnce(kWatcherPatience, [this] { m_icon->setVisible(m_hasImage); });
-    } else {
-        m_icon->setVisible(false);
-    }
+    else if (m_watcher.isQueryPending())
+        m_patience = m_runLoop.scheduleOnce(kWatcherPatience, [this] { m_icon->setVisible(true); });
+    else
+        m_icon->setVisible(true);
 }
 
 void TrayStatusItem::setImage(const Image& image)
